@@ -1,0 +1,24 @@
+# What every target of this project is built with: warnings, sanitizers and Qt's stricter switches.
+add_library(cartolen_options INTERFACE)
+target_compile_options(cartolen_options INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Wnon-virtual-dtor;-Woverloaded-virtual>
+    $<$<BOOL:${CARTOLEN_WERROR}>:-Werror>
+    $<$<BOOL:${CARTOLEN_SANITIZE}>:-fsanitize=address,undefined;-fno-sanitize-recover=undefined;-fno-omit-frame-pointer>)
+target_link_options(cartolen_options INTERFACE
+    $<$<BOOL:${CARTOLEN_SANITIZE}>:-fsanitize=address,undefined>)
+target_compile_definitions(cartolen_options INTERFACE
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_CONTEXTLESS_CONNECT
+    QT_NO_FOREACH
+    QT_NO_KEYWORDS
+    QT_STRICT_ITERATORS
+    QT_USE_QSTRINGBUILDER)
+target_include_directories(cartolen_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+# One library a folder, known to the others as Cartolen::<folder>.
+function(cartolen_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    add_library(cartolen_${name} STATIC ${arg_SOURCES})
+    add_library(Cartolen::${name} ALIAS cartolen_${name})
+    target_link_libraries(cartolen_${name} PUBLIC ${arg_USES} PRIVATE cartolen_options)
+endfunction()
