@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QStringList>
+
+/** A file dialog's filter, "caption|pattern;pattern|caption|..." , each caption naming its own patterns. */
+inline constexpr QStringView documentFilter =
+    u"HTML Documents(*.html;*.htm)|*.html;*.htm|HTML(*.html)|*.html|HTM(*.htm)|*.htm"
+    u"|Text Files(*.txt)|*.txt|All Files(*.*)|*.*";
+inline constexpr QStringView pictureFilter =
+    u"JPG and GIF Files(*.jpg;*.gif)|*.jpg;*.gif|JPG Files(*.jpg)|*.jpg|GIF Files(*.Gif)|*.Gif|";
+
+/**
+ * The choices of `filter` as Qt's file dialog matches them: its patterns are separated by blanks, and a
+ * pattern "*.*" would miss names without a dot. An empty last choice is dropped.
+ */
+[[nodiscard]] QStringList DialogNameFilters(QStringView filter);

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+/** Where a finished map goes: the document being written. */
+class DocumentSink
+{
+public:
+    virtual ~DocumentSink() = default;
+
+    /** Replaces the document's selection, or inserts at its caret; line ends are CR LF. */
+    virtual void InsertAtCaret(const QString& text) = 0;
+};

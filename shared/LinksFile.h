@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/** One used record of the links file. */
+struct SavedLink
+{
+    QString Url;     ///< without the blanks around it
+    qint16 Mark = 0; ///< the slot the link had when it was added
+};
+
+/** What could be read of a links file. */
+struct SavedLinks
+{
+    QList<SavedLink> links;
+    bool isDamaged = false; ///< some of the file could not be read
+};
+
+/**
+ * Reads the links file `path`: records of 276 bytes, of which at most the first 15 are read, up to the first
+ * free one. A missing file in an existing folder is created empty. A record that cannot be made out is
+ * passed over and told by `isDamaged`.
+ */
+[[nodiscard]] SavedLinks ReadSavedLinks(const QString& path);
+
+/** Where the links file lies, relative to the program's folder. */
+inline constexpr QStringView linksFileName = u"Data/Links.dra";
