@@ -1,0 +1,165 @@
+#include "codegen/MapMarkup.h"
+
+#include "codegen/MapScripts.h"
+#include "shared/ImgMap.h"
+#include "shared/Paths.h"
+
+#include <QStringBuilder>
+#include <array>
+
+namespace {
+
+/** What stands in an AREA line behind its link and target, with its leading blank; may be empty. */
+using HandlerPiece = QString (*)(const AreaRow& area, qsizetype number);
+
+struct ShapeWord
+{
+    QStringView inRow;
+    QStringView inMarkup;
+};
+
+constexpr std::array<ShapeWord, 3> shapeWords = { {
+    { u"Rectangle", u"RECT" },
+    { u"Circle", u"CIRCLE" },
+    { u"Polygon", u"POLYGON" },
+} };
+
+constexpr QStringView lineEnd = u"\r\n";
+constexpr QStringView mapEnd = u"</MAP>\r\n<!-- End Image Map-->";
+
+QString Lines(QStringView text)
+{
+    return text.toString().replace(u'\n', QLatin1String("\r\n"));
+}
+
+QString OpeningComments()
+{
+    return u"<!-- This Image Map was created by Cartolen -->\r\n<!-- " % homePage % u" -->" % lineEnd;
+}
+
+QString OptionalPiece(QStringView name, const QString& value)
+{
+    return value.isEmpty() ? QString() : QString(name % value);
+}
+
+QString ImageLine(const MapSource& source)
+{
+    const QString alt = source.AltText.isEmpty() ? QString() : QString(u" ALT=\"" % source.AltText % u'"');
+    return u"<IMG SRC=\"" % source.PictureReference % u"\" USEMAP=\"#" % source.MapName % u"\" WIDTH=" %
+           source.Width % u" HEIGHT=" % source.Height % alt % u" BORDER=" %
+           (source.Border.isEmpty() ? QStringLiteral("0") : source.Border) %
+           OptionalPiece(u" HSPACE=", source.HorizontalSpace) %
+           OptionalPiece(u" VSPACE=", source.VerticalSpace) % OptionalPiece(u" ALIGN=", source.Align) % u'>' %
+           lineEnd;
+}
+
+QString AreaOpening(const QString& rowText)
+{
+    for (const ShapeWord& shape : shapeWords) {
+        if (rowText.contains(shape.inRow)) {
+            return u"<AREA SHAPE=" % shape.inMarkup % u" COORDS=\"";
+        }
+    }
+    return {};
+}
+
+QString AreaLine(const AreaRow& area, const QString& handlers)
+{
+    const QString target = area.Target.isEmpty() ? QString() : QString(u" TARGET=\"" % area.Target % u'"');
+    return AreaOpening(area.Text) % area.Coordinates % u"\" HREF=\"" % area.Link % u'"' % target % handlers %
+           u'>' % lineEnd;
+}
+
+/** The part every mode shares: the picture, the map and its areas, up to the end comment. */
+QString MapBlock(const MapSource& source, HandlerPiece handlers)
+{
+    QString text = ImageLine(source) % u"<MAP NAME=\"" % source.MapName % u"\">" % lineEnd;
+    qsizetype number = 0;
+    for (const AreaRow& area : source.Areas) {
+        text += AreaLine(area, handlers(area, ++number));
+    }
+    return text + mapEnd;
+}
+
+QString StatusBarHandlers(const AreaRow& area, qsizetype)
+{
+    if (area.Message.isEmpty()) {
+        return {};
+    }
+    return u" onMouseOver=\"window.status='" % area.Message %
+           u"';return true\" onMouseOut=\"window.status='';return true\" ALT=\"" % area.Message % u'"';
+}
+
+QString SwitchingImagesHandlers(const AreaRow&, qsizetype number)
+{
+    return u" onMouseOver=\"on('image" % QString::number(number) % u"');\"  onmouseout=\"off('origimage')\"";
+}
+
+QString TextAreaHandlers(const AreaRow&, qsizetype number)
+{
+    return u" onMouseOver=\"writeTip(" % QString::number(number + 1) %
+           u");return true\"  onmouseout=\"writeTip(1)\"";
+}
+
+QString ToolTipHandlers(const AreaRow& area, qsizetype)
+{
+    return u" onMouseOver=\"showtip(this,event,'" % area.Message % u"')\" onmouseout=\"hidetip()\"";
+}
+
+QString ScriptPicture(const MapSource& source, QString path)
+{
+    return source.FileNamesOnly ? FileNameOnly(path) : PathToFileUrl(path);
+}
+
+} // namespace
+
+QString GenerateStandardMap(const MapSource& source)
+{
+    return OpeningComments() + MapBlock(source, StatusBarHandlers);
+}
+
+QString GenerateSwitchingImagesMap(const MapSource& source)
+{
+    const QString defaultPicture = ScriptPicture(source, source.ModeDefault);
+    QString text = OpeningComments() % Lines(MapScripts::switchingImagesHead) % u"origimage.src = \"" %
+                   defaultPicture % u"\";" % lineEnd;
+    qsizetype number = 0;
+    for (const AreaRow& area : source.Areas) {
+        const QString name = u"image" % QString::number(++number) % u"on";
+        text += name % u" = new Image();" % lineEnd % name % u".src = \"" %
+                ScriptPicture(source, area.Message) % u"\";" % lineEnd;
+    }
+    return text % Lines(MapScripts::switchingImagesFunctions) % MapBlock(source, SwitchingImagesHandlers) %
+           lineEnd % lineEnd % u"<P>" % lineEnd % u"<!-- Default Image -->" % lineEnd % u"<IMG SRC=\"" %
+           defaultPicture % u"\" name=\"altimg\">" % lineEnd % u"<!-- End Default Image -->" % lineEnd;
+}
+
+QString GenerateTextAreaMap(const MapSource& source)
+{
+    QString text = OpeningComments() % Lines(MapScripts::textAreaHead) % u"  TAreaTips[1] = \"" %
+                   source.ModeDefault % u"\";" % lineEnd;
+    qsizetype number = 1;
+    for (const AreaRow& area : source.Areas) {
+        text += u"  TAreaTips[" % QString::number(++number) % u"] = \"" % area.Message % u"\";" % lineEnd;
+    }
+    return text % Lines(MapScripts::textAreaFunctions) % MapBlock(source, TextAreaHandlers) % lineEnd %
+           lineEnd % u"<P>" % lineEnd % u"<!-- Textarea: -->" % lineEnd %
+           u"<FORM NAME=\"TAreaTipsForm\"><TEXTAREA NAME=\"Tips\" ROWS=5 COLS=55 value=\"\" wrap=virtual "
+           u"scroll=0 scrollbars=0>" %
+           source.ModeDefault % u"</TEXTAREA>" % lineEnd % u"</FORM>" % lineEnd % u"<!-- End Textarea -->";
+}
+
+QString GenerateToolTipMap(const MapSource& source)
+{
+    return OpeningComments() % Lines(MapScripts::toolTips) % MapBlock(source, ToolTipHandlers) % lineEnd %
+           lineEnd;
+}
+
+QString GenerateMapFor(JSMode mode, const MapSource& source)
+{
+    static constexpr std::array generators = { GenerateStandardMap, GenerateStandardMap,
+                                               GenerateSwitchingImagesMap, GenerateTextAreaMap,
+                                               GenerateToolTipMap };
+    static_assert(generators.size() == jsModeTexts.size());
+    return generators[static_cast<std::size_t>(mode)](source);
+}
