@@ -1,0 +1,55 @@
+#pragma once
+
+#include "linkdialog/AreaEditor.h"
+#include "linkdialog/AreaLinking.h"
+
+#include <QDialog>
+#include <memory>
+
+namespace Ui {
+class frmIMLink;
+}
+class QLineEdit;
+
+/**
+ * Gives one area its link, target and the text of the mode in force: a figure just drawn (OK) or a row of the
+ * area list (Replace). Modal; closing it in any way but by OK or Replace takes a figure just drawn back.
+ */
+class frmIMLink : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner);
+    ~frmIMLink() override;
+
+    /** Prepares the dialog for a new area: caption and fields of the mode, the saved links to choose from. */
+    void Form_Load();
+
+    /** Prepares the loaded dialog for rewriting `area`, the selected row of the list. */
+    void PrepareReplacing(const AreaRow& area);
+
+    void SSCmdOK_Click();
+    void SSCmdReplace_Click();
+    void SSCmdClose_Click();
+    void Command1_Click();
+    void Command2_Click();
+
+    /** The window's close box and Esc do what Close does. */
+    void reject() override;
+
+private:
+    void ShowModeFields();
+    void LoadLinks();
+    [[nodiscard]] QLineEdit* FieldEdit(LinkField field) const;
+    [[nodiscard]] LinkEntry Entry() const;
+    [[nodiscard]] bool IsComplete(const LinkEntry& entry, QStringView linkCaption);
+    void ChooseImage(QLineEdit* field);
+    void Unload(int result);
+
+    ImgMap& imgMap_;
+    AreaEditor& editor_;
+    std::unique_ptr<Ui::frmIMLink> ui_;
+    bool isReplacing_ = false;
+    bool isUnloading_ = false;
+};
