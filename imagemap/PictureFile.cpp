@@ -1,0 +1,142 @@
+#include "imagemap/PictureFile.h"
+
+#include "imagemap/PictureCheck.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QtEndian>
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace {
+
+/** No picture within the limit on its pixels needs more, and reading on takes seconds. */
+constexpr qint64 fileBytesAtMost = 512LL * 1024 * 1024;
+
+/**
+ * Gives Qt's image readers more memory than their usual 128 MB, which a 40-megapixel photograph exceeds. The
+ * limit belongs to the whole process: it is raised for one picture at a time and put back for everyone else.
+ */
+class RaisedAllocationLimit
+{
+public:
+    RaisedAllocationLimit()
+        : locker_(&Turn())
+        , previous_(QImageReader::allocationLimit())
+    {
+        QImageReader::setAllocationLimit(pictureMegabytesAtMost);
+    }
+    ~RaisedAllocationLimit() { QImageReader::setAllocationLimit(previous_); }
+    Q_DISABLE_COPY_MOVE(RaisedAllocationLimit)
+
+private:
+    static QMutex& Turn()
+    {
+        static QMutex turn;
+        return turn;
+    }
+
+    QMutexLocker<QMutex> locker_;
+    int previous_;
+};
+
+QImage Decode(QIODevice& device, const QByteArray& format)
+{
+    const RaisedAllocationLimit raised;
+    QImageReader reader(&device, format);
+    reader.setAutoDetectImageFormat(false);
+    reader.setAutoTransform(true);
+    QImage image;
+    // A failing reader may leave half a picture behind, so what it says counts and not what it leaves.
+    return reader.read(&image) ? image : QImage();
+}
+
+QImage DecodeJpeg(QFile& file, const PictureOutline& outline)
+{
+    QImage image = Decode(file, "jpeg");
+    if (image.size() != outline.size && image.size() != outline.size.transposed()) {
+        return {};
+    }
+    // A file named photo@2x.jpg would come with half its size in device-independent pixels.
+    image.setDevicePixelRatio(1);
+    image.convertTo(QImage::Format_RGB32);
+    return image;
+}
+
+/** The file up to the end of its first frame, on the canvas that browsers would give to the frame. */
+QByteArray FirstFrameBytes(QFile& file, const PictureOutline& outline)
+{
+    constexpr qsizetype canvasOffset = 6;
+    QByteArray bytes = file.read(outline.dataEnd);
+    if (bytes.size() != outline.dataEnd) {
+        return {};
+    }
+    bytes.append('\0').append(';');
+    qToLittleEndian(static_cast<quint16>(outline.size.width()), bytes.data() + canvasOffset);
+    qToLittleEndian(static_cast<quint16>(outline.size.height()), bytes.data() + canvasOffset + 2);
+    return bytes;
+}
+
+/** Makes what `image` lets through white, in place: the pixels of a large picture are not copied lightly. */
+void PutWhiteBehind(QImage& image, const QRect& frame)
+{
+    constexpr QRgb opaque = 0xFF000000;
+    constexpr QRgb white = 0xFFFFFFFF;
+    const bool isSeeThrough = image.hasAlphaChannel();
+    const auto overWhite = [isSeeThrough](QRgb pixel) {
+        return isSeeThrough && qAlpha(pixel) == 0 ? white : pixel | opaque;
+    };
+    for (int y = 0; y < image.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        const bool isCovered = y >= frame.top() && y <= frame.bottom();
+        QRgb* first = row + (isCovered ? frame.left() : 0);
+        QRgb* last = first + (isCovered ? frame.width() : 0);
+        std::fill(row, first, white);
+        std::transform(first, last, first, overWhite);
+        std::fill(last, row + image.width(), white);
+    }
+}
+
+QImage DecodeGif(QFile& file, const PictureOutline& outline)
+{
+    QImage image;
+    {
+        QByteArray bytes = FirstFrameBytes(file, outline);
+        QBuffer buffer(&bytes);
+        if (bytes.isEmpty() || !buffer.open(QIODevice::ReadOnly)) {
+            return {};
+        }
+        image = Decode(buffer, "gif");
+    }
+    if (image.size() != outline.size || image.depth() != 32) {
+        return {};
+    }
+    PutWhiteBehind(image, outline.firstFrame);
+    image.reinterpretAsFormat(QImage::Format_RGB32);
+    return image;
+}
+
+} // namespace
+
+QImage LoadPicture(const QString& path)
+{
+    // Opening a pipe or a device could wait for ever, so the file's kind is asked for first.
+    const QFileInfo info(path);
+    if (!info.isFile() || info.size() == 0 || info.size() > fileBytesAtMost) {
+        return {};
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const std::optional<PictureOutline> outline = CheckPicture(file);
+    if (!outline || !file.seek(0)) {
+        return {};
+    }
+    return outline->kind == PictureKind::Jpeg ? DecodeJpeg(file, *outline) : DecodeGif(file, *outline);
+}

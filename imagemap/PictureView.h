@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QFrame>
+
+class QScrollBar;
+
+/** The visible area that frames the picture; two scroll bars beside it shift what lies inside. */
+class PictureView : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit PictureView(QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    /** The room inside the frame has changed. */
+    void Resized();
+
+    /** The wheel was turned by so many eighths of a degree; positive is up or left. */
+    void WheelTurned(QPoint angle);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+};

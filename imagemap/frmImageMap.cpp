@@ -1,0 +1,448 @@
+#include "imagemap/frmImageMap.h"
+
+#include "codegen/MapMarkup.h"
+#include "imagemap/PictureFile.h"
+#include "imagemap/frmJSOptions.h"
+#include "linkdialog/frmIMLink.h"
+#include "shared/CommandTables.h"
+#include "shared/DialogFilter.h"
+#include "shared/Paths.h"
+#include "shared/WindowHelpers.h"
+#include "ui_frmImageMap.h"
+
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <algorithm>
+
+namespace {
+
+using Row = MenuRow<frmImageMap>;
+using Button = ToolbarRow<frmImageMap>;
+using enum MenuRowKind;
+
+constexpr auto menuRows = std::to_array<Row>({
+    { Menu, "mnuFile", "&File" },
+    { Entry, "mnuOpenImage", "&Open an Image", "", &frmImageMap::OpenImage },
+    { Entry, "mnuNew", "&New Image Map", "", &frmImageMap::NewImageMap },
+    { Separator, "mnuFSep1" },
+    { Entry, "mnuInsert", "&Insert", "", &frmImageMap::GenerateMap },
+    { Separator, "mnuFSep2" },
+    { Entry, "mnuExit", "E&xit", "", &frmImageMap::CloseImageMapEditor },
+    { Menu, "mnuEdit", "&Edit" },
+    { Entry, "mnuFigureColors", "&Figure Colors...", "", &frmImageMap::PickFigureColor },
+    { Entry, "mnuLink", "Edit &Data...", "", &frmImageMap::EditAreaData },
+    { Separator, "mnuESep1" },
+    { Entry, "mnuDeleteLast", "&Delete Last Figure", "", &frmImageMap::DeleteLastFigure },
+    { Menu, "mnuTool", "&Tools" },
+    { CheckedEntry, "mnuFigNum_5", "&Rectangle", "", &frmImageMap::SelectRectangle },
+    { CheckedEntry, "mnuFigNum_6", "C&ircle", "", &frmImageMap::SelectCircle },
+    { CheckedEntry, "mnuFigNum_7", "&Line", "", &frmImageMap::SelectLine },
+    { Separator, "mnuTSep1" },
+    { CheckedEntry, "mnuCursor", "&Cursor", "", &frmImageMap::SelectCursor },
+    { Menu, "mnuJS", "&Java Script" },
+    { Entry, "mnuJSOptions", "Java Script &Options...", "", &frmImageMap::mnuJSOptions_Click },
+    { Menu, "mnuHelp", "&Help" },
+    { Entry, "mnuContents", "&Help..." },
+});
+
+constexpr int toolbarPositions = 18;
+constexpr auto toolbarRows = std::to_array<Button>({
+    { 2, " New Image Map ", "map-new", &frmImageMap::NewImageMap },
+    { 3, " Open an Image ", "map-open", &frmImageMap::OpenImage },
+    { 5, " Rectangle ", "rectangle", &frmImageMap::SelectRectangle },
+    { 6, " Circle ", "circle", &frmImageMap::SelectCircle },
+    { 7, " Line ", "line", &frmImageMap::SelectLine },
+    { 9, " Cursor ", "cursor", &frmImageMap::SelectCursor },
+    { 11, " Color ", "color", &frmImageMap::PickFigureColor },
+    { 12, "Edit Data", "edit-data", &frmImageMap::EditAreaData },
+    { 14, " Delete Last Figure ", "delete-last", &frmImageMap::DeleteLastFigure },
+    { 16, "Insert", "insert", &frmImageMap::GenerateMap },
+    { 18, " Exit ", "exit", &frmImageMap::CloseImageMapEditor },
+});
+static_assert(IsToolbarInOrder(toolbarRows, toolbarPositions));
+
+constexpr int messageColumn = 4;
+/** Room for the columns before the message, in digits: a row's name, a link, a frame, some coordinates. */
+constexpr int columnDigits[messageColumn] = { 20, 22, 10, 20 };
+constexpr const char* noPictureText = "Open an Image !";
+constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
+
+/** The icon of a row by its number in the area list. */
+QIcon SmallIcon(int number)
+{
+    static constexpr std::array names = { "area-rectangle", "area-circle", "area-polygon" };
+    const auto index = static_cast<std::size_t>(number - 1);
+    return index < names.size()
+               ? QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(names[index])))
+               : QIcon();
+}
+
+QString TextOrCaption(const QLineEdit* field, const QLabel* fallback)
+{
+    return field->text().isEmpty() ? fallback->text() : field->text();
+}
+
+} // namespace
+
+frmImageMap::frmImageMap(ImgMap& imgMap, DocumentSink& document, QWidget* owner)
+    : QMainWindow(owner, Qt::Window)
+    , imgMap_(imgMap)
+    , document_(document)
+    , ui_(std::make_unique<Ui::frmImageMap>())
+    , protocol_(imgMap, *this)
+{
+    ui_->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    for (std::size_t i = 0; i < labels_.size(); ++i) {
+        labels_[i] = findChild<QLabel*>(QString::fromLatin1(drawingLabels[i].name));
+    }
+    ui_->cmbAlign->setCompleter(nullptr);
+    ui_->cmbAlign->setCurrentIndex(-1);
+    CreateCommands();
+    CreateStatusBar();
+    CreateList();
+    ConnectPicture();
+}
+
+frmImageMap::~frmImageMap() = default;
+
+void frmImageMap::CreateCommands()
+{
+    FillMenuBar<frmImageMap>(ui_->MenuBar1, this, menuRows);
+    FillToolbar<frmImageMap>(ui_->Toolbar1, this, toolbarRows);
+}
+
+void frmImageMap::CreateStatusBar()
+{
+    panel1_ = new QLabel(QString::fromLatin1(noPictureText), this);
+    panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
+    panel2_ = new QLabel(QString::fromLatin1(noPictureText), this);
+    panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
+    for (QLabel* const panel : { panel1_, panel2_ }) {
+        panel->setTextFormat(Qt::PlainText);
+        // A long file name must not widen the window.
+        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        ui_->StatusBar1->addWidget(panel, 1);
+    }
+}
+
+void frmImageMap::CreateList()
+{
+    QHeaderView* const header = ui_->ListView1->header();
+    header->setStretchLastSection(false);
+    const int digit = fontMetrics().horizontalAdvance(u'0');
+    for (int column = 0; column < messageColumn; ++column) {
+        header->resizeSection(
+            column, std::max(header->sectionSizeHint(column), columnDigits[column] * digit));
+    }
+    ui_->ListView1->installEventFilter(this);
+    ui_->ListView1->viewport()->installEventFilter(this);
+}
+
+void frmImageMap::ConnectPicture()
+{
+    connect(ui_->PictureDisplay, &PictureSurface::MouseDown, this, &frmImageMap::PictureDisplay_MouseDown);
+    connect(ui_->PictureDisplay, &PictureSurface::MouseMove, this, &frmImageMap::PictureDisplay_MouseMove);
+    connect(ui_->PictureDisplay, &PictureSurface::MouseUp, this, &frmImageMap::PictureDisplay_MouseUp);
+    connect(ui_->PicNosac, &PictureView::Resized, this, &frmImageMap::PicNosac_Resize);
+    connect(ui_->PicNosac, &PictureView::WheelTurned, this, &frmImageMap::PicNosac_Wheel);
+    connect(ui_->HScroll1, &QScrollBar::valueChanged, this, &frmImageMap::HScroll1_Change);
+    connect(ui_->VScroll1, &QScrollBar::valueChanged, this, &frmImageMap::VScroll1_Change);
+}
+
+void frmImageMap::Form_Load()
+{
+    GoToProgramFolder(imgMap_);
+    CentreOnScreen(this);
+    ToggleFlatLook(ui_->Toolbar1);
+    AbandonDrawing();
+    protocol_.SelectCursor();
+    ShowStatus(QString::fromLatin1(noPictureText));
+    EnableFigureCommands(false);
+    EnableButtons({ 5, 6, 7, 9, 11 }, false);
+    EnableEntries({ "mnuFigNum_5", "mnuFigNum_6", "mnuFigNum_7", "mnuCursor", "mnuFigureColors" }, false);
+    ShowModeHeader();
+}
+
+bool frmImageMap::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate) {
+        ShowDefaultPointer();
+    }
+    return QMainWindow::event(event);
+}
+
+bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isDoubleClick =
+        watched == ui_->ListView1->viewport() && event->type() == QEvent::MouseButtonDblClick;
+    const bool isEnter = watched == ui_->ListView1 && event->type() == QEvent::KeyPress &&
+                         (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
+    if (isDoubleClick || isEnter) {
+        QMetaObject::invokeMethod(this, &frmImageMap::EditSelectedArea, Qt::QueuedConnection);
+        return isEnter;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmImageMap::OpenImage()
+{
+    if (imgMap_.Store.FigureCount > 0) {
+        if (!ConfirmDeletion()) {
+            return;
+        }
+        DeleteMap();
+    }
+    AbandonDrawing();
+    QFileDialog dialog(this);
+    dialog.setObjectName(QStringLiteral("CMDialog1"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(DialogNameFilters(pictureFilter));
+    const std::optional<QString> path = ChosenFile(dialog);
+    if (!path) {
+        return;
+    }
+    GoToProgramFolder(imgMap_);
+    ShowHourglass();
+    ShowPicture(*path);
+    ShowDefaultPointer();
+}
+
+void frmImageMap::ShowPicture(const QString& path)
+{
+    ui_->PictureDisplay->hide();
+    ui_->PictureDisplay->SetPicture({});
+    ui_->PictureDisplay->move(0, 0);
+    ui_->PictureDisplay->SetPicture(LoadPicture(path));
+    ui_->PictureDisplay->show();
+    ui_->lblWidthPic->setText(QString::number(PictureWidth()));
+    ui_->lblHeightPic->setText(QString::number(PictureHeight()));
+    ui_->HScroll1->setValue(0);
+    ui_->VScroll1->setValue(0);
+    UpdateScrollBars();
+    ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
+    ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
+    panel2_->setText(FileNameOnly(path));
+    imgMap_.ImageUrl = path;
+    PathToFileUrl(imgMap_.ImageUrl);
+    ui_->Check1->setEnabled(true);
+    EnableButtons({ 5, 6, 7, 9, 11 }, true);
+    EnableEntries({ "mnuFigNum_5", "mnuFigNum_6", "mnuFigNum_7", "mnuCursor", "mnuFigureColors" }, true);
+    if (protocol_.Tool() == DrawingTool::Cursor) {
+        protocol_.SelectCursor();
+    }
+}
+
+void frmImageMap::NewImageMap()
+{
+    if (imgMap_.Store.FigureCount == 0) {
+        AbandonDrawing();
+        return;
+    }
+    if (ConfirmDeletion()) {
+        DeleteMap();
+        ShowModeHeader();
+    }
+}
+
+void frmImageMap::GenerateMap()
+{
+    if (ui_->txtName->text().isEmpty()) {
+        ShowMessage(this, QMessageBox::Information, QStringLiteral("Please, enter the Image Map Name !"));
+        ui_->SSTab1->setCurrentWidget(ui_->tabCreating);
+        ui_->txtName->setFocus();
+        return;
+    }
+    MapSource source = { .MapName = ui_->txtName->text(),
+                         .Width = TextOrCaption(ui_->txtImgWidth, ui_->lblWidthPic),
+                         .Height = TextOrCaption(ui_->txtImgHeight, ui_->lblHeightPic),
+                         .AltText = ui_->txtAltDescript->text(),
+                         .Align = ui_->cmbAlign->currentText(),
+                         .Border = ui_->txtBorder->text(),
+                         .HorizontalSpace = ui_->txtHorSp->text(),
+                         .VerticalSpace = ui_->txtVertSp->text(),
+                         .PictureReference = ui_->Check1->isChecked() ? panel2_->text() : imgMap_.ImageUrl,
+                         .FileNamesOnly = ui_->Check1->isChecked(),
+                         .ModeDefault = imgMap_.ModeDefault,
+                         .Areas = {} };
+    for (int i = 0; i < ui_->ListView1->topLevelItemCount(); ++i) {
+        source.Areas << RowAt(i);
+    }
+    document_.InsertAtCaret(GenerateMapFor(imgMap_.Mode, source));
+}
+
+void frmImageMap::CloseImageMapEditor()
+{
+    if (imgMap_.Store.FigureCount > 0) {
+        if (!ConfirmDeletion()) {
+            return;
+        }
+        DeleteMap();
+    }
+    close();
+}
+
+void frmImageMap::DeleteMap()
+{
+    AbandonDrawing();
+    protocol_.ClearFigures();
+    protocol_.ClearPositionLabels();
+    ui_->ListView1->clear();
+}
+
+void frmImageMap::AbandonDrawing()
+{
+    protocol_.AbandonDrawing();
+}
+
+bool frmImageMap::ConfirmDeletion()
+{
+    return AskYesNo(this, QString::fromLatin1(deleteMapQuestion));
+}
+
+void frmImageMap::closeEvent(QCloseEvent* event)
+{
+    CloseDialogs();
+    if (!QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    AbandonDrawing();
+    ShowDefaultPointer();
+    event->accept();
+}
+
+void frmImageMap::CloseDialogs()
+{
+    if (linkDialog_ != nullptr) {
+        linkDialog_->close();
+    }
+    if (jsOptions_ != nullptr) {
+        jsOptions_->close();
+    }
+}
+
+bool frmImageMap::QueryUnload()
+{
+    if (imgMap_.Store.FigureCount == 0) {
+        return true;
+    }
+    if (imgMap_.ContinueAction) {
+        ShowMessage(this, QMessageBox::NoIcon, QStringLiteral("Your Image Map must be deleted"));
+    } else if (!AskYesNo(
+                   this, QString::fromLatin1(deleteMapQuestion), QStringLiteral("Client Side Image Map !"))) {
+        return false;
+    }
+    DeleteMap();
+    return true;
+}
+
+void frmImageMap::EditAreaData()
+{
+    if (HasSelectedArea()) {
+        EditArea();
+    } else {
+        ShowMessage(
+            this, QMessageBox::Information,
+            QStringLiteral("To edit already set data, select an Item in the Image Map Preview Box !"));
+    }
+}
+
+void frmImageMap::EditSelectedArea()
+{
+    if (ui_->ListView1->topLevelItemCount() == 0) {
+        return;
+    }
+    if (HasSelectedArea()) {
+        EditArea();
+    } else {
+        ShowMessage(
+            this, QMessageBox::Information,
+            QStringLiteral("To edit already set data, double click on an Item !"));
+    }
+}
+
+bool frmImageMap::HasSelectedArea() const
+{
+    return !ui_->ListView1->selectedItems().isEmpty();
+}
+
+AreaRow frmImageMap::RowAt(int index) const
+{
+    const QTreeWidgetItem* const item = ui_->ListView1->topLevelItem(index);
+    return { .Text = item->text(0),
+             .Link = item->text(1),
+             .Target = item->text(2),
+             .Coordinates = item->text(3),
+             .Message = item->text(messageColumn),
+             .SmallIcon = 0 };
+}
+
+qsizetype frmImageMap::AreaCount() const
+{
+    return ui_->ListView1->topLevelItemCount();
+}
+
+void frmImageMap::AppendArea(const AreaRow& row)
+{
+    auto* const item =
+        new QTreeWidgetItem(ui_->ListView1, { row.Text, row.Link, row.Target, row.Coordinates, row.Message });
+    item->setIcon(0, SmallIcon(row.SmallIcon));
+    ui_->ListView1->scrollToItem(item);
+}
+
+void frmImageMap::ReplaceSelectedArea(const QString& link, const QString& message)
+{
+    const QList<QTreeWidgetItem*> selected = ui_->ListView1->selectedItems();
+    if (!selected.isEmpty()) {
+        selected.constFirst()->setText(1, link);
+        selected.constFirst()->setText(messageColumn, message);
+    }
+}
+
+void frmImageMap::SetMessageHeader(const QString& header)
+{
+    ui_->ListView1->headerItem()->setText(messageColumn, header);
+    ui_->ListView1->header()->resizeSection(
+        messageColumn, ui_->ListView1->header()->sectionSizeHint(messageColumn));
+}
+
+void frmImageMap::ShowModeHeader()
+{
+    SetMessageHeader(TextsOf(imgMap_.Mode).header.toString());
+}
+
+void frmImageMap::RemoveLastArea()
+{
+    delete ui_->ListView1->topLevelItem(ui_->ListView1->topLevelItemCount() - 1);
+}
+
+void frmImageMap::mnuJSOptions_Click()
+{
+    ShowStatus(u"Set Java Script Options!");
+    jsOptions_ = new frmJSOptions(imgMap_, *this);
+    jsOptions_->Form_Load();
+    jsOptions_->show();
+}
+
+void frmImageMap::EnableButtons(std::initializer_list<int> positions, bool enable)
+{
+    for (const int position : positions) {
+        ToolbarButton(ui_->Toolbar1, position)->setEnabled(enable);
+    }
+}
+
+void frmImageMap::EnableEntries(std::initializer_list<const char*> names, bool enable)
+{
+    for (const char* const name : names) {
+        ui_->MenuBar1->findChild<QAction*>(QString::fromLatin1(name))->setEnabled(enable);
+    }
+}
+
+void frmImageMap::ShowStatus(QStringView text)
+{
+    panel1_->setText(text.toString());
+}

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "imagemap/DrawingProtocol.h"
+#include "linkdialog/AreaEditor.h"
+#include "shared/DocumentSink.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <memory>
+
+namespace Ui {
+class frmImageMap;
+}
+class QLabel;
+class QScrollBar;
+class frmIMLink;
+class frmJSOptions;
+
+/**
+ * The image map editor: a picture to draw areas on, the list of the areas, the picture's attributes.
+ *
+ * One instance at a time; Form_Load() prepares it, closing it deletes it. The figures live in ImgMap.
+ */
+class frmImageMap : public QMainWindow, private DrawingView, private AreaEditor
+{
+    Q_OBJECT
+
+public:
+    /** `owner` is the window it stays above; `document` receives the finished map. */
+    frmImageMap(ImgMap& imgMap, DocumentSink& document, QWidget* owner);
+    ~frmImageMap() override;
+
+    /** Prepares the window for its first showing: cursor mode, only Open and Exit enabled. */
+    void Form_Load();
+
+    void OpenImage();
+    void NewImageMap();
+    void GenerateMap();
+    void CloseImageMapEditor();
+    void DeleteLastFigure();
+    void EditAreaData();
+    void EditSelectedArea();
+    void PickFigureColor();
+    void SelectRectangle();
+    void SelectCircle();
+    void SelectLine();
+    void SelectCursor();
+
+    /** Opens the JavaScript options, modally. */
+    void mnuJSOptions_Click();
+
+    /** Throws the whole map away: figures, labels and rows. The picture and its attributes stay. */
+    void DeleteMap();
+
+    /** Gives up what is half drawn, so that the next polygon has no corner of it. */
+    void AbandonDrawing();
+
+    void ShowModeHeader() override;
+    void ShowDrawingMode() override;
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    // What the drawing protocol asks for.
+    [[nodiscard]] int PictureWidth() const override;
+    [[nodiscard]] int PictureHeight() const override;
+    void PaintFigure(const PaintedFigure& figure, Pen pen) override;
+    void EraseRubberFigure() override;
+    void ClearDrawing() override;
+    void SetSurfacePointer(SurfacePointer pointer) override;
+    void SetLabel(DrawingLabel label, const QString& text) override;
+    void BeginPaintingAll() override;
+    void EndPaintingAll() override;
+    void EnableFigureCommands(bool enable) override;
+    void ShowTool() override;
+    void RemoveLastArea() override;
+    void ReportFullStore(FullStoreText text) override;
+    void LinkNewFigure(QStringView prompt) override;
+
+    // What the link dialog asks for.
+    [[nodiscard]] qsizetype AreaCount() const override;
+    void AppendArea(const AreaRow& row) override;
+    void ReplaceSelectedArea(const QString& link, const QString& message) override;
+    void SetMessageHeader(const QString& header) override;
+    void RepaintFigures() override;
+
+    void PictureDisplay_MouseDown(int button, double x, double y);
+    void PictureDisplay_MouseMove(double x, double y);
+    void PictureDisplay_MouseUp(int button, double x, double y);
+    void PicNosac_Resize();
+    void PicNosac_Wheel(QPoint angle);
+    void HScroll1_Change(int value);
+    void VScroll1_Change(int value);
+
+    void CreateStatusBar();
+    void CreateCommands();
+    void CreateList();
+    void ConnectPicture();
+    void ShowPicture(const QString& path);
+    void UpdateScrollBars();
+    void EnableButtons(std::initializer_list<int> positions, bool enable);
+    void EnableEntries(std::initializer_list<const char*> names, bool enable);
+    void ShowStatus(QStringView text);
+    [[nodiscard]] bool HasSelectedArea() const;
+    [[nodiscard]] bool ConfirmDeletion();
+    [[nodiscard]] AreaRow RowAt(int index) const;
+    void EditArea();
+    void OpenLinkDialog();
+    void CloseDialogs();
+    [[nodiscard]] bool QueryUnload();
+
+    ImgMap& imgMap_;
+    DocumentSink& document_;
+    std::unique_ptr<Ui::frmImageMap> ui_;
+    DrawingProtocol protocol_;
+    std::array<QLabel*, drawingLabels.size()> labels_ = {};
+    QLabel* panel1_ = nullptr;
+    QLabel* panel2_ = nullptr;
+    QPointer<frmIMLink> linkDialog_;
+    QPointer<frmJSOptions> jsOptions_;
+    bool isMessagePending_ = false; ///< a dialog that the mouse asked for is about to open
+};

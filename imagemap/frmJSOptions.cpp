@@ -1,0 +1,120 @@
+#include "imagemap/frmJSOptions.h"
+
+#include "imagemap/frmImageMap.h"
+#include "shared/WindowHelpers.h"
+#include "ui_frmJSOptions.h"
+
+#include <QMouseEvent>
+#include <algorithm>
+
+namespace {
+
+constexpr const char* switchQuestion =
+    "In order to switch Java Script options, your current Image Map must be deleted. "
+    "Do you want to delete your Image Map?";
+
+} // namespace
+
+frmJSOptions::frmJSOptions(ImgMap& imgMap, frmImageMap& editor)
+    : QDialog(&editor)
+    , imgMap_(imgMap)
+    , editor_(editor)
+    , ui_(std::make_unique<Ui::frmJSOptions>())
+{
+    ui_->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::ApplicationModal);
+    options_ = { ui_->optJSOpt_0, ui_->optJSOpt_1, ui_->optJSOpt_2, ui_->optJSOpt_3, ui_->optJSOpt_4 };
+    for (QRadioButton* const option : options_) {
+        option->installEventFilter(this);
+        connect(option, &QRadioButton::clicked, this, &frmJSOptions::optJSOpt_Click);
+    }
+    connect(ui_->cmdOK, &QPushButton::clicked, this, &frmJSOptions::cmdOK_Click);
+    ui_->cmdOK->setDefault(true);
+    // There is no help to show yet.
+    ui_->cmdHelp->setEnabled(false);
+}
+
+frmJSOptions::~frmJSOptions() = default;
+
+void frmJSOptions::Form_Load()
+{
+    GoToProgramFolder(imgMap_);
+    CentreOnScreen(this);
+    SelectCurrentMode();
+}
+
+void frmJSOptions::SelectCurrentMode()
+{
+    options_[static_cast<std::size_t>(imgMap_.Mode)]->setChecked(true);
+}
+
+bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isPress =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (!isPress || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
+        return QDialog::eventFilter(watched, event);
+    }
+    const auto* const option = std::find(options_.begin(), options_.end(), watched);
+    return option != options_.end() &&
+           optJSOpt_MouseDown(static_cast<std::size_t>(option - options_.begin()));
+}
+
+bool frmJSOptions::optJSOpt_MouseDown(std::size_t index)
+{
+    if (imgMap_.Store.FigureCount == 0) {
+        editor_.AbandonDrawing();
+        ApplyJSMode();
+        return false;
+    }
+    // Once the press is done: a box that opens inside it would swallow the button's release.
+    if (!isQuestionPending_) {
+        isQuestionPending_ = true;
+        QMetaObject::invokeMethod(
+            this, [this, index] { AskToSwitch(index); }, Qt::QueuedConnection);
+    }
+    return true;
+}
+
+void frmJSOptions::AskToSwitch(std::size_t index)
+{
+    const bool mayDelete = AskYesNo(this, QString::fromLatin1(switchQuestion));
+    isQuestionPending_ = false;
+    if (!mayDelete) {
+        SelectCurrentMode();
+        return;
+    }
+    editor_.DeleteMap();
+    imgMap_.ModeDefault.clear();
+    options_[index]->setChecked(true);
+    options_[index]->setFocus();
+    ApplyJSMode();
+}
+
+void frmJSOptions::optJSOpt_Click()
+{
+    ApplyJSMode();
+}
+
+void frmJSOptions::ApplyJSMode()
+{
+    for (std::size_t i = 0; i < options_.size(); ++i) {
+        if (options_[i]->isChecked()) {
+            imgMap_.Mode = static_cast<JSMode>(i);
+            editor_.ShowModeHeader();
+            return;
+        }
+    }
+}
+
+void frmJSOptions::cmdOK_Click()
+{
+    accept();
+}
+
+void frmJSOptions::done(int result)
+{
+    editor_.ShowDrawingMode();
+    QDialog::done(result);
+}
