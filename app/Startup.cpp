@@ -1,0 +1,41 @@
+#include "app/Startup.h"
+
+#include "app/frmIMmain.h"
+#include "app/frmSplash.h"
+
+#include <QApplication>
+#include <QIcon>
+
+/** The icons lie in a static library, from which nothing else would fetch them. */
+static void LoadIcons()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+Startup::Startup(ImgMap& imgMap)
+    : imgMap_(imgMap)
+{
+    LoadIcons();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cartolen.svg")));
+}
+
+Startup::~Startup() = default;
+
+void Startup::Begin()
+{
+    splash_ = std::make_unique<frmSplash>(imgMap_);
+    splash_->setObjectName(QStringLiteral("frmSplash"));
+    connect(splash_.get(), &frmSplash::Timer1_Timer, this, &Startup::ShowMainWindow);
+    splash_->Form_Load();
+    splash_->show();
+}
+
+void Startup::ShowMainWindow()
+{
+    mainWindow_ = std::make_unique<frmIMmain>(imgMap_);
+    mainWindow_->Form_Load();
+    splash_->hide();
+    splash_.release()->deleteLater();
+    mainWindow_->setWindowTitle(applicationTitle.toString());
+    mainWindow_->show();
+}

@@ -1,0 +1,212 @@
+// The main window's document: new, open, save, save as, and the question before changes are lost.
+
+#include "app/frmIMmain.h"
+#include "shared/AnsiCodePage.h"
+#include "shared/DialogFilter.h"
+#include "shared/FileWriting.h"
+#include "shared/WindowHelpers.h"
+#include "ui_frmIMmain.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <new>
+
+namespace {
+
+constexpr QStringView newDocumentName = u"New Document";
+constexpr const char* newFileName = "newmap.htm";
+constexpr const char* defaultSuffix = "htm";
+/** How much of a document's name tells that it was never saved. */
+constexpr qsizetype neverSavedLength = 15;
+/** Larger files than this cannot be edited: a document's positions are 32-bit numbers. */
+constexpr qint64 largestDocument = qint64(1) << 30;
+
+/** The text of the file `path`, or nothing when it cannot be read whole. */
+std::optional<QString> ReadDocument(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > largestDocument) {
+        return std::nullopt;
+    }
+    try {
+        const QByteArray bytes = file.readAll();
+        if (file.error() != QFileDevice::NoError || bytes.size() < file.size()) {
+            return std::nullopt;
+        }
+        return AnsiCodePage::Decode(bytes);
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
+}
+
+/** The file that a name typed without an ending means: itself where it exists, else the page of that name. */
+QString WithDefaultSuffix(const QString& path)
+{
+    const QFileInfo file(path);
+    const bool isPage = !file.exists() && !file.fileName().contains(u'.');
+    return isPage ? path + u'.' + QString::fromLatin1(defaultSuffix) : path;
+}
+
+} // namespace
+
+QString frmIMmain::DocumentName() const
+{
+    return panel3_->text();
+}
+
+void frmIMmain::SetDocumentName(const QString& name)
+{
+    panel3_->setText(name);
+    panel3_->setToolTip(name);
+}
+
+bool frmIMmain::IsNeverSaved() const
+{
+    return DocumentName().left(neverSavedLength) == newDocumentName;
+}
+
+void frmIMmain::MapsText1_Change()
+{
+    documentChanged_ = true;
+}
+
+void frmIMmain::ClearDocument()
+{
+    ui_->MapsText1->LoadText(QString());
+    SetDocumentName(newDocumentName.toString());
+    documentChanged_ = false;
+}
+
+void frmIMmain::NewDocument()
+{
+    if (documentChanged_) {
+        (void)MayDiscardChanges();
+    } else {
+        ClearDocument();
+    }
+}
+
+void frmIMmain::OpenDocument()
+{
+    GoToProgramFolder(imgMap_);
+    if (documentChanged_ && !MayDiscardChanges()) {
+        return;
+    }
+    const std::optional<QString> path = AskForOpenPath();
+    if (!path) {
+        return;
+    }
+    ShowHourglass();
+    const std::optional<QString> text = ReadDocument(*path);
+    if (text) {
+        ui_->MapsText1->LoadText(*text);
+        SetDocumentName(*path);
+        documentChanged_ = false;
+    }
+    ShowDefaultPointer();
+    if (!text) {
+        ShowMessage(this, QMessageBox::Information, QStringLiteral("Can't open file: ") + *path);
+    }
+}
+
+void frmIMmain::SaveDocument()
+{
+    GoToProgramFolder(imgMap_);
+    const std::optional<QString> path = IsNeverSaved() ? AskForSavePath() : DocumentName();
+    if (path && !path->isEmpty()) {
+        WriteDocument(*path);
+    }
+}
+
+void frmIMmain::SaveDocumentAs()
+{
+    GoToProgramFolder(imgMap_);
+    const std::optional<QString> path = AskForSavePath();
+    if (path && !path->isEmpty()) {
+        WriteDocument(*path);
+    }
+}
+
+void frmIMmain::WriteDocument(const QString& path)
+{
+    if (WriteText(path)) {
+        SetDocumentName(path);
+        documentChanged_ = false;
+    }
+}
+
+bool frmIMmain::WriteText(const QString& path)
+{
+    ShowHourglass();
+    const std::optional<QString> error =
+        WriteWholeFile(path, AnsiCodePage::Encode(ui_->MapsText1->Text()) + "\r\n");
+    ShowDefaultPointer();
+    if (error) {
+        ShowMessage(this, QMessageBox::Warning, *error);
+    }
+    return !error;
+}
+
+/** Runs the save prompt; false when the user wants to keep the document as it is. */
+bool frmIMmain::MayDiscardChanges()
+{
+    imgMap_.ContinueAction = true;
+    PromptSaveChanges();
+    const bool mayContinue = imgMap_.ContinueAction;
+    imgMap_.ContinueAction = false;
+    return mayContinue;
+}
+
+void frmIMmain::PromptSaveChanges()
+{
+    const QString name = DocumentName();
+    const QMessageBox::StandardButton answer = ShowMessage(
+        this, QMessageBox::Warning,
+        u"The text in [" + name + u"] has changed.\n\rDo you want to save the changes?",
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::No) {
+        ClearDocument();
+        return;
+    }
+    const std::optional<QString> path = answer != QMessageBox::Yes ? std::nullopt
+                                        : IsNeverSaved()           ? AskForSavePath()
+                                                                   : name;
+    if (!path) {
+        imgMap_.ContinueAction = false;
+        return;
+    }
+    // A failed save keeps everything but does not stop the caller.
+    if (!path->isEmpty() && WriteText(*path)) {
+        ClearDocument();
+    }
+}
+
+std::optional<QString> frmIMmain::AskForSavePath()
+{
+    QFileDialog dialog(this);
+    dialog.setObjectName(QStringLiteral("CommonDialog1"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(DialogNameFilters(documentFilter));
+    dialog.setDefaultSuffix(QString::fromLatin1(defaultSuffix));
+    dialog.setDirectory(imgMap_.ProgramFolder);
+    dialog.selectFile(IsNeverSaved() ? QString::fromLatin1(newFileName) : DocumentName());
+    return ChosenFile(dialog);
+}
+
+std::optional<QString> frmIMmain::AskForOpenPath()
+{
+    QFileDialog dialog(this);
+    dialog.setObjectName(QStringLiteral("CommonDialog1"));
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(DialogNameFilters(documentFilter));
+    dialog.setDirectory(imgMap_.ProgramFolder);
+    const std::optional<QString> path = ChosenFile(dialog);
+    return path ? std::optional(WithDefaultSuffix(*path)) : std::nullopt;
+}
+
+bool frmIMmain::QueryUnload()
+{
+    return !documentChanged_ || MayDiscardChanges();
+}

@@ -1,0 +1,25 @@
+#include "app/Startup.h"
+
+#include <QApplication>
+#include <csignal>
+
+int main(int argc, char* argv[])
+{
+#ifdef SIGXFSZ
+    // A file that may not grow any more is an error that a save reports, no reason to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(applicationTitle.toString());
+    // The main window ends the program itself; between the splash panel and it no window is shown.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    ImgMap imgMap;
+    imgMap.ProgramFolder = QApplication::applicationDirPath();
+    Startup startup(imgMap);
+    startup.Begin();
+    return QApplication::exec();
+}
