@@ -10,19 +10,6 @@ namespace {
 
 using Error = std::optional<QString>;
 
-/** How many symbolic links are followed before they count as a circle; Linux's own limit. */
-constexpr int maxLinks = 40;
-
-/** The file that `path` leads to through any symbolic links, whether or not it exists. */
-QString LinkTarget(const QString& path)
-{
-    QString target = path;
-    for (int i = 0; i < maxLinks && QFileInfo(target).isSymLink(); ++i) {
-        target = QFileInfo(target).symLinkTarget();
-    }
-    return target;
-}
-
 bool HasOtherNames(const QFileInfo& file)
 {
     std::error_code error;
@@ -41,9 +28,18 @@ bool WouldChangeOwner(const QFileInfo& file)
     return made.ownerId() != file.ownerId() || made.groupId() != file.groupId();
 }
 
+/** Writes in as many pieces as the system takes: only a piece of nothing tells why there is no more. */
 bool WriteAll(QFileDevice& file, const QByteArray& bytes)
 {
-    return file.write(bytes) == bytes.size() && file.flush();
+    qint64 written = 0;
+    while (written < bytes.size()) {
+        const qint64 piece = file.write(bytes.constData() + written, bytes.size() - written);
+        if (piece <= 0) {
+            return false;
+        }
+        written += piece;
+    }
+    return file.flush();
 }
 
 /** Writes to something that has no content of its own to lose: a device or a pipe. */
@@ -56,15 +52,16 @@ Error WriteToDevice(const QString& path, const QByteArray& bytes)
     return std::nullopt;
 }
 
+/** Writes a file that is not there yet; `path` may be a link to it. */
 Error CreateFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return file.errorString();
     }
     if (!WriteAll(file, bytes)) {
         const QString error = file.errorString();
-        file.remove();
+        QFile::remove(QFileInfo(path).canonicalFilePath());
         return error;
     }
     return std::nullopt;
@@ -103,16 +100,20 @@ Error WriteInPlace(const QString& path, const QByteArray& bytes)
 
 std::optional<QString> WriteWholeFile(const QString& path, const QByteArray& bytes)
 {
-    const QString target = LinkTarget(path);
-    const QFileInfo file(target);
-    if (file.exists() && !file.isFile()) {
-        return WriteToDevice(target, bytes);
+    const QFileInfo named(path);
+    if (named.exists() && !named.isFile()) {
+        return WriteToDevice(path, bytes);
     }
+    if (!named.exists() && named.isSymLink()) {
+        return CreateFile(path, bytes);
+    }
+    const QString target = named.exists() ? named.canonicalFilePath() : path;
+    const QFileInfo file(target);
     if (file.exists() && (HasOtherNames(file) || WouldChangeOwner(file))) {
-        return WriteInPlace(target, bytes);
+        return OverwriteFile(target, bytes);
     }
     QSaveFile beside(target);
-    if (!beside.open(QIODevice::WriteOnly)) {
+    if (!beside.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return WriteInPlace(target, bytes);
     }
     if (!WriteAll(beside, bytes)) {
@@ -120,9 +121,5 @@ std::optional<QString> WriteWholeFile(const QString& path, const QByteArray& byt
         beside.cancelWriting();
         return error;
     }
-    if (!beside.commit()) {
-        return beside.error() == QFileDevice::RenameError ? WriteInPlace(target, bytes)
-                                                          : Error(beside.errorString());
-    }
-    return std::nullopt;
+    return beside.commit() ? std::nullopt : WriteInPlace(target, bytes);
 }

@@ -1,10 +1,11 @@
 #include "shared/Paths.h"
 
+#include <QDir>
 #include <algorithm>
 
 QString FileNameOnly(const QString& path)
 {
-    return path.mid(std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/')) + 1);
+    return path.mid(std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(QDir::separator())) + 1);
 }
 
 QString& PathToFileUrl(QString& path)

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/** The part of `path` after its last separator ("\" or "/"); `path` itself when it holds none. */
+/** The part of `path` after its last "\" or the system's own separator; `path` itself when it holds none. */
 [[nodiscard]] QString FileNameOnly(const QString& path);
 
 /**

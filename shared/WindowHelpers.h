@@ -53,9 +53,11 @@ inline void GoToProgramFolder(const ImgMap& imgMap)
     QDir::setCurrent(imgMap.ProgramFolder);
 }
 
-/** Moves `window` to the middle of its screen. */
+/** Moves `window`, grown to the room its contents need, to the middle of its screen. */
 inline void CentreOnScreen(QWidget* window)
 {
+    window->ensurePolished();
+    window->resize(window->size().expandedTo(window->minimumSizeHint()));
     const QRect screen = window->screen()->geometry();
     window->move(
         screen.left() + (screen.width() - window->width()) / 2,
