@@ -9,7 +9,7 @@ namespace {
 /** Digits of a mouse position on screen: those of a single precision number. */
 constexpr int positionDigits = 7;
 
-QString PositionText(double position)
+QString PositionText(float position)
 {
     return QString::number(position, 'g', positionDigits);
 }
@@ -29,7 +29,7 @@ std::optional<qint16> CircleRadius(qint16 x1, qint16 y1, qint16 x2, qint16 y2)
 }
 
 /** Stores a rounded position; one that does not fit leaves the old value. */
-void Assign(qint16& target, double position)
+void Assign(qint16& target, float position)
 {
     target = RoundToInt16(position).value_or(target);
 }
@@ -72,7 +72,7 @@ void DrawingProtocol::SelectCursor()
     view_.ShowTool();
 }
 
-void DrawingProtocol::MouseDown(int button, double x, double y)
+void DrawingProtocol::MouseDown(int button, float x, float y)
 {
     if (tool_ == DrawingTool::Cursor) {
         return;
@@ -84,7 +84,7 @@ void DrawingProtocol::MouseDown(int button, double x, double y)
     }
 }
 
-void DrawingProtocol::PressInFigureMode(int button, double x, double y)
+void DrawingProtocol::PressInFigureMode(int button, float x, float y)
 {
     FigureStore& store = imgMap_.Store;
     if (store.DrawState == drawIdle && button == leftButton) {
@@ -126,7 +126,7 @@ void DrawingProtocol::EndPolygon()
     view_.LinkNewFigure(TextsOf(JSDisabled).newPrompt);
 }
 
-void DrawingProtocol::MouseUp(int button, double x, double y)
+void DrawingProtocol::MouseUp(int button, float x, float y)
 {
     FigureStore& store = imgMap_.Store;
     if (tool_ == DrawingTool::Cursor) {
@@ -153,7 +153,7 @@ void DrawingProtocol::CommitFigure()
     view_.LinkNewFigure(NewAreaPrompt());
 }
 
-void DrawingProtocol::StartFigure(double x, double y, FullStoreText fullText)
+void DrawingProtocol::StartFigure(float x, float y, FullStoreText fullText)
 {
     FigureStore& store = imgMap_.Store;
     if (store.FigureCount >= FigureStore::capacity) {
@@ -168,7 +168,7 @@ void DrawingProtocol::StartFigure(double x, double y, FullStoreText fullText)
     view_.EnableFigureCommands(true);
 }
 
-void DrawingProtocol::MouseMove(double x, double y)
+void DrawingProtocol::MouseMove(float x, float y)
 {
     view_.SetLabel(DrawingLabel::Cursor1, PositionText(x) + u',');
     view_.SetLabel(DrawingLabel::Cursor2, PositionText(y));
@@ -177,10 +177,10 @@ void DrawingProtocol::MouseMove(double x, double y)
         return;
     }
     // Only one coordinate an event is clamped; the painting clamps the other.
-    if (x > view_.PictureWidth()) {
-        x = view_.PictureWidth();
-    } else if (y > view_.PictureHeight()) {
-        y = view_.PictureHeight();
+    if (x > static_cast<float>(view_.PictureWidth())) {
+        x = static_cast<float>(view_.PictureWidth());
+    } else if (y > static_cast<float>(view_.PictureHeight())) {
+        y = static_cast<float>(view_.PictureHeight());
     }
     view_.SetSurfacePointer(SurfacePointer::Cross);
     if (imgMap_.Store.DrawState == drawDrawing) {
@@ -190,7 +190,7 @@ void DrawingProtocol::MouseMove(double x, double y)
     }
 }
 
-void DrawingProtocol::FollowMouse(double x, double y)
+void DrawingProtocol::FollowMouse(float x, float y)
 {
     FigureStore& store = imgMap_.Store;
     Assign(store.EndX, x);
@@ -198,13 +198,11 @@ void DrawingProtocol::FollowMouse(double x, double y)
     ShowRubberFigure();
 }
 
-void DrawingProtocol::MoveFigure(double x, double y)
+void DrawingProtocol::MoveFigure(float x, float y)
 {
     FigureStore& store = imgMap_.Store;
-    const auto singleX = static_cast<float>(x);
-    const auto singleY = static_cast<float>(y);
-    Assign(store.StartX, singleX - float(store.EndX) + float(store.StartX));
-    Assign(store.StartY, singleY - float(store.EndY) + float(store.StartY));
+    Assign(store.StartX, x - float(store.EndX) + float(store.StartX));
+    Assign(store.StartY, y - float(store.EndY) + float(store.StartY));
     Assign(store.EndX, x);
     Assign(store.EndY, y);
     ShowRubberFigure();
@@ -340,6 +338,9 @@ void DrawingProtocol::StopDrawing()
 
 void DrawingProtocol::AbandonDrawing()
 {
+    if (!IsDrawing() && !imgMap_.Store.HasUnfinishedPolygon()) {
+        return;
+    }
     StopDrawing();
     imgMap_.Store.ResetCurrentPolygon();
     if (imgMap_.Store.FigureCount == 0) {

@@ -20,7 +20,8 @@ inline constexpr int leftButton = 1;
 inline constexpr int rightButton = 2;
 
 /**
- * Turns mouse events on the picture into figures of the store. Positions are picture pixels.
+ * Turns mouse events on the picture into figures of the store. Positions are picture pixels, fractions of
+ * them on a scaled screen.
  *
  * A step that fails (a position or difference beyond 16 bits, a slot outside the store) is skipped and the
  * handler goes on with the next.
@@ -38,9 +39,9 @@ public:
     /** Chooses the neutral cursor; a figure in progress stays frozen until a tool is chosen again. */
     void SelectCursor();
 
-    void MouseDown(int button, double x, double y);
-    void MouseMove(double x, double y);
-    void MouseUp(int button, double x, double y);
+    void MouseDown(int button, float x, float y);
+    void MouseMove(float x, float y);
+    void MouseUp(int button, float x, float y);
 
     /** Paints one figure, its second point clamped to the picture, and shows its position and size. */
     void DrawFigure(qint16 kind, qint16 x1, qint16 y1, qint16 x2, qint16 y2, Pen pen);
@@ -67,12 +68,12 @@ private:
     [[nodiscard]] bool IsDrawing() const { return imgMap_.Store.DrawState != drawIdle; }
     [[nodiscard]] QStringView NewAreaPrompt() const { return TextsOf(imgMap_.Mode).newPrompt; }
 
-    void StartFigure(double x, double y, FullStoreText fullText);
+    void StartFigure(float x, float y, FullStoreText fullText);
     void ShowRubberFigure();
-    void FollowMouse(double x, double y);
-    void MoveFigure(double x, double y);
+    void FollowMouse(float x, float y);
+    void MoveFigure(float x, float y);
     void PaintForGood();
-    void PressInFigureMode(int button, double x, double y);
+    void PressInFigureMode(int button, float x, float y);
     void PressInLineMode(int button);
     void CommitFigure();
     void StopDrawing();

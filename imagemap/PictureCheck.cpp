@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 bytesPerMegabyte = 1024 * 1024;
+constexpr qint64 bytesPerMegabyte = qint64(1) << 20;
 constexpr qint64 bytesPerPixel = 4;
 constexpr qint64 pixelsAtMost = pictureMegabytesAtMost * bytesPerMegabyte / bytesPerPixel;
 
@@ -63,7 +63,7 @@ public:
     void SkipUntil(uchar wanted);
 
 private:
-    static constexpr qint64 windowSize = 64 * 1024;
+    static constexpr qint64 windowSize = qint64(1) << 16;
 
     bool Refill();
 

@@ -131,7 +131,8 @@ void PictureSurface::paintEvent(QPaintEvent* event)
 
 void PictureSurface::mousePressEvent(QMouseEvent* event)
 {
-    Q_EMIT MouseDown(ButtonNumber(event->button()), event->position().x(), event->position().y());
+    Q_EMIT MouseDown(
+        ButtonNumber(event->button()), float(event->position().x()), float(event->position().y()));
 }
 
 void PictureSurface::mouseDoubleClickEvent(QMouseEvent* event)
@@ -141,10 +142,10 @@ void PictureSurface::mouseDoubleClickEvent(QMouseEvent* event)
 
 void PictureSurface::mouseMoveEvent(QMouseEvent* event)
 {
-    Q_EMIT MouseMove(event->position().x(), event->position().y());
+    Q_EMIT MouseMove(float(event->position().x()), float(event->position().y()));
 }
 
 void PictureSurface::mouseReleaseEvent(QMouseEvent* event)
 {
-    Q_EMIT MouseUp(ButtonNumber(event->button()), event->position().x(), event->position().y());
+    Q_EMIT MouseUp(ButtonNumber(event->button()), float(event->position().x()), float(event->position().y()));
 }

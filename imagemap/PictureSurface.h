@@ -35,9 +35,9 @@ public:
     void ClearDrawing();
 
 Q_SIGNALS:
-    void MouseDown(int button, double x, double y);
-    void MouseMove(double x, double y);
-    void MouseUp(int button, double x, double y);
+    void MouseDown(int button, float x, float y);
+    void MouseMove(float x, float y);
+    void MouseUp(int button, float x, float y);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

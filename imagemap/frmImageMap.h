@@ -21,7 +21,7 @@ class frmJSOptions;
  *
  * One instance at a time; Form_Load() prepares it, closing it deletes it. The figures live in ImgMap.
  */
-class frmImageMap : public QMainWindow, private DrawingView, private AreaEditor
+class frmImageMap : public QMainWindow, public AreaEditor, private DrawingView
 {
     Q_OBJECT
 
@@ -56,6 +56,13 @@ public:
     void AbandonDrawing();
 
     void ShowModeHeader() override;
+
+    // What the link dialog asks for.
+    [[nodiscard]] qsizetype AreaCount() const override;
+    void AppendArea(const AreaRow& row) override;
+    void ReplaceSelectedArea(const QString& link, const QString& message) override;
+    void SetMessageHeader(const QString& header) override;
+    void RepaintFigures() override;
     void ShowDrawingMode() override;
 
 protected:
@@ -80,16 +87,9 @@ private:
     void ReportFullStore(FullStoreText text) override;
     void LinkNewFigure(QStringView prompt) override;
 
-    // What the link dialog asks for.
-    [[nodiscard]] qsizetype AreaCount() const override;
-    void AppendArea(const AreaRow& row) override;
-    void ReplaceSelectedArea(const QString& link, const QString& message) override;
-    void SetMessageHeader(const QString& header) override;
-    void RepaintFigures() override;
-
-    void PictureDisplay_MouseDown(int button, double x, double y);
-    void PictureDisplay_MouseMove(double x, double y);
-    void PictureDisplay_MouseUp(int button, double x, double y);
+    void PictureDisplay_MouseDown(int button, float x, float y);
+    void PictureDisplay_MouseMove(float x, float y);
+    void PictureDisplay_MouseUp(int button, float x, float y);
     void PicNosac_Resize();
     void PicNosac_Wheel(QPoint angle);
     void HScroll1_Change(int value);

@@ -35,19 +35,19 @@ void FitScrollBar(QScrollBar* bar, int pictureSize, int viewSize)
 
 } // namespace
 
-void frmImageMap::PictureDisplay_MouseDown(int button, double x, double y)
+void frmImageMap::PictureDisplay_MouseDown(int button, float x, float y)
 {
     if (!isMessagePending_) {
         protocol_.MouseDown(button, x, y);
     }
 }
 
-void frmImageMap::PictureDisplay_MouseMove(double x, double y)
+void frmImageMap::PictureDisplay_MouseMove(float x, float y)
 {
     protocol_.MouseMove(x, y);
 }
 
-void frmImageMap::PictureDisplay_MouseUp(int button, double x, double y)
+void frmImageMap::PictureDisplay_MouseUp(int button, float x, float y)
 {
     if (!isMessagePending_) {
         protocol_.MouseUp(button, x, y);
