@@ -1,28 +1,57 @@
 #include "app/SourceEditor.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QResizeEvent>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <limits>
 
 namespace {
 
-/** Every kind of line end as the one a document takes for a new line. */
-QString WithPlainLineEnds(QString text)
+/** Wider than any window, in pixels. */
+constexpr qreal beyondAnyWindow = 1e6;
+
+bool IsLineEnd(QChar character)
 {
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(u'\r', u'\n');
-    text.replace(QChar::LineSeparator, u'\n');
-    text.replace(QChar::ParagraphSeparator, u'\n');
-    return text;
+    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator;
+}
+
+/** Every kind of line end as the one a document takes for a new line, in one pass over any length. */
+QString WithPlainLineEnds(const QString& text)
+{
+    QString lines(text.size(), Qt::Uninitialized);
+    QChar* to = lines.data();
+    const QChar* const end = text.constEnd();
+    for (const QChar* from = text.constBegin(); from != end; ++from) {
+        if (*from == u'\r' && from + 1 != end && from[1] == u'\n') {
+            continue;
+        }
+        *to++ = IsLineEnd(*from) ? QChar(u'\n') : *from;
+    }
+    lines.truncate(to - lines.constData());
+    return lines;
 }
 
 /** A document's own text, in which new lines are paragraph separators, with CR LF line ends. */
-QString WithCrLf(QString text)
+QString WithCrLf(const QString& lines)
 {
-    return text.replace(QChar::ParagraphSeparator, QLatin1String("\r\n"));
+    QString text(lines.size() + lines.count(QChar::ParagraphSeparator), Qt::Uninitialized);
+    QChar* to = text.data();
+    for (const QChar character : lines) {
+        if (character == QChar::ParagraphSeparator) {
+            *to++ = u'\r';
+            *to++ = u'\n';
+        } else {
+            *to++ = character;
+        }
+    }
+    return text;
 }
 
 /** A document's position, which counts a line end as one, in characters of the text. */
@@ -53,12 +82,19 @@ int DocumentPosition(const QTextDocument* document, qsizetype position)
     return block.position() + static_cast<int>(inBlock);
 }
 
+/** A number that tells the text of `block` from another; never that of a block without one. */
+int TextMark(const QTextBlock& block)
+{
+    return static_cast<int>(qHash(block.text(), 0) & size_t(std::numeric_limits<int>::max()));
+}
+
 } // namespace
 
 SourceEditor::SourceEditor(QWidget* parent)
     : QPlainTextEdit(parent)
 {
     connect(document(), &QTextDocument::contentsChange, this, &SourceEditor::Document_ContentsChange);
+    LoadText(QString());
 }
 
 QString SourceEditor::Text() const
@@ -69,8 +105,47 @@ QString SourceEditor::Text() const
 void SourceEditor::LoadText(const QString& text)
 {
     isLoading_ = true;
-    setPlainText(WithPlainLineEnds(text));
+    LoadLines(WithPlainLineEnds(text));
     isLoading_ = false;
+}
+
+void SourceEditor::LoadLines(const QString& lines)
+{
+    document()->setUndoRedoEnabled(false);
+    setPlainText(lines);
+    KeepWidestLine();
+    document()->setUndoRedoEnabled(true);
+}
+
+/**
+ * Spares the layout its search for the widest line. When that line gets shorter, the plain text layout looks
+ * through all the others for the next widest: a pause at every such key in a large document. Lines wrap at
+ * the window's edge, so none is wider than the window; here the layout comes to believe that a line just
+ * behind the last is as wide as that, and follows this line's number as others come and go before it.
+ */
+void SourceEditor::KeepWidestLine()
+{
+    QTextCharFormat wide;
+    wide.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+    wide.setFontLetterSpacing(beyondAnyWindow);
+    QTextCursor cursor(document());
+    // In a block of edits the cursor does not ask for its place, which would lay out its line.
+    const auto edit = [&cursor](const auto& change) {
+        cursor.beginEditBlock();
+        cursor.movePosition(QTextCursor::End);
+        change();
+        cursor.endEditBlock();
+    };
+    edit([&cursor] { cursor.insertBlock(); });
+    edit([&cursor, &wide] { cursor.insertText(QStringLiteral("-"), wide); });
+    QResizeEvent toThisWidth(viewport()->size(), QSize());
+    resizeEvent(&toThisWidth);
+    edit([&cursor] {
+        cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor, 2);
+        cursor.removeSelectedText();
+    });
+    edit([&cursor] { cursor.insertBlock(); });
+    edit([&cursor] { cursor.deletePreviousChar(); });
 }
 
 qsizetype SourceEditor::TextLength() const
@@ -96,9 +171,11 @@ QString SourceEditor::SelText() const
 
 void SourceEditor::Select(qsizetype start, qsizetype length)
 {
+    const qsizetype first = std::clamp<qsizetype>(start, 0, TextLength());
+    const qsizetype count = std::clamp<qsizetype>(length, 0, TextLength() - first);
     QTextCursor cursor = textCursor();
-    cursor.setPosition(DocumentPosition(document(), start));
-    cursor.setPosition(DocumentPosition(document(), start + length), QTextCursor::KeepAnchor);
+    cursor.setPosition(DocumentPosition(document(), first));
+    cursor.setPosition(DocumentPosition(document(), first + count), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
 }
 
@@ -114,40 +191,83 @@ void SourceEditor::ReplaceSelection(const QString& text)
 
 void SourceEditor::Document_ContentsChange(int position, int removed, int added)
 {
-    Q_UNUSED(position)
-    if (!isLoading_ && (removed != 0 || added != 0)) {
+    // Formatting is told as if as much text came as went.
+    const bool isOtherText = RememberText(position, added);
+    if (!isLoading_ && (removed != added || isOtherText)) {
         Q_EMIT Change();
     }
+}
+
+/** Marks the blocks of a range by their texts; true when one of them had another text before. */
+bool SourceEditor::RememberText(int position, int length)
+{
+    bool isOtherText = false;
+    QTextBlock block = document()->findBlock(position);
+    for (; block.isValid() && block.position() <= position + length; block = block.next()) {
+        const int mark = TextMark(block);
+        if (block.userState() != mark) {
+            isOtherText = true;
+            block.setUserState(mark);
+        }
+    }
+    return isOtherText;
 }
 
 bool SourceEditor::event(QEvent* event)
 {
     // Some keys of the menu are also editing keys of the platform (Ctrl+E on X11 goes to the end of the
     // line).
-    if (event->type() == QEvent::ShortcutOverride && IsMenuShortcut(*static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::ShortcutOverride && IsMenuKey(*static_cast<QKeyEvent*>(event))) {
         event->ignore();
         return false;
     }
     return QPlainTextEdit::event(event);
 }
 
-bool SourceEditor::IsMenuShortcut(const QKeyEvent& key) const
+bool SourceEditor::IsMenuKey(const QKeyEvent& key) const
 {
     const QKeySequence pressed(key.keyCombination());
     const QList<QAction*> actions = window()->findChildren<QAction*>();
     return std::any_of(actions.begin(), actions.end(), [&pressed](const QAction* action) {
-        return action->isEnabled() && action->shortcut() == pressed && !pressed.isEmpty();
+        return action->shortcut() == pressed && !pressed.isEmpty();
     });
 }
 
 void SourceEditor::keyPressEvent(QKeyEvent* event)
 {
+    const bool isOwnCommand = event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Cut) ||
+                              event->matches(QKeySequence::Copy) || event->key() == Qt::Key_Delete;
+    if (IsMenuKey(*event) && !isOwnCommand) {
+        // The key of an entry that is disabled just now does nothing else instead.
+        event->accept();
+        return;
+    }
     if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter would put in a character that no page can hold.
         ReplaceSelection(QStringLiteral("\n"));
         return;
     }
     QPlainTextEdit::keyPressEvent(event);
+}
+
+void SourceEditor::inputMethodEvent(QInputMethodEvent* event)
+{
+    if (std::none_of(event->commitString().begin(), event->commitString().end(), IsLineEnd)) {
+        QPlainTextEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent plain(event->preeditString(), event->attributes());
+    plain.setCommitString(
+        WithPlainLineEnds(event->commitString()), event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&plain);
+}
+
+QMimeData* SourceEditor::createMimeDataFromSelection() const
+{
+    // Only the text, and all of it: the usual way turns no-break spaces into blanks.
+    auto* const text = new QMimeData;
+    text->setText(textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n'));
+    return text;
 }
 
 void SourceEditor::insertFromMimeData(const QMimeData* source)

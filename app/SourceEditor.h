@@ -33,17 +33,22 @@ public:
     void ReplaceSelection(const QString& text);
 
 Q_SIGNALS:
-    /** The text was edited; neither loading nor formatting is an edit. */
+    /** The text was edited; loading, formatting and composing with an input method are no edits. */
     void Change();
 
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
     void Document_ContentsChange(int position, int removed, int added);
-    [[nodiscard]] bool IsMenuShortcut(const QKeyEvent& key) const;
+    [[nodiscard]] bool RememberText(int position, int length);
+    [[nodiscard]] bool IsMenuKey(const QKeyEvent& key) const;
+    void LoadLines(const QString& lines);
+    void KeepWidestLine();
 
     bool isLoading_ = false;
 };

@@ -208,7 +208,8 @@ void frmIMmain::Form_Resize()
 void frmIMmain::OpenImageMapEditor()
 {
     ShowHourglass();
-    if (imageMapEditor_ == nullptr) {
+    // A window that has been closed lives on until the event loop comes round.
+    if (imageMapEditor_ == nullptr || !imageMapEditor_->isVisible()) {
         imageMapEditor_ = new frmImageMap(imgMap_, *this, this);
         imageMapEditor_->Form_Load();
         imageMapEditor_->show();

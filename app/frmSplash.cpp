@@ -16,11 +16,13 @@ frmSplash::frmSplash(ImgMap& imgMap, QWidget* parent)
     : QWidget(parent, Qt::SplashScreen)
     , imgMap_(imgMap)
     , ui_(std::make_unique<Ui::frmSplash>())
+    , timer1_(this)
 {
     ui_->setupUi(this);
     setFixedSize(size());
     timer1_.setObjectName(QStringLiteral("Timer1"));
     timer1_.setSingleShot(true);
+    timer1_.setTimerType(Qt::PreciseTimer);
     timer1_.setInterval(shownMilliseconds);
     connect(&timer1_, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
 }
