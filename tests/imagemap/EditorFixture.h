@@ -1,0 +1,254 @@
+#pragma once
+
+#include "imagemap/frmImageMap.h"
+#include "tests/support/DialogRobot.h"
+#include "tests/support/Icons.h"
+#include "tests/support/ProgramFolder.h"
+#include "tests/support/WidgetDriving.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QScrollBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <functional>
+
+/** Keeps what is put into the document. */
+class FakeDocument : public DocumentSink
+{
+public:
+    void InsertAtCaret(const QString& text) override { inserted << text; }
+
+    QStringList inserted;
+};
+
+inline QStringList TextsOf(const QTreeWidgetItem* row)
+{
+    QStringList texts;
+    for (int column = 0; column < row->columnCount(); ++column) {
+        texts << row->text(column);
+    }
+    return texts;
+}
+
+/** The image map editor, loaded and shown in a fresh program folder, and somebody who answers its dialogs. */
+class EditorFixture
+{
+public:
+    EditorFixture()
+    {
+        LoadIcons();
+        LoadEditor();
+    }
+    ~EditorFixture()
+    {
+        // A test that failed half way may have left a dialog open.
+        delete editor.data();
+    }
+    Q_DISABLE_COPY_MOVE(EditorFixture)
+
+    /** Builds a new window, loaded but not yet shown; the store keeps what it holds. */
+    void LoadEditor()
+    {
+        delete editor.data();
+        editor = new frmImageMap(imgMap, document, nullptr);
+        editor->Form_Load();
+    }
+
+    [[nodiscard]] bool Start()
+    {
+        editor->show();
+        return QTest::qWaitForWindowActive(editor);
+    }
+
+    template<class Widget> Widget* Find(const char* name) const { return ::Find<Widget>(editor, name); }
+
+    QString Text(const char* label) const { return Find<QLabel>(label)->text(); }
+    QString Status() const { return Text("StatusBar1_Panel1"); }
+    QWidget* Surface() const { return Find<QWidget>("PictureDisplay"); }
+    QTreeWidget* List() const { return Find<QTreeWidget>("ListView1"); }
+    QStringList Row(int index) const { return TextsOf(List()->topLevelItem(index)); }
+    QString MessageHeader() const { return List()->headerItem()->text(4); }
+    QAction* Entry(const char* name) const { return Find<QAction>(name); }
+
+    /** A toolbar position counts from 1, separators included. */
+    QAction* Button(int position) const { return Find<QToolBar>("Toolbar1")->actions().at(position - 1); }
+    void ClickButton(int position) { Click(Find<QToolBar>("Toolbar1")->widgetForAction(Button(position))); }
+
+    QList<int> EnabledButtons() const
+    {
+        QList<int> positions;
+        const QList<QAction*> actions = Find<QToolBar>("Toolbar1")->actions();
+        for (int i = 0; i < actions.size(); ++i) {
+            if (!actions[i]->isSeparator() && actions[i]->isEnabled()) {
+                positions << i + 1;
+            }
+        }
+        return positions;
+    }
+
+    /** Those of the menu entries `names` that are enabled. */
+    QStringList EnabledOf(const QStringList& names) const
+    {
+        QStringList enabled;
+        for (const QString& name : names) {
+            if (Entry(qPrintable(name))->isEnabled()) {
+                enabled << name;
+            }
+        }
+        return enabled;
+    }
+
+    QStringList CheckedTools() const
+    {
+        QStringList checked;
+        for (const char* const name : { "mnuFigNum_5", "mnuFigNum_6", "mnuFigNum_7", "mnuCursor" }) {
+            if (Entry(name)->isChecked()) {
+                checked << QString::fromLatin1(name);
+            }
+        }
+        return checked;
+    }
+
+    /** The labels of positions, size and number, in the order of their names in the window. */
+    QString Start1And2() const { return Text("lblStartPosition1") + Text("lblStartPosition2"); }
+    QString End1And2() const { return Text("lblEndPosition1") + Text("lblEndPosition2"); }
+    QString Dimensions1And2() const { return Text("lblDimensions1") + Text("lblDimensions2"); }
+    QString Cursor1And2() const { return Text("lblCursor1") + Text("lblCursor2"); }
+
+    /** Writes a picture of `size` whose colour changes from place to place; returns its path. */
+    QString WritePicture(QSize size, const QString& name = QStringLiteral("picture.jpg"))
+    {
+        QImage picture(size, QImage::Format_RGB32);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                picture.setPixelColor(
+                    x, y, QColor(40 + x * 80 / size.width(), 150, 90 + y * 100 / size.height()));
+            }
+        }
+        const QString path = folder.Path(name);
+        if (!picture.save(path, "JPG", 95)) {
+            qFatal("cannot write %s", qPrintable(path));
+        }
+        return path;
+    }
+
+    void Open(const QString& path)
+    {
+        robot.ChooseFile(path);
+        ClickButton(3);
+    }
+
+    void OpenPicture(QSize size = { 300, 200 }) { Open(WritePicture(size)); }
+
+    QImage Pixels() const { return Surface()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+    void Press(QPoint at, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mousePress(Surface(), button, {}, at);
+    }
+    void Move(QPoint to) { QTest::mouseMove(Surface(), to); }
+    void Release(QPoint at, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseRelease(Surface(), button, {}, at);
+    }
+    void ClickAt(QPoint at, Qt::MouseButton button = Qt::LeftButton)
+    {
+        Press(at, button);
+        Release(at, button);
+    }
+
+    void Drag(QPoint from, QPoint to)
+    {
+        Press(from);
+        Move(from + (to - from) / 2);
+        Move(to);
+        Release(to);
+    }
+
+    /** A side ends where the mouse was last moved to, so it is moved there before each click. */
+    void ClickCorners(const QList<QPoint>& corners)
+    {
+        for (qsizetype i = 0; i < corners.size(); ++i) {
+            Move(corners[i]);
+            ClickAt(corners[i], i > 0 && i + 1 == corners.size() ? Qt::RightButton : Qt::LeftButton);
+        }
+    }
+
+    /** Runs `act` and returns the dialog that it opens, which stays open. */
+    QPointer<QDialog> DialogOpenedBy(const std::function<void()>& act)
+    {
+        QPointer<QDialog> opened;
+        robot.Act([&opened](QDialog& dialog) { opened = &dialog; });
+        act();
+        if (!QTest::qWaitFor([&opened] { return opened != nullptr; })) {
+            qFatal("no dialog opens");
+        }
+        return opened;
+    }
+
+    /** Runs `act`, which leads to the link dialog, and accepts that with `link`. */
+    void Link(const char* link, const std::function<void()>& act)
+    {
+        const QPointer<QDialog> dialog = DialogOpenedBy(act);
+        TypeIn(dialog, "cmbLink", link);
+        ClickIn(dialog, "SSCmdOK");
+        robot.WaitUntilDone();
+    }
+
+    void DrawRectangle(QPoint from, QPoint to, const char* link = "area.htm")
+    {
+        ClickButton(5);
+        Link(link, [this, from, to] { Drag(from, to); });
+    }
+
+    void DrawCircle(QPoint centre, QPoint rim, const char* link = "area.htm")
+    {
+        ClickButton(6);
+        Link(link, [this, centre, rim] { Drag(centre, rim); });
+    }
+
+    void DrawPolygon(const QList<QPoint>& corners, const char* link = "area.htm")
+    {
+        ClickButton(7);
+        Link(link, [this, corners] { ClickCorners(corners); });
+    }
+
+    /** Fills the store with `count` rectangles, as if they had been drawn. */
+    void FillStore(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            imgMap.Store.Figures[static_cast<std::size_t>(i)] = { .Kind = kindRectangle,
+                                                                  .X1 = 1,
+                                                                  .Y1 = 1,
+                                                                  .X2 = 5,
+                                                                  .Y2 = 5,
+                                                                  .Radius = 0,
+                                                                  .Link = {},
+                                                                  .Target = {},
+                                                                  .Message = {} };
+        }
+        imgMap.Store.FigureCount = count;
+    }
+
+    /** Lets anything come that is about to come. */
+    static void Settle()
+    {
+        constexpr int settleMilliseconds = 60;
+        QTest::qWait(settleMilliseconds);
+    }
+
+    [[nodiscard]] bool Closes()
+    {
+        return QTest::qWaitFor([this] { return editor == nullptr; });
+    }
+
+    ProgramFolder folder;
+    ImgMap& imgMap = folder.imgMap;
+    FakeDocument document;
+    DialogRobot robot;
+    QPointer<frmImageMap> editor;
+};

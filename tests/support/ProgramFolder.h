@@ -1,0 +1,30 @@
+#pragma once
+
+#include "shared/ImgMap.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+/** A fresh program folder with its Data and Temp, current as long as it lives. */
+class ProgramFolder
+{
+public:
+    ProgramFolder()
+    {
+        QDir(folder_.path()).mkdir(QStringLiteral("Data"));
+        QDir(folder_.path()).mkdir(QStringLiteral("Temp"));
+        imgMap.ProgramFolder = folder_.path();
+        QDir::setCurrent(folder_.path());
+    }
+    ~ProgramFolder() { QDir::setCurrent(before_); }
+    Q_DISABLE_COPY_MOVE(ProgramFolder)
+
+    /** The path of `name` in the folder. */
+    [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
+
+    ImgMap imgMap;
+
+private:
+    QString before_ = QDir::currentPath();
+    QTemporaryDir folder_;
+};
