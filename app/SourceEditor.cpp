@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QResizeEvent>
+#include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
@@ -130,22 +131,26 @@ void SourceEditor::KeepWidestLine()
     wide.setFontLetterSpacing(beyondAnyWindow);
     QTextCursor cursor(document());
     // In a block of edits the cursor does not ask for its place, which would lay out its line.
-    const auto edit = [&cursor](const auto& change) {
+    const auto edit = [this, &cursor](const auto& change) {
         cursor.beginEditBlock();
-        cursor.movePosition(QTextCursor::End);
+        cursor.setPosition(document()->characterCount() - 1);
         change();
         cursor.endEditBlock();
     };
-    edit([&cursor] { cursor.insertBlock(); });
-    edit([&cursor, &wide] { cursor.insertText(QStringLiteral("-"), wide); });
+    {
+        // Nor may the scroll bars, which ask for the last lines.
+        const QSignalBlocker quiet(document()->documentLayout());
+        edit([&cursor] { cursor.insertBlock(); });
+        edit([&cursor, &wide] { cursor.insertText(QStringLiteral("-"), wide); });
+        edit([&cursor] {
+            cursor.setPosition(cursor.position() - 2, QTextCursor::KeepAnchor);
+            cursor.removeSelectedText();
+        });
+        edit([&cursor] { cursor.insertBlock(); });
+        edit([&cursor] { cursor.deletePreviousChar(); });
+    }
     QResizeEvent toThisWidth(viewport()->size(), QSize());
     resizeEvent(&toThisWidth);
-    edit([&cursor] {
-        cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor, 2);
-        cursor.removeSelectedText();
-    });
-    edit([&cursor] { cursor.insertBlock(); });
-    edit([&cursor] { cursor.deletePreviousChar(); });
 }
 
 qsizetype SourceEditor::TextLength() const

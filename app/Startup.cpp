@@ -24,7 +24,6 @@ Startup::~Startup() = default;
 void Startup::Begin()
 {
     splash_ = std::make_unique<frmSplash>(imgMap_);
-    splash_->setObjectName(QStringLiteral("frmSplash"));
     connect(splash_.get(), &frmSplash::Timer1_Timer, this, &Startup::ShowMainWindow);
     splash_->Form_Load();
     splash_->show();

@@ -3,13 +3,13 @@
 #include <QWheelEvent>
 
 PictureView::PictureView(QWidget* parent)
-    : QFrame(parent)
+    : QWidget(parent)
 {
 }
 
 void PictureView::resizeEvent(QResizeEvent* event)
 {
-    QFrame::resizeEvent(event);
+    QWidget::resizeEvent(event);
     Q_EMIT Resized();
 }
 

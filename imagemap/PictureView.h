@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QFrame>
+#include <QWidget>
 
 class QScrollBar;
 
-/** The visible area that frames the picture; two scroll bars beside it shift what lies inside. */
-class PictureView : public QFrame
+/** The visible area of the picture; two scroll bars beside it shift what lies inside. */
+class PictureView : public QWidget
 {
     Q_OBJECT
 

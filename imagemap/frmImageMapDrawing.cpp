@@ -77,7 +77,7 @@ void frmImageMap::VScroll1_Change(int value)
 
 void frmImageMap::UpdateScrollBars()
 {
-    const QSize view = ui_->PicNosac->contentsRect().size();
+    const QSize view = ui_->PicNosac->size();
     FitScrollBar(ui_->HScroll1, PictureWidth(), view.width());
     FitScrollBar(ui_->VScroll1, PictureHeight(), view.height());
 }

@@ -1,6 +1,7 @@
 #include "app/SourceEditor.h"
 #include "shared/AnsiCodePage.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -12,6 +13,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -87,6 +89,8 @@ private Q_SLOTS:
     void changeIsNotToldForLoading();
     void changeIsNotToldForWhatLeavesTheTextAlone_data();
     void changeIsNotToldForWhatLeavesTheTextAlone();
+    void shorteningALineNeverMakesTheLayoutSearchForTheWidest_data();
+    void shorteningALineNeverMakesTheLayoutSearchForTheWidest();
 
 private:
     std::unique_ptr<SourceEditor> editor_;
@@ -596,6 +600,43 @@ void tst_sourceeditor::changeIsNotToldForWhatLeavesTheTextAlone()
     QTest::qWait(20);
     QCOMPARE(editor_->Text(), QStringLiteral("abc\r\ndef"));
     QCOMPARE(change.count(), 0);
+}
+
+void tst_sourceeditor::shorteningALineNeverMakesTheLayoutSearchForTheWidest_data()
+{
+    QTest::addColumn<QString>("lastLine");
+    QTest::addColumn<bool>("isShownBefore");
+    QTest::newRow("ending with a line end") << QString() << false;
+    QTest::newRow("ending with a line") << QStringLiteral("the last line") << false;
+    QTest::newRow("loaded into the shown editor") << QString() << true;
+}
+
+void tst_sourceeditor::shorteningALineNeverMakesTheLayoutSearchForTheWidest()
+{
+    QFETCH(const QString, lastLine);
+    QFETCH(const bool, isShownBefore);
+    // The search goes through every line of the document and leaves the real width of the widest behind.
+    editor_->resize(700, 500);
+    editor_->setVisible(isShownBefore);
+    QCoreApplication::processEvents();
+    editor_->LoadText(QStringLiteral("some text\r\n").repeated(1000) + lastLine);
+    editor_->show();
+    QCoreApplication::processEvents();
+    const auto layoutWidth = [this] {
+        return qRound(editor_->document()->documentLayout()->documentSize().width());
+    };
+    for (const int line : { 0, 1, 500, 999, 1000 }) {
+        QTextCursor cursor(editor_->document()->findBlockByNumber(line));
+        cursor.movePosition(QTextCursor::EndOfBlock);
+        editor_->setTextCursor(cursor);
+        QTest::keyClicks(editor_.get(), QStringLiteral("much longer now"));
+        QTest::keyClick(editor_.get(), Qt::Key_Backspace);
+        QTest::keyClick(editor_.get(), Qt::Key_Return);
+        QTest::keyClick(editor_.get(), Qt::Key_Backspace);
+        QTest::keyClick(editor_.get(), Qt::Key_Backspace);
+        QCoreApplication::processEvents();
+        QCOMPARE(layoutWidth(), editor_->viewport()->width());
+    }
 }
 
 QTEST_MAIN(tst_sourceeditor)

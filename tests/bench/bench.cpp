@@ -49,8 +49,9 @@ double SecondsOf(const std::function<void()>& work, int count = 1)
 
 void PrintRow(const char* what, double value, double baseline, double target)
 {
-    std::printf("%-64s %10.3f ms %10.3f ms %7.2fx  (at most %.1fx)\n", what, value * 1e3, baseline * 1e3,
-                value / baseline, target);
+    std::printf(
+        "%-64s %10.3f ms %10.3f ms %7.2fx  (at most %.1fx)\n", what, value * 1e3, baseline * 1e3,
+        value / baseline, target);
 }
 
 double PeakMegabytes()
@@ -172,8 +173,10 @@ void BenchMemory()
 {
     const Editor editor(largePicture, 500);
     const double decoded = largePicture.width() * largePicture.height() * 4 / megabyte;
-    std::printf("%-64s %10.0f MB %10.0f MB %7.2fx  (at most %.0f MB)\n", "peak memory with 24 megapixels open; its pixels",
-                PeakMegabytes(), decoded, PeakMegabytes() / decoded, 2.5 * decoded + 60);
+    std::printf(
+        "%-64s %10.0f MB %10.0f MB %7.2fx  (at most %.0f MB)\n",
+        "peak memory with 24 megapixels open; its pixels", PeakMegabytes(), decoded,
+        PeakMegabytes() / decoded, 2.5 * decoded + 60);
 }
 
 void BenchRubberBand()
@@ -220,7 +223,7 @@ void BenchClear()
     PrintRow("clear the drawing of 24 megapixels; copy the picture", clear, copy, 1);
 }
 
-/** Seconds a key costs in the middle of `text`, from the event to the painted editor. */
+/** Seconds a key costs on a line of its own in the middle of `text`, from the event to the painted editor. */
 double SecondsOfKey(const QString& text)
 {
     constexpr int keys = 100;
@@ -229,16 +232,20 @@ double SecondsOfKey(const QString& text)
     editor.LoadText(text);
     editor.show();
     editor.Select(editor.TextLength() / 2, 0);
+    QTest::keyClick(&editor, Qt::Key_End);
+    QTest::keyClick(&editor, Qt::Key_Return);
     QCoreApplication::processEvents();
-    return SecondsOf([&editor] {
-        for (int i = 0; i < keys; ++i) {
-            QTest::keyClick(&editor, Qt::Key_X);
-            if (i % 40 == 0) {
-                QTest::keyClick(&editor, Qt::Key_Return);
+    return SecondsOf(
+        [&editor] {
+            for (int i = 0; i < keys; ++i) {
+                QTest::keyClick(&editor, Qt::Key_X);
+                if (i % 40 == 0) {
+                    QTest::keyClick(&editor, Qt::Key_Return);
+                }
+                QCoreApplication::processEvents();
             }
-            QCoreApplication::processEvents();
-        }
-    }, keys);
+        },
+        keys);
 }
 
 void BenchTyping()
@@ -246,6 +253,64 @@ void BenchTyping()
     const QString line = QStringLiteral("<p>Some text that a page is made of, long enough.</p>\r\n");
     const double large = SecondsOfKey(line.repeated(int(50 * megabyte) / int(line.size())));
     PrintRow("a key in a document of 50 MB; in an empty one", large, SecondsOfKey(QString()), 2);
+}
+
+/** A document open in an editor, with the caret in its middle; remembers what was put in last. */
+class OpenDocument : public DocumentSink
+{
+public:
+    explicit OpenDocument(const QString& text)
+    {
+        source_.resize(700, 500);
+        source_.LoadText(text);
+        source_.show();
+        source_.Select(source_.TextLength() / 2, 0);
+        QCoreApplication::processEvents();
+    }
+
+    void InsertAtCaret(const QString& text) override
+    {
+        inserted = text;
+        source_.ReplaceSelection(text);
+        QCoreApplication::processEvents();
+    }
+
+    QString inserted;
+
+private:
+    SourceEditor source_;
+};
+
+/** Puts `count` linked areas into the list of an editor. */
+void AppendAreas(frmImageMap& editor, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        editor.AppendArea({ .Text = QStringLiteral(" No: %1 Rectangle").arg(i + 1),
+                            .Link = QStringLiteral("area%1.htm").arg(i),
+                            .Target = QStringLiteral("_blank"),
+                            .Coordinates = QStringLiteral("%1, %2, 400, 300").arg(i % 300).arg(i % 200),
+                            .Message = QStringLiteral("What there is to see in area %1").arg(i),
+                            .SmallIcon = 1 });
+    }
+}
+
+void BenchInsert()
+{
+    constexpr int areas = 500;
+    const QString line = QStringLiteral("<p>Some text that a page is made of, long enough.</p>\r\n");
+    const QString text = line.repeated(int(10 * megabyte) / int(line.size()));
+    ProgramFolder folder;
+    folder.imgMap.Mode = JSTextArea;
+    OpenDocument page(text);
+    auto* const editor = new frmImageMap(folder.imgMap, page, nullptr);
+    editor->Form_Load();
+    AppendAreas(*editor, areas);
+    const double generated = SecondsOf([editor] { editor->GenerateMap(); });
+    OpenDocument otherPage(text);
+    const double finished =
+        SecondsOf([&page, &otherPage] { otherPage.InsertAtCaret(QString(page.inserted)); });
+    PrintRow("generate and insert 500 areas in 10 MB; insert the finished text", generated, finished, 3);
+    delete editor;
 }
 
 } // namespace
@@ -261,5 +326,6 @@ int main(int argc, char* argv[])
     BenchRedraw(largePicture, "paint 500 figures again on 24 megapixels; bare painter calls");
     BenchClear();
     BenchTyping();
+    BenchInsert();
     return 0;
 }

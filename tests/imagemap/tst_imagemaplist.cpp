@@ -455,6 +455,10 @@ void tst_imagemaplist::insertingUsesTheAttributes()
     TypeIn(test_->editor, "txtHorSp", "5");
     TypeIn(test_->editor, "txtVertSp", "6");
     // What was typed must not turn into the offered item that begins like it.
+    test_->Find<QTabWidget>("SSTab1")->setCurrentIndex(1);
+    test_->editor->activateWindow();
+    test_->Find<QWidget>("cmbAlign")->setFocus();
+    QTRY_VERIFY(test_->Find<QWidget>("cmbAlign")->hasFocus());
     TypeIn(test_->editor, "cmbAlign", "lef");
     QCOMPARE(test_->Find<QComboBox>("cmbAlign")->currentText(), QStringLiteral("lef"));
     TypeIn(test_->editor, "cmbAlign", "left");

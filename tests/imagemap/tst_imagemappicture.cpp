@@ -131,7 +131,7 @@ void tst_imagemappicture::widePictureScrollsSidewaysOnly()
     const auto* const bar = test_->Find<QScrollBar>("HScroll1");
     QVERIFY(bar->isEnabled());
     QCOMPARE(bar->minimum(), 0);
-    QCOMPARE(bar->maximum(), 1500 - test_->Find<QFrame>("PicNosac")->contentsRect().width());
+    QCOMPARE(bar->maximum(), 1500 - test_->Find<QWidget>("PicNosac")->contentsRect().width());
     QCOMPARE(bar->value(), 0);
     QVERIFY(!test_->Find<QScrollBar>("VScroll1")->isEnabled());
 }
@@ -141,7 +141,7 @@ void tst_imagemappicture::tallPictureScrollsUpAndDownOnly()
     test_->OpenPicture({ 100, 1500 });
     const auto* const bar = test_->Find<QScrollBar>("VScroll1");
     QVERIFY(bar->isEnabled());
-    QCOMPARE(bar->maximum(), 1500 - test_->Find<QFrame>("PicNosac")->contentsRect().height());
+    QCOMPARE(bar->maximum(), 1500 - test_->Find<QWidget>("PicNosac")->contentsRect().height());
     QCOMPARE(bar->value(), 0);
     QVERIFY(!test_->Find<QScrollBar>("HScroll1")->isEnabled());
 }
