@@ -6,12 +6,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QMutex>
-#include <QMutexLocker>
 #include <QtEndian>
 #include <algorithm>
 #include <optional>
-#include <utility>
 
 namespace {
 
@@ -20,14 +17,13 @@ constexpr qint64 fileBytesAtMost = 512LL * 1024 * 1024;
 
 /**
  * Gives Qt's image readers more memory than their usual 128 MB, which a 40-megapixel photograph exceeds. The
- * limit belongs to the whole process: it is raised for one picture at a time and put back for everyone else.
+ * limit belongs to the whole process: it is raised for one picture and put back for everything else.
  */
 class RaisedAllocationLimit
 {
 public:
     RaisedAllocationLimit()
-        : locker_(&Turn())
-        , previous_(QImageReader::allocationLimit())
+        : previous_(QImageReader::allocationLimit())
     {
         QImageReader::setAllocationLimit(pictureMegabytesAtMost);
     }
@@ -35,13 +31,6 @@ public:
     Q_DISABLE_COPY_MOVE(RaisedAllocationLimit)
 
 private:
-    static QMutex& Turn()
-    {
-        static QMutex turn;
-        return turn;
-    }
-
-    QMutexLocker<QMutex> locker_;
     int previous_;
 };
 

@@ -13,7 +13,6 @@
 #include <array>
 #include <initializer_list>
 #include <random>
-#include <thread>
 #include <vector>
 
 #ifdef Q_OS_UNIX
@@ -265,7 +264,6 @@ private Q_SLOTS:
     void largePhotographsLoad_data();
     void largePhotographsLoad();
     void allocationLimitIsPutBack();
-    void picturesLoadInSeveralThreads();
 
     void truncatedPictureGivesNoPicture_data();
     void truncatedPictureGivesNoPicture();
@@ -579,24 +577,6 @@ void TestPictureFile::allocationLimitIsPutBack()
     QVERIFY(Load(Fixture("colour.jpg").chopped(1)).isNull());
     QCOMPARE(QImageReader::allocationLimit(), limitOfOthers);
     QImageReader::setAllocationLimit(before);
-}
-
-void TestPictureFile::picturesLoadInSeveralThreads()
-{
-    const int limit = QImageReader::allocationLimit();
-    const QString path = FixturePath("colour.jpg");
-    std::array<int, 4> loaded{};
-    std::vector<std::thread> threads;
-    for (int& count : loaded) {
-        threads.emplace_back([&count, &path] {
-            for (int round = 0; round < 50; ++round) {
-                count += LoadPicture(path).isNull() ? 0 : 1;
-            }
-        });
-    }
-    std::for_each(threads.begin(), threads.end(), [](std::thread& thread) { thread.join(); });
-    QCOMPARE(loaded, (std::array{ 50, 50, 50, 50 }));
-    QCOMPARE(QImageReader::allocationLimit(), limit);
 }
 
 void TestPictureFile::truncatedPictureGivesNoPicture_data()
