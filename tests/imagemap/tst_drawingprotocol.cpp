@@ -34,9 +34,15 @@ struct Editor
     FigureStore& Store() { return imgMap.Store; }
     FigureRecord& Figure(int index) { return Store().Figures[static_cast<std::size_t>(index)]; }
 
-    void Press(QPointF at, int button = leftButton) { protocol.MouseDown(button, float(at.x()), float(at.y())); }
+    void Press(QPointF at, int button = leftButton)
+    {
+        protocol.MouseDown(button, float(at.x()), float(at.y()));
+    }
     void Move(QPointF to) { protocol.MouseMove(float(to.x()), float(to.y())); }
-    void Release(QPointF at, int button = leftButton) { protocol.MouseUp(button, float(at.x()), float(at.y())); }
+    void Release(QPointF at, int button = leftButton)
+    {
+        protocol.MouseUp(button, float(at.x()), float(at.y()));
+    }
     void Click(QPointF at, int button = leftButton)
     {
         Press(at, button);
