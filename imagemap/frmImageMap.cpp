@@ -190,11 +190,8 @@ bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
 
 void frmImageMap::OpenImage()
 {
-    if (imgMap_.Store.FigureCount > 0) {
-        if (!ConfirmDeletion()) {
-            return;
-        }
-        DeleteMap();
+    if (!DiscardMap()) {
+        return;
     }
     AbandonDrawing();
     QFileDialog dialog(this);
@@ -240,10 +237,7 @@ void frmImageMap::NewImageMap()
 {
     if (imgMap_.Store.FigureCount == 0) {
         AbandonDrawing();
-        return;
-    }
-    if (ConfirmDeletion()) {
-        DeleteMap();
+    } else if (DiscardMap()) {
         ShowModeHeader();
     }
 }
@@ -268,7 +262,7 @@ void frmImageMap::GenerateMap()
                          .FileNamesOnly = ui_->Check1->isChecked(),
                          .ModeDefault = imgMap_.ModeDefault,
                          .Areas = {} };
-    for (int i = 0; i < ui_->ListView1->topLevelItemCount(); ++i) {
+    for (int i = 0; i < AreaCount(); ++i) {
         source.Areas << RowAt(i);
     }
     document_.InsertAtCaret(GenerateMapFor(imgMap_.Mode, source));
@@ -276,13 +270,9 @@ void frmImageMap::GenerateMap()
 
 void frmImageMap::CloseImageMapEditor()
 {
-    if (imgMap_.Store.FigureCount > 0) {
-        if (!ConfirmDeletion()) {
-            return;
-        }
-        DeleteMap();
+    if (DiscardMap()) {
+        close();
     }
-    close();
 }
 
 void frmImageMap::DeleteMap()
@@ -298,9 +288,16 @@ void frmImageMap::AbandonDrawing()
     protocol_.AbandonDrawing();
 }
 
-bool frmImageMap::ConfirmDeletion()
+bool frmImageMap::DiscardMap()
 {
-    return AskYesNo(this, QString::fromLatin1(deleteMapQuestion));
+    if (imgMap_.Store.FigureCount == 0) {
+        return true;
+    }
+    if (!AskYesNo(this, QString::fromLatin1(deleteMapQuestion))) {
+        return false;
+    }
+    DeleteMap();
+    return true;
 }
 
 void frmImageMap::closeEvent(QCloseEvent* event)
@@ -342,32 +339,14 @@ bool frmImageMap::QueryUnload()
 
 void frmImageMap::EditAreaData()
 {
-    if (HasSelectedArea()) {
-        EditArea();
-    } else {
-        ShowMessage(
-            this, QMessageBox::Information,
-            QStringLiteral("To edit already set data, select an Item in the Image Map Preview Box !"));
-    }
+    EditArea(QStringLiteral("To edit already set data, select an Item in the Image Map Preview Box !"));
 }
 
 void frmImageMap::EditSelectedArea()
 {
-    if (ui_->ListView1->topLevelItemCount() == 0) {
-        return;
+    if (AreaCount() > 0) {
+        EditArea(QStringLiteral("To edit already set data, double click on an Item !"));
     }
-    if (HasSelectedArea()) {
-        EditArea();
-    } else {
-        ShowMessage(
-            this, QMessageBox::Information,
-            QStringLiteral("To edit already set data, double click on an Item !"));
-    }
-}
-
-bool frmImageMap::HasSelectedArea() const
-{
-    return !ui_->ListView1->selectedItems().isEmpty();
 }
 
 AreaRow frmImageMap::RowAt(int index) const

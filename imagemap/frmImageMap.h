@@ -104,10 +104,9 @@ private:
     void EnableButtons(std::initializer_list<int> positions, bool enable);
     void EnableEntries(std::initializer_list<const char*> names, bool enable);
     void ShowStatus(QStringView text);
-    [[nodiscard]] bool HasSelectedArea() const;
-    [[nodiscard]] bool ConfirmDeletion();
+    [[nodiscard]] bool DiscardMap();
     [[nodiscard]] AreaRow RowAt(int index) const;
-    void EditArea();
+    void EditArea(const QString& hint);
     void OpenLinkDialog();
     void CloseDialogs();
     [[nodiscard]] bool QueryUnload();

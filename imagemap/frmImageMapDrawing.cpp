@@ -236,15 +236,16 @@ void frmImageMap::OpenLinkDialog()
     linkDialog_->show();
 }
 
-void frmImageMap::EditArea()
+void frmImageMap::EditArea(const QString& hint)
 {
-    if (linkDialog_ != nullptr) {
-        return;
+    const QList<QTreeWidgetItem*> selected = ui_->ListView1->selectedItems();
+    if (selected.isEmpty()) {
+        ShowMessage(this, QMessageBox::Information, hint);
+    } else if (linkDialog_ == nullptr) {
+        ShowStatus(TextsOf(imgMap_.Mode).replacePrompt);
+        OpenLinkDialog();
+        linkDialog_->PrepareReplacing(RowAt(ui_->ListView1->indexOfTopLevelItem(selected.constFirst())));
     }
-    ShowStatus(TextsOf(imgMap_.Mode).replacePrompt);
-    const int index = ui_->ListView1->indexOfTopLevelItem(ui_->ListView1->selectedItems().constFirst());
-    OpenLinkDialog();
-    linkDialog_->PrepareReplacing(RowAt(index));
 }
 
 void frmImageMap::RepaintFigures()

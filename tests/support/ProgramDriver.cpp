@@ -1,0 +1,351 @@
+#include "tests/support/ProgramDriver.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QImageReader>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QToolBar>
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+constexpr int patience = 15000;
+
+constexpr int openImageButton = 3;
+constexpr int rectangleButton = 5;
+constexpr int circleButton = 6;
+constexpr int lineButton = 7;
+constexpr int insertButton = 16;
+
+QWidget* WaitForWindow(const QString& name)
+{
+    QWidget* found = nullptr;
+    (void)QTest::qWaitFor(
+        [&found, &name] {
+            for (QWidget* const window : QApplication::topLevelWidgets()) {
+                if (window->objectName() == name && window->isVisible()) {
+                    found = window;
+                }
+            }
+            return found != nullptr;
+        },
+        patience);
+    Check(found != nullptr, u"there is no window " + name);
+    return found;
+}
+
+/** Clicks an entry of a window's menu. */
+void ClickMenu(const QWidget& window, const QString& menuName, const QString& entryName)
+{
+    auto* const bar = FindPart<QMenuBar>(window, QStringLiteral("MenuBar1"));
+    auto* const menu = FindPart<QMenu>(window, menuName);
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
+    Check(QTest::qWaitFor([menu] { return menu->isVisible(); }), u"there opens no " + menuName);
+    QTest::mouseClick(
+        menu, Qt::LeftButton, {}, menu->actionGeometry(FindPart<QAction>(window, entryName)).center());
+}
+
+/** Clicks a button on its mark, wherever its text ends. */
+void ClickMark(QAbstractButton* button)
+{
+    constexpr int inMark = 8;
+    QTest::mouseClick(button, Qt::LeftButton, {}, { inMark, button->height() / 2 });
+}
+
+/** Types `text`; a letter beyond ASCII comes as from a keyboard that has it. */
+void TypeText(QWidget* field, const QString& text)
+{
+    for (const QChar character : text) {
+        if (character.unicode() < 0x80) {
+            QTest::keyClick(field, character.toLatin1());
+            continue;
+        }
+        for (const QEvent::Type type : { QEvent::KeyPress, QEvent::KeyRelease }) {
+            QKeyEvent event(type, Qt::Key_unknown, {}, character);
+            QCoreApplication::sendEvent(field, &event);
+        }
+    }
+}
+
+} // namespace
+
+void Check(bool holds, const QString& what)
+{
+    if (!holds) {
+        throw std::runtime_error(what.toStdString());
+    }
+}
+
+void Say(const QString& text)
+{
+    std::printf("%s\n", qPrintable(text));
+    std::fflush(stdout);
+}
+
+namespace {
+
+QtMessageHandler previousHandler = nullptr;
+
+/** Passes on what Qt says, but for the offscreen platform's remarks on what a platform without a screen
+ * lacks. */
+void PassOn(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (!message.startsWith(u"This plugin does not support ")) {
+        previousHandler(type, context, message);
+    }
+}
+
+} // namespace
+
+ProgramDriver::ProgramDriver(const QString& folder, StepSeen stepSeen)
+    : folder_(folder)
+    , stepSeen_(std::move(stepSeen))
+    , startup_(imgMap_)
+{
+    previousHandler = qInstallMessageHandler(PassOn);
+    Check(
+        folder_.mkpath(QStringLiteral("Data")) && folder_.mkpath(QStringLiteral("Temp")),
+        u"cannot make the folder " + folder_.path());
+    imgMap_.ProgramFolder = folder_.absolutePath();
+}
+
+void ProgramDriver::Seen(QWidget& window, const QString& step)
+{
+    if (stepSeen_) {
+        QCoreApplication::processEvents();
+        stepSeen_(window, step);
+    }
+}
+
+void ProgramDriver::StartProgram()
+{
+    startup_.Begin();
+    Seen(*WaitForWindow(QStringLiteral("frmSplash")), QStringLiteral("splash"));
+    main_ = WaitForWindow(QStringLiteral("frmIMmain"));
+    source_ = FindPart<QPlainTextEdit>(*main_, QStringLiteral("MapsText1"));
+    GoToSource();
+}
+
+void ProgramDriver::GoToSource()
+{
+    main_->activateWindow();
+    Check(QTest::qWaitForWindowActive(main_), QStringLiteral("the main window does not become active"));
+    source_->setFocus();
+}
+
+void ProgramDriver::WritePageFrame(const QString& head)
+{
+    GoToSource();
+    for (const QString& line : { QStringLiteral("<html>"), QString(u"<head>" + head + u"</head>"),
+                                 QStringLiteral("<body>"), QString(), QStringLiteral("</body>") }) {
+        QTest::keyClicks(source_, line);
+        QTest::keyClick(source_, Qt::Key_Return);
+    }
+    QTest::keyClicks(source_, QStringLiteral("</html>"));
+    QTest::keyClick(source_, Qt::Key_Up);
+    QTest::keyClick(source_, Qt::Key_Up);
+    QTest::keyClick(source_, Qt::Key_Home);
+    Seen(*main_, QStringLiteral("page"));
+}
+
+void ProgramDriver::NewPage()
+{
+    GoToSource();
+    QTest::keyClick(source_, Qt::Key_N, Qt::ControlModifier);
+    FinishDialogs();
+    Check(source_->document()->isEmpty(), QStringLiteral("the new page is not empty"));
+}
+
+void ProgramDriver::SavePage(const QString& path)
+{
+    robot_.ChooseFile(path);
+    GoToSource();
+    QTest::keyClick(source_, Qt::Key_S, Qt::ControlModifier);
+    FinishDialogs();
+    Check(
+        FindPart<QLabel>(*main_, QStringLiteral("StatusBar1_Panel3"))->text() ==
+            QDir::toNativeSeparators(path),
+        QStringLiteral("the page was not saved"));
+    Seen(*main_, QStringLiteral("saved"));
+}
+
+void ProgramDriver::OpenEditor()
+{
+    QTest::keyClick(source_, Qt::Key_I, Qt::ControlModifier);
+    editor_ = WaitForWindow(QStringLiteral("frmImageMap"));
+    Seen(*editor_, QStringLiteral("editor"));
+}
+
+void ProgramDriver::OpenPicture(const QString& picture)
+{
+    robot_.ChooseFile(picture);
+    ClickToolbar(openImageButton);
+    FinishDialogs();
+    surface_ = FindPart<QWidget>(*editor_, QStringLiteral("PictureDisplay"));
+    const QImage expected = QImageReader(picture).read();
+    Check(
+        surface_->width() > 0 &&
+            surface_->width() * surface_->height() == expected.width() * expected.height(),
+        QStringLiteral("the picture is not shown"));
+    visible_ = surface_->size().boundedTo(surface_->parentWidget()->size());
+    Seen(*editor_, QStringLiteral("picture"));
+}
+
+void ProgramDriver::ChooseMode(JSMode mode)
+{
+    robot_.Act([this, mode](QDialog& dialog) {
+        const QString option = QStringLiteral("optJSOpt_%1").arg(int(mode));
+        if (imgMap_.Store.FigureCount > 0) {
+            robot_.AnswerBox(QMessageBox::Yes);
+        }
+        ClickMark(FindPart<QRadioButton>(dialog, option));
+        Check(
+            QTest::qWaitFor([this, &dialog] {
+                return imgMap_.Store.FigureCount == 0 && QApplication::activeModalWidget() == &dialog;
+            }),
+            QStringLiteral("the map was not deleted"));
+        Seen(dialog, QStringLiteral("mode"));
+        QTest::mouseClick(FindPart<QPushButton>(dialog, QStringLiteral("cmdOK")), Qt::LeftButton);
+    });
+    ClickMenu(*editor_, QStringLiteral("mnuJS"), QStringLiteral("mnuJSOptions"));
+    FinishDialogs();
+    Check(imgMap_.Mode == mode, QStringLiteral("the mode was not taken"));
+}
+
+void ProgramDriver::NameFilesOnly(bool fileNamesOnly)
+{
+    auto* const check = FindPart<QCheckBox>(*editor_, QStringLiteral("Check1"));
+    if (check->isChecked() != fileNamesOnly) {
+        ClickMark(check);
+    }
+    Check(check->isChecked() == fileNamesOnly, QStringLiteral("the check box does not follow the mouse"));
+}
+
+void ProgramDriver::DrawRectangle(QPoint from, QPoint to, const FieldTexts& link)
+{
+    ClickToolbar(rectangleButton);
+    LinkNextFigure(QStringLiteral("rectangle"), link);
+    DragFigure(from, to);
+}
+
+void ProgramDriver::DrawCircle(QPoint centre, QPoint rim, const FieldTexts& link)
+{
+    ClickToolbar(circleButton);
+    LinkNextFigure(QStringLiteral("circle"), link);
+    DragFigure(centre, rim);
+}
+
+void ProgramDriver::DrawPolygon(const QList<QPoint>& corners, const FieldTexts& link)
+{
+    ClickToolbar(lineButton);
+    LinkNextFigure(QStringLiteral("polygon"), link);
+    Press(Qt::LeftButton, corners[0]);
+    Release(Qt::LeftButton, corners[0]);
+    for (qsizetype i = 1; i < corners.size(); ++i) {
+        Drag(corners[i - 1], corners[i]);
+        const Qt::MouseButton button = i + 1 == corners.size() ? Qt::RightButton : Qt::LeftButton;
+        Press(button, corners[i]);
+        Release(button, corners[i]);
+    }
+    FinishDialogs();
+}
+
+void ProgramDriver::InsertMap()
+{
+    ClickToolbar(insertButton);
+    Check(
+        source_->document()->toRawText().contains(u"USEMAP"),
+        QStringLiteral("Insert has put no map into the page"));
+    Seen(*main_, QStringLiteral("map"));
+}
+
+QPoint ProgramDriver::At(int x, int y) const
+{
+    return { visible_.width() * x / 100, visible_.height() * y / 100 };
+}
+
+QSize ProgramDriver::PictureSize() const
+{
+    return surface_->size();
+}
+
+/** Answers the link dialog of the next figure with the keyboard. */
+void ProgramDriver::LinkNextFigure(const QString& shape, const FieldTexts& link)
+{
+    robot_.Act([this, shape, link](QDialog& dialog) {
+        for (const FieldText& text : link) {
+            FillIn(dialog, text);
+        }
+        Seen(dialog, u"link-" + shape);
+        QTest::mouseClick(FindPart<QPushButton>(dialog, QStringLiteral("SSCmdOK")), Qt::LeftButton);
+    });
+}
+
+void ProgramDriver::FillIn(const QDialog& dialog, const FieldText& text)
+{
+    auto* const part = FindPart<QWidget>(dialog, QString::fromLatin1(text.field));
+    if (qobject_cast<QAbstractButton*>(part) != nullptr) {
+        robot_.ChooseFile(text.text);
+        QTest::mouseClick(part, Qt::LeftButton);
+        return;
+    }
+    const auto* const list = qobject_cast<QComboBox*>(part);
+    TypeText(list != nullptr ? list->lineEdit() : part, text.text);
+}
+
+void ProgramDriver::FinishDialogs()
+{
+    robot_.WaitUntilDone();
+    Check(robot_.Problems().isEmpty(), robot_.Problems());
+}
+
+void ProgramDriver::ClickToolbar(int position)
+{
+    auto* const toolbar = FindPart<QToolBar>(*editor_, QStringLiteral("Toolbar1"));
+    QWidget* const button = toolbar->widgetForAction(toolbar->actions().at(position - 1));
+    Check(button->isEnabled(), QStringLiteral("toolbar button %1 is disabled").arg(position));
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+// The mouse is sent to the window, which finds the widget and keeps the grab, as the system does.
+void ProgramDriver::Press(Qt::MouseButton button, QPoint place)
+{
+    QTest::mousePress(editor_->windowHandle(), button, {}, InWindow(place));
+}
+
+void ProgramDriver::Release(Qt::MouseButton button, QPoint place)
+{
+    QTest::mouseRelease(editor_->windowHandle(), button, {}, InWindow(place));
+}
+
+void ProgramDriver::Drag(QPoint from, QPoint to)
+{
+    constexpr int steps = 8;
+    for (int i = 1; i <= steps; ++i) {
+        QTest::mouseMove(editor_->windowHandle(), InWindow(from + (to - from) * i / steps));
+    }
+}
+
+void ProgramDriver::DragFigure(QPoint from, QPoint to)
+{
+    Press(Qt::LeftButton, from);
+    Drag(from, to);
+    Release(Qt::LeftButton, to);
+    FinishDialogs();
+}
+
+QPoint ProgramDriver::InWindow(QPoint place) const
+{
+    return surface_->mapTo(editor_, place);
+}
