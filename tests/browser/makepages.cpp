@@ -46,7 +46,7 @@ class PageMaker
 {
 public:
     PageMaker(const QString& folder, const QString& picture)
-        : folder_(folder)
+        : folder_(QDir(folder).absolutePath()) // the program makes its own folder the current one
         , program_(folder)
         , original_(picture)
     {

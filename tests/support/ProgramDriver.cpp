@@ -109,7 +109,7 @@ void PassOn(QtMsgType type, const QMessageLogContext& context, const QString& me
 } // namespace
 
 ProgramDriver::ProgramDriver(const QString& folder, StepSeen stepSeen)
-    : folder_(folder)
+    : folder_(QDir(folder).absolutePath())
     , stepSeen_(std::move(stepSeen))
     , startup_(imgMap_)
 {

@@ -18,7 +18,7 @@ class Tour
 {
 public:
     Tour(const QString& folder, const QString& picture)
-        : folder_(folder)
+        : folder_(QDir(folder).absolutePath()) // the program makes its own folder the current one
         , picture_(QFileInfo(picture).absoluteFilePath())
         , program_(folder, [this](QWidget& window, const QString& step) { Shoot(window, step); })
     {
