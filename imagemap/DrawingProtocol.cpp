@@ -239,20 +239,8 @@ void DrawingProtocol::DrawFigure(qint16 kind, qint16 x1, qint16 y1, qint16 x2, q
     if (kind == kindRectangle || kind == kindCircle || kind == kindLine) {
         view_.PaintFigure(figure, pen);
         ShowPoints(figure);
-        if (kind == kindCircle) {
-            view_.SetLabel(DrawingLabel::Dimensions1, QString::number(figure.radius));
-            view_.SetLabel(DrawingLabel::Dimensions2, QString());
-        } else {
-            const std::optional<qint16> width = Distance(x1, x2);
-            if (!width) {
-                return;
-            }
-            view_.SetLabel(DrawingLabel::Dimensions1, QString::number(*width) + u',');
-            const std::optional<qint16> height = Distance(y1, y2);
-            if (!height) {
-                return;
-            }
-            view_.SetLabel(DrawingLabel::Dimensions2, QString::number(*height));
+        if (!ShowSize(figure)) {
+            return;
         }
     }
     ShowFigureCount();
@@ -264,6 +252,24 @@ void DrawingProtocol::ShowPoints(const PaintedFigure& figure)
     view_.SetLabel(DrawingLabel::StartPosition2, QString::number(figure.y1));
     view_.SetLabel(DrawingLabel::EndPosition1, QString::number(figure.x2) + u',');
     view_.SetLabel(DrawingLabel::EndPosition2, QString::number(figure.y2));
+}
+
+bool DrawingProtocol::ShowSize(const PaintedFigure& figure)
+{
+    if (figure.kind == kindCircle) {
+        view_.SetLabel(DrawingLabel::Dimensions1, QString::number(figure.radius));
+        view_.SetLabel(DrawingLabel::Dimensions2, QString());
+        return true;
+    }
+    const std::optional<qint16> width = Distance(figure.x1, figure.x2);
+    if (width) {
+        view_.SetLabel(DrawingLabel::Dimensions1, QString::number(*width) + u',');
+    }
+    const std::optional<qint16> height = width ? Distance(figure.y1, figure.y2) : std::nullopt;
+    if (height) {
+        view_.SetLabel(DrawingLabel::Dimensions2, QString::number(*height));
+    }
+    return height.has_value();
 }
 
 void DrawingProtocol::ShowFigureCount()

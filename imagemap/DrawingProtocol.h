@@ -81,6 +81,8 @@ private:
     void ShowEmptyState();
     void ShowFigureCount();
     void ShowPoints(const PaintedFigure& figure);
+    /** False when the size does not fit 16 bits; what comes before the part that does not fit is shown. */
+    [[nodiscard]] bool ShowSize(const PaintedFigure& figure);
 
     ImgMap& imgMap_;
     DrawingView& view_;

@@ -41,12 +41,12 @@ inline constexpr std::array<DrawingLabelName, 9> drawingLabels = { {
 /** A figure as it is painted: picture pixels; for a circle the first point is its centre. */
 struct PaintedFigure
 {
-    int kind = 0; ///< kindRectangle, kindCircle or kindLine
-    int x1 = 0;
-    int y1 = 0;
-    int x2 = 0;
-    int y2 = 0;
-    int radius = 0; ///< circles only
+    qint16 kind = 0; ///< kindRectangle, kindCircle or kindLine
+    qint16 x1 = 0;
+    qint16 y1 = 0;
+    qint16 x2 = 0;
+    qint16 y2 = 0;
+    qint16 radius = 0; ///< circles only
 
     bool operator==(const PaintedFigure&) const = default;
 };

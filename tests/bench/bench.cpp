@@ -145,25 +145,25 @@ private:
 };
 
 /** The `i`-th figure of a picture well filled with them; the same ones in every run. */
-PaintedFigure FigureAt(int i, QSize size)
+FigureRecord FigureAt(int i, QSize size)
 {
     const int x = i * 37 % (size.width() - 200);
     const int y = i * 53 % (size.height() - 200);
-    const int kind = kindRectangle + i % 3;
-    return { kind, x, y, x + 60 + i % 90, y + 60 + i % 70, kind == kindCircle ? 60 + i % 70 : 0 };
+    FigureRecord figure;
+    figure.Kind = qint16(kindRectangle + i % 3);
+    figure.X1 = qint16(x);
+    figure.Y1 = qint16(y);
+    figure.X2 = qint16(x + 60 + i % 90);
+    figure.Y2 = qint16(y + 60 + i % 70);
+    figure.Radius = qint16(60 + i % 70);
+    return figure;
 }
 
 void Editor::AddFigures(int count, QSize size)
 {
     FigureStore& store = folder_.imgMap.Store;
     for (int i = 0; i < count; ++i) {
-        const PaintedFigure figure = FigureAt(i, size);
-        FigureRecord& record = store.Figures[std::size_t(i)];
-        record.Kind = qint16(figure.kind);
-        record.X1 = qint16(figure.x1);
-        record.Y1 = qint16(figure.y1);
-        record.X2 = qint16(figure.x2);
-        record.Y2 = qint16(figure.y2);
+        store.Figures[std::size_t(i)] = FigureAt(i, size);
     }
     store.FigureCount = count;
     window_->RepaintFigures();
@@ -201,13 +201,13 @@ void BenchRedraw(QSize size, const char* what)
         QImage drawing = picture;
         QPainter painter(&drawing);
         for (int i = 0; i < count; ++i) {
-            const PaintedFigure figure = FigureAt(i, size);
-            if (figure.kind == kindRectangle) {
-                painter.drawRect(figure.x1, figure.y1, figure.x2 - figure.x1, figure.y2 - figure.y1);
-            } else if (figure.kind == kindCircle) {
-                painter.drawEllipse(QPoint(figure.x1, figure.y1), figure.radius, figure.radius);
+            const FigureRecord figure = FigureAt(i, size);
+            if (figure.Kind == kindRectangle) {
+                painter.drawRect(figure.X1, figure.Y1, figure.X2 - figure.X1, figure.Y2 - figure.Y1);
+            } else if (figure.Kind == kindCircle) {
+                painter.drawEllipse(QPoint(figure.X1, figure.Y1), figure.Radius, figure.Radius);
             } else {
-                painter.drawLine(figure.x1, figure.y1, figure.x2, figure.y2);
+                painter.drawLine(figure.X1, figure.Y1, figure.X2, figure.Y2);
             }
         }
     });
