@@ -11,7 +11,7 @@
 namespace Ui {
 class frmIMmain;
 }
-class QFileDialog;
+class QKeyEvent;
 class QLabel;
 class frmImageMap;
 
@@ -56,7 +56,7 @@ private:
     void CreateStatusBar();
     void PlaceToolbar();
     void LoadSavedLinks();
-    void FollowCapsLock(const class QKeyEvent& key);
+    void FollowCapsLock(const QKeyEvent& key);
 
     [[nodiscard]] QString DocumentName() const;
     [[nodiscard]] bool IsNeverSaved() const;
