@@ -231,6 +231,10 @@ bool SourceEditor::event(QEvent* event)
 
 bool SourceEditor::IsMenuKey(const QKeyEvent& key) const
 {
+    const bool isCombined = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!isCombined && !key.text().isEmpty() && key.text().front().isPrint()) {
+        return false; // typing must not wait for a look through the menus
+    }
     const QKeySequence pressed(key.keyCombination());
     const QList<QAction*> actions = window()->findChildren<QAction*>();
     return std::any_of(actions.begin(), actions.end(), [&pressed](const QAction* action) {

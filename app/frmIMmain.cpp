@@ -150,8 +150,7 @@ void frmIMmain::LoadSavedLinks()
         ui_->ListView1->addItem(link.Url);
     }
     if (saved.isDamaged) {
-        ShowMessage(
-            this, QMessageBox::Warning, QStringLiteral("File Links.dra is either damaged or missing !"));
+        ShowMessage(this, QMessageBox::Warning, linksDamagedText.toString());
     }
 }
 

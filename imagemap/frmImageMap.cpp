@@ -5,7 +5,6 @@
 #include "imagemap/frmJSOptions.h"
 #include "linkdialog/frmIMLink.h"
 #include "shared/CommandTables.h"
-#include "shared/DialogFilter.h"
 #include "shared/Paths.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmImageMap.h"
@@ -161,8 +160,7 @@ void frmImageMap::Form_Load()
     protocol_.SelectCursor();
     ShowStatus(QString::fromLatin1(noPictureText));
     EnableFigureCommands(false);
-    EnableButtons({ 5, 6, 7, 9, 11 }, false);
-    EnableEntries({ "mnuFigNum_5", "mnuFigNum_6", "mnuFigNum_7", "mnuCursor", "mnuFigureColors" }, false);
+    EnablePictureCommands(false);
     ShowModeHeader();
 }
 
@@ -194,11 +192,7 @@ void frmImageMap::OpenImage()
         return;
     }
     AbandonDrawing();
-    QFileDialog dialog(this);
-    dialog.setObjectName(QStringLiteral("CMDialog1"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(DialogNameFilters(pictureFilter));
-    const std::optional<QString> path = ChosenFile(dialog);
+    const std::optional<QString> path = AskForPicture(this);
     if (!path) {
         return;
     }
@@ -226,8 +220,7 @@ void frmImageMap::ShowPicture(const QString& path)
     imgMap_.ImageUrl = path;
     PathToFileUrl(imgMap_.ImageUrl);
     ui_->Check1->setEnabled(true);
-    EnableButtons({ 5, 6, 7, 9, 11 }, true);
-    EnableEntries({ "mnuFigNum_5", "mnuFigNum_6", "mnuFigNum_7", "mnuCursor", "mnuFigureColors" }, true);
+    EnablePictureCommands(true);
     if (protocol_.Tool() == DrawingTool::Cursor) {
         protocol_.SelectCursor();
     }
@@ -405,6 +398,12 @@ void frmImageMap::mnuJSOptions_Click()
     jsOptions_ = new frmJSOptions(imgMap_, *this);
     jsOptions_->Form_Load();
     jsOptions_->show();
+}
+
+void frmImageMap::EnablePictureCommands(bool enable)
+{
+    EnableButtons({ 5, 6, 7, 9, 11 }, enable);
+    EnableEntries({ "mnuFigNum_5", "mnuFigNum_6", "mnuFigNum_7", "mnuCursor", "mnuFigureColors" }, enable);
 }
 
 void frmImageMap::EnableButtons(std::initializer_list<int> positions, bool enable)

@@ -101,6 +101,7 @@ private:
     void ConnectPicture();
     void ShowPicture(const QString& path);
     void UpdateScrollBars();
+    void EnablePictureCommands(bool enable);
     void EnableButtons(std::initializer_list<int> positions, bool enable);
     void EnableEntries(std::initializer_list<const char*> names, bool enable);
     void ShowStatus(QStringView text);

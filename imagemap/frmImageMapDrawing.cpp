@@ -241,7 +241,7 @@ void frmImageMap::EditArea(const QString& hint)
     const QList<QTreeWidgetItem*> selected = ui_->ListView1->selectedItems();
     if (selected.isEmpty()) {
         ShowMessage(this, QMessageBox::Information, hint);
-    } else if (linkDialog_ == nullptr) {
+    } else if (linkDialog_ == nullptr || !linkDialog_->isVisible()) {
         ShowStatus(TextsOf(imgMap_.Mode).replacePrompt);
         OpenLinkDialog();
         linkDialog_->PrepareReplacing(RowAt(ui_->ListView1->indexOfTopLevelItem(selected.constFirst())));

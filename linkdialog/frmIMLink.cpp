@@ -1,6 +1,5 @@
 #include "linkdialog/frmIMLink.h"
 
-#include "shared/DialogFilter.h"
 #include "shared/LinksFile.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMLink.h"
@@ -60,9 +59,7 @@ void frmIMLink::LoadLinks()
     ui_->cmbLink->setCurrentIndex(-1);
     ui_->cmbLink->clearEditText();
     if (saved.isDamaged) {
-        ShowMessage(
-            parentWidget(), QMessageBox::Warning,
-            QStringLiteral("File Links.dra is either damaged or missing !"));
+        ShowMessage(parentWidget(), QMessageBox::Warning, linksDamagedText.toString());
     }
 }
 
@@ -198,11 +195,7 @@ void frmIMLink::Command2_Click()
 void frmIMLink::ChooseImage(QLineEdit* field)
 {
     GoToProgramFolder(imgMap_);
-    QFileDialog dialog(this);
-    dialog.setObjectName(QStringLiteral("CMDialog1"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(DialogNameFilters(pictureFilter));
-    if (const std::optional<QString> path = ChosenFile(dialog)) {
+    if (const std::optional<QString> path = AskForPicture(this)) {
         field->setText(*path);
     }
     GoToProgramFolder(imgMap_);

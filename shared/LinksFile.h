@@ -24,5 +24,8 @@ struct SavedLinks
  */
 [[nodiscard]] SavedLinks ReadSavedLinks(const QString& path);
 
+/** What the user is told of a file that is damaged in this sense. */
+inline constexpr QStringView linksDamagedText = u"File Links.dra is either damaged or missing !";
+
 /** Where the links file lies, relative to the program's folder. */
 inline constexpr QStringView linksFileName = u"Data/Links.dra";

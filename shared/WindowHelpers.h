@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shared/DialogFilter.h"
 #include "shared/ImgMap.h"
 
 #include <QApplication>
@@ -71,4 +72,14 @@ inline std::optional<QString> ChosenFile(QFileDialog& dialog)
         return std::nullopt;
     }
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+}
+
+/** Asks for a picture to open; nothing when the dialog was cancelled. */
+inline std::optional<QString> AskForPicture(QWidget* owner)
+{
+    QFileDialog dialog(owner);
+    dialog.setObjectName(QStringLiteral("CMDialog1"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(DialogNameFilters(pictureFilter));
+    return ChosenFile(dialog);
 }

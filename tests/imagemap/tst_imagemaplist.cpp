@@ -45,6 +45,7 @@ private Q_SLOTS:
     void doubleClickOnTheEmptyListDoesNothing();
     void doubleClickEditsTheRow();
     void enterEditsTheSelectedRow();
+    void rowCanBeEditedAgainAtOnce();
     void editDataEditsTheSelectedRow_data();
     void editDataEditsTheSelectedRow();
     void replacingRewritesOnlyLinkAndMessage();
@@ -215,6 +216,19 @@ void tst_imagemaplist::enterEditsTheSelectedRow()
         test_->DialogOpenedBy([this] { QTest::keyClick(test_->List(), Qt::Key_Return); });
     QCOMPARE(Find<QComboBox>(dialog, "cmbLink")->currentText(), QStringLiteral("one.htm"));
     dialog->close();
+}
+
+void tst_imagemaplist::rowCanBeEditedAgainAtOnce()
+{
+    test_->DrawRectangle({ 10, 10 }, { 40, 40 }, "one.htm");
+    SelectRow(0);
+    const auto edit = [this] { test_->Entry("mnuLink")->trigger(); };
+    const QPointer<QDialog> first = test_->DialogOpenedBy(edit);
+    first->close();
+    const QPointer<QDialog> again = test_->DialogOpenedBy(edit);
+    QVERIFY(again != nullptr);
+    QCOMPARE(Find<QComboBox>(again, "cmbLink")->currentText(), QStringLiteral("one.htm"));
+    again->close();
 }
 
 void tst_imagemaplist::editDataEditsTheSelectedRow_data()
