@@ -7,8 +7,10 @@
 
 #include <QApplication>
 #include <QDrag>
+#include <QFontInfo>
 #include <QIcon>
 #include <QMimeData>
+#include <QPainter>
 #include <array>
 
 namespace {
@@ -22,11 +24,26 @@ constexpr qsizetype skeletonCaret = 60;
 /** Only the editor knows what to do with a tag that is dragged. */
 constexpr const char* tagMimeType = "application/x-cartolen-tag";
 constexpr QSize dragIconSize(32, 32);
+constexpr QPoint besidePointer(-20, -8);
 
 QPixmap DragIcon(const char* name, const QWidget& widget)
 {
     return QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(name)))
         .pixmap(dragIconSize, widget.devicePixelRatioF());
+}
+
+/** What is dragged, to be seen beside the pointer. */
+QPixmap TagPicture(const QLabel& label)
+{
+    const QRect text = label.fontMetrics().boundingRect(label.text()).adjusted(-4, -2, 4, 2);
+    QPixmap picture(text.size() * label.devicePixelRatioF());
+    picture.setDevicePixelRatio(label.devicePixelRatioF());
+    picture.fill(label.palette().color(QPalette::ToolTipBase));
+    QPainter painter(&picture);
+    painter.setFont(label.font());
+    painter.setPen(label.palette().color(QPalette::ToolTipText));
+    painter.drawText(QRect(QPoint(), text.size()), Qt::AlignCenter | Qt::TextSingleLine, label.text());
+    return picture;
 }
 
 } // namespace
@@ -68,7 +85,9 @@ void frmIMmain::mnuESelectAll_Click()
 
 void frmIMmain::mnuEFont_Click()
 {
-    FontDialog dialog(ui_->MapsText1->font(), this);
+    // The font that is shown: a dialog that lacks the one asked for would propose any other.
+    const QFontInfo shown(ui_->MapsText1->font());
+    FontDialog dialog(QFont(shown.family(), shown.pointSize()), this);
     if (lastFont_) {
         dialog.SetChoice(*lastFont_);
     }
@@ -114,7 +133,8 @@ void frmIMmain::lblQTags_MouseDown(QLabel* label)
     tag->setData(QString::fromLatin1(tagMimeType), label->text().toUtf8());
     auto* const drag = new QDrag(label);
     drag->setMimeData(tag);
-    drag->setPixmap(DragIcon("drag-tag", *this));
+    drag->setPixmap(TagPicture(*label));
+    drag->setHotSpot(besidePointer);
     drag->setDragCursor(DragIcon("drag-tag", *this), Qt::IgnoreAction);
     drag->setDragCursor(DragIcon("drag-over", *this), Qt::CopyAction);
     drag->exec(Qt::CopyAction);

@@ -5,6 +5,8 @@
 #include "ui_frmIMmain.h"
 
 #include <QKeyEvent>
+#include <QStyle>
+#include <QStyleFactory>
 
 namespace {
 
@@ -43,6 +45,10 @@ void frmIMmain::BuildTagTree()
         }
     }
     root->setExpanded(true);
+    // The one style of Qt's own that draws the lines of a tree and boxes to open and close.
+    QStyle* const withLines = QStyleFactory::create(QStringLiteral("Windows"));
+    withLines->setParent(ui_->TreeView1);
+    ui_->TreeView1->setStyle(withLines);
 }
 
 int frmIMmain::SelectedNode() const
