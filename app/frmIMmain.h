@@ -12,11 +12,14 @@
 namespace Ui {
 class frmIMmain;
 }
+class Desktop;
 class QKeyEvent;
 class QLabel;
+class QMouseEvent;
 class QTreeWidgetItem;
 class frmImageMap;
 class frmMapOptions;
+struct ShellRequest;
 
 /**
  * The main window: the HTML source editor with tags and saved links beside it. It owns the document, whose
@@ -27,7 +30,7 @@ class frmIMmain : public QMainWindow, public DocumentSink
     Q_OBJECT
 
 public:
-    explicit frmIMmain(ImgMap& imgMap);
+    frmIMmain(ImgMap& imgMap, Desktop& desktop);
     ~frmIMmain() override;
 
     /** Prepares the window for its first showing; tells when the saved links cannot be read. */
@@ -37,6 +40,8 @@ public:
     void OpenDocument();
     void SaveDocument();
     void SaveDocumentAs();
+    void PrintDocument();
+    void PreviewDocument();
     void UndoEdit();
     void CutText();
     void CopyText();
@@ -50,6 +55,8 @@ public:
     void InsertPageSkeleton();
     void OpenImageMapEditor();
     void mnuTPref_Click();
+    void OpenHomePage();
+    void ShowAbout();
     void ExitProgram();
 
     void InsertAtCaret(const QString& text) override;
@@ -70,6 +77,7 @@ private:
     void btnDelete_Click();
     void btnSave_Click();
     void lblQTags_MouseDown(QLabel* label);
+    void Picture_MouseUp(const QWidget& picture, const QMouseEvent& event);
     void Form_Resize();
     void Form_Unload();
     [[nodiscard]] bool QueryUnload();
@@ -99,7 +107,15 @@ private:
     [[nodiscard]] std::optional<QString> AskForSavePath();
     [[nodiscard]] std::optional<QString> AskForOpenPath();
 
+    /** Writes a copy of the document for another program; returns its path, also when that failed. */
+    [[nodiscard]] QString WriteTemporaryCopy(const QString& ending);
+    void ShellRun(const QString& verb, const QString& target);
+    void OpenAddress(const QString& address);
+    void Launch(const ShellRequest& request);
+    void ShowShellError(int code);
+
     ImgMap& imgMap_;
+    Desktop& desktop_;
     std::unique_ptr<Ui::frmIMmain> ui_;
     QLabel* panel1_ = nullptr;
     QLabel* panel2_ = nullptr;
