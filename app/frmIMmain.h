@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTextCharFormat>
 #include <memory>
 #include <optional>
 
@@ -13,7 +14,9 @@ class frmIMmain;
 }
 class QKeyEvent;
 class QLabel;
+class QTreeWidgetItem;
 class frmImageMap;
+class frmMapOptions;
 
 /**
  * The main window: the HTML source editor with tags and saved links beside it. It owns the document, whose
@@ -34,7 +37,19 @@ public:
     void OpenDocument();
     void SaveDocument();
     void SaveDocumentAs();
+    void UndoEdit();
+    void CutText();
+    void CopyText();
+    void PasteText();
+    void mnuEDelete_Click();
+    void mnuESelectAll_Click();
+    void mnuEFont_Click();
+    void mnuEUpperCase_Click();
+    void mnuELowerCase_Click();
+    void mnuEProperCase_Click();
+    void InsertPageSkeleton();
     void OpenImageMapEditor();
+    void mnuTPref_Click();
     void ExitProgram();
 
     void InsertAtCaret(const QString& text) override;
@@ -48,6 +63,13 @@ protected:
 
 private:
     void MapsText1_Change();
+    void TreeView1_NodeClick(const QTreeWidgetItem* node);
+    void TreeView1_MouseUp();
+    void TreeView1_DblClick();
+    void btnAdd_Click();
+    void btnDelete_Click();
+    void btnSave_Click();
+    void lblQTags_MouseDown(QLabel* label);
     void Form_Resize();
     void Form_Unload();
     [[nodiscard]] bool QueryUnload();
@@ -55,8 +77,16 @@ private:
     void CreateCommands();
     void CreateStatusBar();
     void PlaceToolbar();
+    void ConnectControls();
+    template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
+    void BuildTagTree();
     void LoadSavedLinks();
     void FollowCapsLock(const QKeyEvent& key);
+    [[nodiscard]] bool IsCommandKey(const QKeyEvent& key) const;
+    [[nodiscard]] bool TreeView1_KeyDown(const QKeyEvent& key);
+    [[nodiscard]] int SelectedNode() const;
+    void ShowPreview(int node);
+    [[nodiscard]] QString LinksPath() const;
 
     [[nodiscard]] QString DocumentName() const;
     [[nodiscard]] bool IsNeverSaved() const;
@@ -75,5 +105,7 @@ private:
     QLabel* panel2_ = nullptr;
     QLabel* panel3_ = nullptr;
     QPointer<frmImageMap> imageMapEditor_;
+    QPointer<frmMapOptions> options_;
+    std::optional<QTextCharFormat> lastFont_; ///< what the font dialog was accepted with last
     bool documentChanged_ = false;
 };
