@@ -23,7 +23,7 @@ constexpr int pageRole = Qt::UserRole;
 
 /** How much of the window the left side takes at first. */
 constexpr int leftWidth = 280;
-constexpr int rightWidth = 700;
+constexpr int rightWidth = 770;
 constexpr int findFieldCharacters = 24;
 
 QIcon HelpIcon(const char* name)

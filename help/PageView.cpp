@@ -12,8 +12,10 @@ namespace {
 
 constexpr int smallestZoom = -3;
 constexpr int largestZoom = 20;
-/** The widest column, in average characters: room for the pictures, and not yet tiring to read. */
-constexpr int columnCharacters = 104;
+/** The widest column, in average characters; more is tiring to read. */
+constexpr int columnCharacters = 100;
+/** The widest picture of the book. */
+constexpr int pictureWidth = 680;
 constexpr int leastMargin = 20;
 constexpr int topMargin = 14;
 constexpr int wheelStep = 120;
@@ -121,7 +123,7 @@ void PageView::Reread()
 void PageView::FitColumn()
 {
     QTextFrame* const frame = document()->rootFrame();
-    const int column = columnCharacters * fontMetrics().averageCharWidth();
+    const int column = std::max(columnCharacters * fontMetrics().averageCharWidth(), pictureWidth);
     const int margin = std::max(leastMargin, (viewport()->width() - column) / 2);
     QTextFrameFormat format = frame->frameFormat();
     if (static_cast<int>(std::nearbyint(format.leftMargin())) == margin) {

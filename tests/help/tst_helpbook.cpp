@@ -1,6 +1,7 @@
 #include "help/HelpBook.h"
 #include "linkdialog/AreaLinking.h"
 #include "shared/LinksFile.h"
+#include "taglib/TagCatalogue.h"
 #include "tests/help/HelpFiles.h"
 
 #include <QDir>
@@ -92,6 +93,14 @@ QStringList LiteralsOf(const QString& path)
     return found;
 }
 
+/** `text` as a page holds it. */
+QString EscapedText(QString text)
+{
+    return text.replace(u'&', QStringLiteral("&amp;"))
+        .replace(u'<', QStringLiteral("&lt;"))
+        .replace(u'>', QStringLiteral("&gt;"));
+}
+
 } // namespace
 
 class TestHelpBook : public QObject
@@ -120,6 +129,7 @@ private Q_SLOTS:
     void NoKeywordIsListedTwice();
     void EveryMessageIsExplained();
     void EveryModeIsExplained();
+    void EveryTagIsInTheTable();
 
 private:
     HelpBook small_;
@@ -405,6 +415,31 @@ void TestHelpBook::EveryModeIsExplained()
         const QString name = mode.option.toString().remove(QStringLiteral("On Mouse Over - "));
         QVERIFY2(text.contains(name), qUtf8Printable(name));
     }
+}
+
+void TestHelpBook::EveryTagIsInTheTable()
+{
+    const QString table = QString::fromUtf8(BytesOf(helpFolder + u"/pages/tag-table.html"));
+    const auto code = [](std::string_view text) {
+        const QString markup = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+        return markup.isEmpty() ? QString() : QString(u"<code>" + EscapedText(markup) + u"</code>");
+    };
+    qsizetype tags = 0;
+    qsizetype place = 0;
+    for (const TagNode& node : TagNodes()) {
+        if (node.Level == TagLevel::Item) {
+            ++tags;
+            const QString caption = QString::fromUtf8(node.Caption.data(), qsizetype(node.Caption.size()));
+            place = table.indexOf(
+                u"<tr><td>" + caption + u"</td><td>" + code(node.Before) + u"</td><td>" + code(node.After) +
+                    u"</td></tr>",
+                place);
+            QVERIFY2(place > 0, qUtf8Printable(caption));
+        }
+    }
+    QCOMPARE(table.count(QStringLiteral("<tr><td>")), tags);
+    const QString page = QString::fromUtf8(BytesOf(helpFolder + u"/pages/tags.html"));
+    QVERIFY(page.contains(QStringLiteral(" %1 HTML tags").arg(tags)));
 }
 
 QTEST_GUILESS_MAIN(TestHelpBook)

@@ -476,7 +476,7 @@ void TestHelpWindow::EveryPageOfTheShippedBookIsShown()
     HelpBook book;
     QCOMPARE(book.Open(shippedBook), HelpTrouble::None);
     HelpWindow window(book);
-    window.resize(980, 680);
+    window.resize(1050, 720);
     const auto* const page = Find<PageView>(&window, "PageView1");
     for (const HelpChapter& chapter : book.Chapters()) {
         for (const QString& name : chapter.pages) {
