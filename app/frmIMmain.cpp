@@ -2,6 +2,8 @@
 
 #include "app/WindowLayout.h"
 #include "app/frmMapOptions.h"
+#include "help/HelpDisplay.h"
+#include "help/HelpWindow.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/CommandTables.h"
 #include "shared/WindowHelpers.h"
@@ -10,6 +12,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <algorithm>
 
 namespace {
@@ -25,7 +28,7 @@ constexpr auto menuRows = std::to_array<Row>({
     { Entry, "mnuFSave", "&Save", "Ctrl+S", &frmIMmain::SaveDocument },
     { Entry, "mnuFSaveAs", "Save &As...", "", &frmIMmain::SaveDocumentAs },
     { Separator, "mnuFSep1" },
-    { Entry, "mnuFPrint", "&Print..." },
+    { Entry, "mnuFPrint", "&Print...", "", &frmIMmain::PrintDocument },
     { Separator, "mnuFSep2" },
     { Entry, "mnuFExit", "&Exit", "Ctrl+E", &frmIMmain::ExitProgram },
     { Menu, "mnuEdit", "&Edit" },
@@ -51,14 +54,14 @@ constexpr auto menuRows = std::to_array<Row>({
     { Menu, "mnuTools", "&Tools" },
     { Entry, "mnuTPref", "&Preferences...", "Ctrl+P", &frmIMmain::mnuTPref_Click },
     { Separator, "mnuTSep1" },
-    { Entry, "mnuTPreview", "Preview with Default &Browser", "Ctrl+D" },
+    { Entry, "mnuTPreview", "Preview with Default &Browser", "Ctrl+D", &frmIMmain::PreviewDocument },
     { Menu, "mnuHelp", "&Help" },
-    { Entry, "mnuHContents", "&Contents", "F1" },
-    { Entry, "mnuHSearch", "&Search" },
+    { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents },
+    { Entry, "mnuHSearch", "&Search", "", &frmIMmain::ShowHelpSearch },
     { Separator, "mnuHSep1" },
-    { Entry, "mnuHHome", "&Cartolen Home Page..." },
+    { Entry, "mnuHHome", "&Cartolen Home Page...", "", &frmIMmain::OpenHomePage },
     { Separator, "mnuHSep2" },
-    { Entry, "mnuHAbout", "&About Cartolen..." },
+    { Entry, "mnuHAbout", "&About Cartolen...", "", &frmIMmain::ShowAbout },
 });
 
 constexpr int toolbarPositions = 21;
@@ -66,15 +69,15 @@ constexpr auto toolbarRows = std::to_array<Button>({
     { 2, "New", "new", &frmIMmain::NewDocument },
     { 3, "Open", "open", &frmIMmain::OpenDocument },
     { 4, "Save", "save", &frmIMmain::SaveDocument },
-    { 6, "Print", "print" },
+    { 6, "Print", "print", &frmIMmain::PrintDocument },
     { 8, "Cut", "cut", &frmIMmain::CutText },
     { 9, "Copy", "copy", &frmIMmain::CopyText },
     { 10, "Paste", "paste", &frmIMmain::PasteText },
     { 11, "Undo", "undo", &frmIMmain::UndoEdit },
     { 13, "Custom HTML", "custom-html", &frmIMmain::InsertPageSkeleton },
     { 15, "Image Map", "image-map", &frmIMmain::OpenImageMapEditor },
-    { 17, "Preview with Default Browser", "preview" },
-    { 19, "Help", "help" },
+    { 17, "Preview with Default Browser", "preview", &frmIMmain::PreviewDocument },
+    { 19, "Help", "help", &frmIMmain::ShowHelpContents },
     { 21, "Exit", "exit", &frmIMmain::ExitProgram },
 });
 static_assert(IsToolbarInOrder(toolbarRows, toolbarPositions));
@@ -84,9 +87,11 @@ constexpr int belowToolbar = 4;
 
 } // namespace
 
-frmIMmain::frmIMmain(ImgMap& imgMap)
+frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     : imgMap_(imgMap)
+    , desktop_(desktop)
     , ui_(std::make_unique<Ui::frmIMmain>())
+    , help_(std::make_unique<HelpDisplay>(imgMap))
 {
     ui_->setupUi(this);
     CreateCommands();
@@ -113,9 +118,10 @@ void frmIMmain::ConnectControls()
     connect(ui_->btnAdd, &QPushButton::clicked, this, &frmIMmain::btnAdd_Click);
     connect(ui_->btnDelete, &QPushButton::clicked, this, &frmIMmain::btnDelete_Click);
     connect(ui_->btnSave, &QPushButton::clicked, this, &frmIMmain::btnSave_Click);
+    connect(help_.get(), &HelpDisplay::LinkToOutside, this, &frmIMmain::Help_LinkToOutside);
     for (QObject* const watched : std::initializer_list<QObject*>{
              ui_->MapsText1, ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags,
-             ui_->lblQTagsO, ui_->lblQTagsC }) {
+             ui_->lblQTagsO, ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
         watched->installEventFilter(this);
     }
 }
@@ -188,6 +194,8 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonRelease:
         if (watched == ui_->TreeView1->viewport()) {
             TreeView1_MouseUp();
+        } else if (watched == ui_->Picture1 || watched == ui_->Picture2) {
+            Picture_MouseUp(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
         }
         break;
     case QEvent::Resize:
@@ -199,6 +207,13 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void frmIMmain::Picture_MouseUp(const QWidget& picture, const QMouseEvent& event)
+{
+    if (event.button() == Qt::LeftButton && picture.rect().contains(event.position().toPoint())) {
+        OpenHomePage();
+    }
 }
 
 /** Whether `key` belongs to a command that a text field must leave alone: any but those of the Edit menu. */
@@ -264,7 +279,7 @@ template<class Window, class Make> void frmIMmain::ShowOnce(QPointer<Window>& wi
 
 void frmIMmain::OpenImageMapEditor()
 {
-    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, *this, this); });
+    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, *this, *help_, this); });
 }
 
 void frmIMmain::mnuTPref_Click()
@@ -300,6 +315,9 @@ void frmIMmain::Form_Unload()
     }
     if (options_ != nullptr) {
         options_->close();
+    }
+    if (help_->Window() != nullptr) {
+        help_->Window()->close();
     }
     QCoreApplication::quit();
 }
