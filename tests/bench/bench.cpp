@@ -2,6 +2,7 @@
 // machine's mood must not fail a build. Run it offscreen: QT_QPA_PLATFORM=offscreen cartolen-bench
 
 #include "app/SourceEditor.h"
+#include "app/frmIMmain.h"
 #include "imagemap/PictureSurface.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/DocumentSink.h"
@@ -15,8 +16,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTest>
+#include <QTreeWidget>
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 
 namespace {
@@ -255,6 +258,66 @@ void BenchTyping()
     PrintRow("a key in a document of 50 MB; in an empty one", large, SecondsOfKey(QString()), 2);
 }
 
+/** Seconds from the double click on "Bold" to the painted editor, with text selected in the middle of `text`.
+ */
+double SecondsOfTag(const QString& text)
+{
+    constexpr int tags = 20;
+    ProgramFolder folder;
+    frmIMmain window(folder.imgMap);
+    window.Form_Load();
+    window.show();
+    auto* const editor = window.findChild<SourceEditor*>();
+    auto* const tree = window.findChild<QTreeWidget*>();
+    editor->LoadText(text);
+    tree->expandAll();
+    QTreeWidgetItem* const bold = tree->findItems(QStringLiteral("Bold"), Qt::MatchRecursive).constFirst();
+    tree->setCurrentItem(bold);
+    QCoreApplication::processEvents();
+    const qsizetype start = text.size() / 2;
+    return SecondsOf(
+        [editor, tree, bold, start] {
+            for (int i = 0; i < tags; ++i) {
+                editor->Select(start, 40);
+                Q_EMIT tree->itemDoubleClicked(bold, 0);
+                QCoreApplication::processEvents();
+            }
+        },
+        tags);
+}
+
+void BenchTag()
+{
+    const QString line = QStringLiteral("<p>Some text that a page is made of, long enough.</p>\r\n");
+    const double large = SecondsOfTag(line.repeated(int(50 * megabyte) / int(line.size())));
+    PrintRow(
+        "wrap a selection in a tag in a document of 50 MB; in an empty one", large, SecondsOfTag(line), 2);
+}
+
+/** Seconds of this process on the processor so far. */
+double ProcessorSeconds()
+{
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+void BenchTagTree()
+{
+    constexpr double target = 10;
+    QList<double> seconds;
+    ProgramFolder folder;
+    for (int i = 0; i < rounds; ++i) {
+        frmIMmain window(folder.imgMap);
+        // Everything else that loading does is in here too, but costs little beside.
+        const double start = ProcessorSeconds();
+        window.Form_Load();
+        seconds << ProcessorSeconds() - start;
+    }
+    std::sort(seconds.begin(), seconds.end());
+    std::printf(
+        "%-64s %10.3f ms %31s  (at most %.0f ms)\n", "build the tag tree, and load the main window's rest",
+        seconds[seconds.size() / 2] * 1e3, "", target);
+}
+
 /** A document open in an editor, with the caret in its middle; remembers what was put in last. */
 class OpenDocument : public DocumentSink
 {
@@ -326,6 +389,8 @@ int main(int argc, char* argv[])
     BenchRedraw(largePicture, "paint 500 figures again on 24 megapixels; bare painter calls");
     BenchClear();
     BenchTyping();
+    BenchTag();
+    BenchTagTree();
     BenchInsert();
     return 0;
 }
