@@ -204,6 +204,9 @@ void SourceEditor::Select(qsizetype start, qsizetype length)
 void SourceEditor::ReplaceSelection(const QString& text)
 {
     QTextCursor cursor = textCursor();
+    if (text.isEmpty() && !cursor.hasSelection()) {
+        return; // nothing to undo: what comes next must not join the step before
+    }
     if (stepStart_ && document()->revision() != *stepStart_) {
         cursor.joinPreviousEditBlock();
     } else {
