@@ -46,6 +46,7 @@ private Q_SLOTS:
     void secondOpeningStartsWithTheLastValues();
     void automaticColourTakesAColourBack();
     void formattingIsNoChangeOfTheDocument();
+    void newTextDoesNotTakeTheLookOfTheOld();
     void formattingIsNotSaved();
 
 private:
@@ -221,6 +222,17 @@ void tst_fontcommand::formattingIsNoChangeOfTheDocument()
     test_->window.UndoEdit();
     QVERIFY(!test_->window.DocumentChanged());
     QVERIFY(!FormatAt(1).fontItalic());
+}
+
+void tst_fontcommand::newTextDoesNotTakeTheLookOfTheOld()
+{
+    Editor()->Select(0, 6);
+    Accept(QStringLiteral("Red"));
+    RunFont();
+    Editor()->LoadText(QStringLiteral("other"));
+    QVERIFY(!FormatAt(1).fontItalic());
+    test_->Type("X");
+    QVERIFY(!FormatAt(0).fontItalic());
 }
 
 void tst_fontcommand::formattingIsNotSaved()

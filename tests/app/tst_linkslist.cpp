@@ -47,6 +47,7 @@ private Q_SLOTS:
     void deleteTellsWhenNoneIsSelected();
     void deleteTakesTheSelectedLink_data();
     void deleteTakesTheSelectedLink();
+    void deletingHighlightsNoOtherLink();
     void equalLinksAreDeletedOneByOne();
 
     void onlySaveWritesTheFile();
@@ -80,11 +81,12 @@ private:
     struct Session
     {
         explicit Session(ImgMap& imgMap)
-            : window(imgMap)
+            : window(imgMap, desktop)
         {
         }
         template<class Widget> Widget* Find(const char* name) { return ::Find<Widget>(&window, name); }
         DialogRobot robot;
+        RecordingDesktop desktop;
         frmIMmain window;
     };
 
@@ -302,6 +304,18 @@ void tst_linkslist::deleteTakesTheSelectedLink()
     ClickButton("btnDelete");
     QCOMPARE(Urls(), expected);
     QCOMPARE(Table(), expected);
+}
+
+void tst_linkslist::deletingHighlightsNoOtherLink()
+{
+    Open();
+    AddMany(3);
+    SelectRow(0);
+    ClickButton("btnDelete");
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    ClickButton("btnDelete");
+    ExpectBox(QMessageBox::Information, notSelectedText);
+    QCOMPARE(Urls().size(), 2);
 }
 
 void tst_linkslist::equalLinksAreDeletedOneByOne()
