@@ -7,9 +7,6 @@
 
 namespace {
 
-/** More figures than these are not taken off one by one. */
-constexpr qsizetype mostRestored = 2000;
-
 /** The pixels a figure can touch. */
 QRect BoundsOf(const PaintedFigure& figure)
 {
@@ -22,36 +19,41 @@ QRect BoundsOf(const PaintedFigure& figure)
 }
 
 /** The outline with both corners on it, as four bars that share no pixel: inverting twice would undo. */
-void PaintBox(QPainter& painter, const QRect& box, const QBrush& brush)
+void PaintBox(QPainter& painter, const QRect& box, const QColor& color)
 {
-    painter.fillRect(QRect(box.topLeft(), QSize(box.width(), 1)), brush);
+    painter.fillRect(QRect(box.topLeft(), QSize(box.width(), 1)), color);
     if (box.height() > 1) {
-        painter.fillRect(QRect(box.bottomLeft(), QSize(box.width(), 1)), brush);
+        painter.fillRect(QRect(box.bottomLeft(), QSize(box.width(), 1)), color);
     }
     const QSize side(1, box.height() - 2);
     if (side.height() <= 0) {
         return;
     }
-    painter.fillRect(QRect(box.topLeft() + QPoint(0, 1), side), brush);
+    painter.fillRect(QRect(box.topLeft() + QPoint(0, 1), side), color);
     if (box.width() > 1) {
-        painter.fillRect(QRect(box.topRight() + QPoint(0, 1), side), brush);
+        painter.fillRect(QRect(box.topRight() + QPoint(0, 1), side), color);
     }
 }
 
 /** Paints the outline of `figure`, one pixel wide. */
-void PaintOutline(QPainter& painter, const PaintedFigure& figure, const QBrush& brush)
+void PaintOutline(QPainter& painter, const PaintedFigure& figure, const QColor& color)
 {
     const QRect bounds = BoundsOf(figure);
     if (figure.kind == kindRectangle || bounds.width() == 1 || bounds.height() == 1) {
-        PaintBox(painter, bounds, brush);
+        PaintBox(painter, bounds, color);
         return;
     }
-    painter.setPen(QPen(brush, 1));
+    painter.setPen(QPen(color, 1));
     if (figure.kind == kindCircle) {
         painter.drawEllipse(QPoint(figure.x1, figure.y1), figure.radius, figure.radius);
     } else {
         painter.drawLine(figure.x1, figure.y1, figure.x2, figure.y2);
     }
+}
+
+qint64 PixelsOf(QSize size)
+{
+    return qint64(size.width()) * size.height();
 }
 
 int ButtonNumber(Qt::MouseButton button)
@@ -96,7 +98,10 @@ void PictureSurface::PaintFigure(const PaintedFigure& figure, Pen pen)
     } else if (!drawing_.isNull()) {
         QPainter painter(&drawing_);
         PaintOutline(painter, figure, foregroundColor_);
-        painted_ << figure;
+        const QRect part = BoundsOf(figure).adjusted(-1, -1, 1, 1) & drawing_.rect();
+        if (!part.isEmpty()) {
+            painted_ << part;
+        }
     }
     update(BoundsOf(figure));
 }
@@ -112,13 +117,17 @@ void PictureSurface::EraseRubberFigure()
 void PictureSurface::ClearDrawing()
 {
     rubber_.reset();
-    if (painted_.size() > mostRestored) {
+    qint64 pixels = 0;
+    for (const QRect& part : painted_) {
+        pixels += PixelsOf(part.size());
+    }
+    if (pixels > PixelsOf(drawing_.size())) {
         drawing_ = picture_;
-    } else if (!painted_.isEmpty()) {
-        // Painted over with the picture's own pixels: a hundred megapixels need not be copied again.
+    } else if (pixels > 0) {
+        // A hundred megapixels are not copied again for the sake of some figures.
         QPainter painter(&drawing_);
-        for (const PaintedFigure& figure : painted_) {
-            PaintOutline(painter, figure, QBrush(picture_));
+        for (const QRect& part : painted_) {
+            painter.drawImage(part, picture_, part);
         }
     }
     painted_.clear();

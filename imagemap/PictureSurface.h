@@ -49,8 +49,8 @@ protected:
 
 private:
     QImage picture_;
-    QImage drawing_; ///< the picture with its figures; shares the picture's pixels until the first one
-    QList<PaintedFigure> painted_; ///< what was painted since the drawing was the bare picture
+    QImage drawing_;       ///< the picture with its figures; shares the picture's pixels until the first one
+    QList<QRect> painted_; ///< where figures were painted since the drawing was the bare picture
     std::optional<PaintedFigure> rubber_;
     QColor foregroundColor_ = Qt::black;
 };

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <malloc.h>
 #include <vector>
@@ -86,7 +85,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     if (argc > 1) {
-        RunStartUp(std::atoi(argv[1]));
+        RunStartUp(QString::fromLocal8Bit(argv[1]));
         return 0;
     }
     std::printf(
