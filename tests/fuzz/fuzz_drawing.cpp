@@ -296,6 +296,11 @@ void Editor::CheckPolygons() const
         Demand(store_.PolygonLines[i].Kind == kindLine, "a side is a line");
         Demand(store_.PolygonLines[i].Link.isEmpty() || everEnds_[i], "only a polygon's last side is marked");
     }
+    // The first slot keeps its mark when the store is emptied.
+    const auto freed = static_cast<std::size_t>(std::max(store_.PolygonLineCount, 1));
+    for (std::size_t i = freed; i < store_.PolygonLines.size(); ++i) {
+        Demand(store_.PolygonLines[i].Link.isEmpty(), "a freed side has lost its mark");
+    }
     Demand(store_.CurrentPolygonLineCount >= 0, "the current polygon has sides or none");
     const int current = std::min(store_.CurrentPolygonLineCount, FigureStore::capacity);
     for (std::size_t i = 0; i < static_cast<std::size_t>(current); ++i) {
