@@ -2,6 +2,7 @@
 
 #include "FuzzTarget.h"
 #include "shared/AnsiCodePage.h"
+#include "shared/TextCase.h"
 
 #include <cstring>
 
@@ -32,6 +33,18 @@ void TryText(const QString& text)
     }
 }
 
+/** Another case is still a text that a document can hold. */
+void TryCases(QByteArrayView bytes)
+{
+    const QString text = AnsiCodePage::Decode(bytes);
+    for (const QString& other : { UpperCase(text), LowerCase(text), ProperCase(text) }) {
+        Demand(other.size() == text.size(), "every character has one counterpart");
+        Demand(
+            AnsiCodePage::Decode(AnsiCodePage::Encode(other)) == other, "counterparts are in the code page");
+    }
+    Demand(LowerCase(ProperCase(text)) == LowerCase(text), "capitals are all that tells words apart");
+}
+
 /** The bytes as the halves of UTF-16 characters, paired or not. */
 QString TextOf(QByteArrayView bytes)
 {
@@ -46,5 +59,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     TryBytes(BytesOf(data, size));
     TryText(TextOf(BytesOf(data, size)));
+    TryCases(BytesOf(data, size));
     return 0;
 }

@@ -1,15 +1,19 @@
-// The links file with any bytes in it.
+// The links file with any bytes in it, and any links written into it.
 
 #include "FuzzTarget.h"
 #include "InputFile.h"
 #include "shared/AnsiCodePage.h"
 #include "shared/LinksFile.h"
+#include "shared/SavedLinks.h"
+
+#include <memory>
 
 namespace {
 
 constexpr qsizetype recordSize = 276;
 constexpr qsizetype urlSize = 260;
 constexpr qsizetype recordsRead = 15;
+constexpr qsizetype recordsWritten = 50;
 
 /** The mark of a record, or what is there of it. */
 QByteArrayView MarkOf(QByteArrayView record)
@@ -57,11 +61,8 @@ void CheckUrl(const QString& url, QByteArrayView record)
     Demand(AnsiCodePage::Decode(record.first(urlSize)).contains(url), "an address is its record's");
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void TryReading(QByteArrayView bytes)
 {
-    const QByteArrayView bytes = BytesOf(data, size);
     InputFile file(bytes);
     const SavedLinks saved = ReadSavedLinks(file.Path());
     Demand(file.Content() == bytes, "reading changes nothing");
@@ -78,5 +79,64 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     Demand(number == saved.links.size(), "nothing else is taken for a link");
     Demand(saved.isDamaged == isDamaged, "what cannot be made out is told");
+}
+
+/** Adds and deletes links as the bytes have it; an address is what UTF-8 makes of them. */
+void ChangeLinks(ImgMap& imgMap, FuzzInput input)
+{
+    while (!input.IsEmpty()) {
+        const std::size_t slot = static_cast<std::size_t>(input.Byte()) % 256;
+        if (slot >= 1 && slot <= mostSavedLinks && imgMap.SavedLinkMark[slot]) {
+            DeleteSavedLink(imgMap, slot);
+        } else if (!IsSavedLinksFull(imgMap)) {
+            AddSavedLink(imgMap, QString::fromUtf8(input.Field()));
+        }
+        const auto isUsed = [](const std::optional<qint16>& mark) { return mark.has_value(); };
+        const auto* const begin = imgMap.SavedLinkMark.begin() + 1;
+        const auto* const end = imgMap.SavedLinkMark.end();
+        Demand(std::is_partitioned(begin, end, isUsed), "links stand without gaps");
+        Demand(!imgMap.SavedLinkMark[mostSavedLinks + 1], "the last slot stays free");
+    }
+}
+
+QString WrittenUrl(const QString& url)
+{
+    return WithoutBlanksAround(AnsiCodePage::Decode(AnsiCodePage::Encode(url).left(urlSize)));
+}
+
+/** Writes links over `bytes` and reads them again. */
+void TryWriting(QByteArrayView bytes, const ImgMap& imgMap)
+{
+    InputFile file(bytes);
+    Demand(WriteSavedLinks(file.Path(), imgMap), "a file can be written");
+    QFile written(file.Path());
+    Demand(written.open(QIODevice::ReadOnly), "a file is there once it is written");
+    const QByteArray content = written.readAll();
+    constexpr qsizetype ownSize = recordsWritten * recordSize;
+    Demand(content.size() == std::max(ownSize, bytes.size()), "all records are written, and no more");
+    Demand(
+        content.sliced(ownSize) == bytes.sliced(std::min(ownSize, bytes.size())),
+        "what stands behind the records stays");
+
+    const SavedLinks saved = ReadSavedLinks(file.Path());
+    Demand(!saved.isDamaged, "what is written can be read");
+    std::size_t slot = 1;
+    for (const SavedLink& link : saved.links) {
+        Demand(link.Url == WrittenUrl(imgMap.SavedLinkURL[slot]), "addresses are read as they were written");
+        Demand(imgMap.SavedLinkMark[slot] == link.Mark, "marks are read as they were written");
+        ++slot;
+    }
+    Demand(saved.links.size() == recordsRead || !imgMap.SavedLinkMark[slot], "every link is read again");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const QByteArrayView bytes = BytesOf(data, size);
+    TryReading(bytes);
+    const auto imgMap = std::make_unique<ImgMap>();
+    ChangeLinks(*imgMap, FuzzInput(bytes));
+    TryWriting(bytes, *imgMap);
     return 0;
 }
