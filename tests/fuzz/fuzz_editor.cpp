@@ -44,6 +44,8 @@ private:
 
     SourceEditor editor_;
     QString text_;
+    QString before_;           ///< the text before the last replacing
+    bool isTakenBack_ = false; ///< whether that is a step
     qsizetype start_ = 0;
     qsizetype end_ = 0;
 };
@@ -78,17 +80,20 @@ void Pair::Select(qsizetype start, qsizetype length)
 void Pair::Replace(QByteArrayView bytes)
 {
     const QString text = EditorText(bytes);
+    before_ = text_;
+    isTakenBack_ = !text.isEmpty() || end_ > start_;
     text_.replace(start_, end_ - start_, text);
     start_ += text.size();
     end_ = start_;
     editor_.ReplaceSelection(AnsiCodePage::Decode(bytes));
 }
 
-/** Replacing is one step, which can be taken back and done again. */
+/** Replacing something, or by something, is one step, which can be taken back and done again. */
 void Pair::TakeBack()
 {
-    if (editor_.document()->isUndoAvailable()) {
+    if (isTakenBack_) {
         editor_.undo();
+        Demand(editor_.Text() == before_, "replacing is taken back in one step");
         editor_.redo();
         start_ = editor_.SelStart();
         end_ = start_ + editor_.SelLength();
