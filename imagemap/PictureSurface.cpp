@@ -7,6 +7,9 @@
 
 namespace {
 
+/** More figures than these are not taken off one by one. */
+constexpr qsizetype mostRestored = 2000;
+
 /** The pixels a figure can touch. */
 QRect BoundsOf(const PaintedFigure& figure)
 {
@@ -19,31 +22,31 @@ QRect BoundsOf(const PaintedFigure& figure)
 }
 
 /** The outline with both corners on it, as four bars that share no pixel: inverting twice would undo. */
-void PaintBox(QPainter& painter, const QRect& box, const QColor& color)
+void PaintBox(QPainter& painter, const QRect& box, const QBrush& brush)
 {
-    painter.fillRect(QRect(box.topLeft(), QSize(box.width(), 1)), color);
+    painter.fillRect(QRect(box.topLeft(), QSize(box.width(), 1)), brush);
     if (box.height() > 1) {
-        painter.fillRect(QRect(box.bottomLeft(), QSize(box.width(), 1)), color);
+        painter.fillRect(QRect(box.bottomLeft(), QSize(box.width(), 1)), brush);
     }
     const QSize side(1, box.height() - 2);
     if (side.height() <= 0) {
         return;
     }
-    painter.fillRect(QRect(box.topLeft() + QPoint(0, 1), side), color);
+    painter.fillRect(QRect(box.topLeft() + QPoint(0, 1), side), brush);
     if (box.width() > 1) {
-        painter.fillRect(QRect(box.topRight() + QPoint(0, 1), side), color);
+        painter.fillRect(QRect(box.topRight() + QPoint(0, 1), side), brush);
     }
 }
 
 /** Paints the outline of `figure`, one pixel wide. */
-void PaintOutline(QPainter& painter, const PaintedFigure& figure, const QColor& color)
+void PaintOutline(QPainter& painter, const PaintedFigure& figure, const QBrush& brush)
 {
     const QRect bounds = BoundsOf(figure);
     if (figure.kind == kindRectangle || bounds.width() == 1 || bounds.height() == 1) {
-        PaintBox(painter, bounds, color);
+        PaintBox(painter, bounds, brush);
         return;
     }
-    painter.setPen(QPen(color, 1));
+    painter.setPen(QPen(brush, 1));
     if (figure.kind == kindCircle) {
         painter.drawEllipse(QPoint(figure.x1, figure.y1), figure.radius, figure.radius);
     } else {
@@ -80,6 +83,7 @@ void PictureSurface::SetPicture(const QImage& picture)
     picture_ = picture;
     rubber_.reset();
     drawing_ = picture_;
+    painted_.clear();
     resize(picture_.size());
     update();
 }
@@ -92,6 +96,7 @@ void PictureSurface::PaintFigure(const PaintedFigure& figure, Pen pen)
     } else if (!drawing_.isNull()) {
         QPainter painter(&drawing_);
         PaintOutline(painter, figure, foregroundColor_);
+        painted_ << figure;
     }
     update(BoundsOf(figure));
 }
@@ -107,7 +112,16 @@ void PictureSurface::EraseRubberFigure()
 void PictureSurface::ClearDrawing()
 {
     rubber_.reset();
-    drawing_ = picture_;
+    if (painted_.size() > mostRestored) {
+        drawing_ = picture_;
+    } else if (!painted_.isEmpty()) {
+        // Painted over with the picture's own pixels: a hundred megapixels need not be copied again.
+        QPainter painter(&drawing_);
+        for (const PaintedFigure& figure : painted_) {
+            PaintOutline(painter, figure, QBrush(picture_));
+        }
+    }
+    painted_.clear();
     update();
 }
 

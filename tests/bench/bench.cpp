@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <malloc.h>
 #include <vector>
 
 namespace {
@@ -64,6 +65,7 @@ double PeakMegabytes()
 
 void ForgetPeak()
 {
+    malloc_trim(0);
     QFile file(QStringLiteral("/proc/self/clear_refs"));
     if (file.open(QIODevice::WriteOnly)) {
         file.write("5");
