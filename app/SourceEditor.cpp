@@ -1,21 +1,35 @@
 #include "app/SourceEditor.h"
 
+#include "shared/WindowHelpers.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QResizeEvent>
 #include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
 
 /** Wider than any window, in pixels. */
 constexpr qreal beyondAnyWindow = 1e6;
+/** So much room stays for the text beside any indentation, in pixels. */
+constexpr int leastTextWidth = 60;
+
+/** The label that is being dragged; nothing when it is something else. */
+const QLabel* DraggedLabel(const QDropEvent& event)
+{
+    return qobject_cast<const QLabel*>(event.source());
+}
 
 bool IsLineEnd(QChar character)
 {
@@ -94,6 +108,9 @@ int TextMark(const QTextBlock& block)
 SourceEditor::SourceEditor(QWidget* parent)
     : QPlainTextEdit(parent)
 {
+    // The room left by an indentation belongs to the text.
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
     connect(document(), &QTextDocument::contentsChange, this, &SourceEditor::Document_ContentsChange);
     LoadText(QString());
 }
@@ -187,11 +204,78 @@ void SourceEditor::Select(qsizetype start, qsizetype length)
 void SourceEditor::ReplaceSelection(const QString& text)
 {
     QTextCursor cursor = textCursor();
-    cursor.beginEditBlock();
+    if (stepStart_ && document()->revision() != *stepStart_) {
+        cursor.joinPreviousEditBlock();
+    } else {
+        cursor.beginEditBlock();
+    }
     cursor.insertText(WithPlainLineEnds(text));
     cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+SourceEditor::UndoStep::UndoStep(SourceEditor& editor)
+    : editor_(editor)
+{
+    editor_.stepStart_ = editor_.document()->revision();
+}
+
+SourceEditor::UndoStep::~UndoStep()
+{
+    editor_.stepStart_.reset();
+}
+
+void SourceEditor::CopyText()
+{
+    QGuiApplication::clipboard()->clear();
+    QGuiApplication::clipboard()->setMimeData(createMimeDataFromSelection());
+}
+
+void SourceEditor::CutText()
+{
+    CopyText();
+    ReplaceSelection(QString());
+}
+
+void SourceEditor::PasteText()
+{
+    ReplaceSelection(QGuiApplication::clipboard()->text());
+}
+
+void SourceEditor::DeleteText()
+{
+    QTextCursor cursor = textCursor();
+    cursor.deleteChar();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void SourceEditor::SetSelFormat(const QTextCharFormat& format)
+{
+    mergeCurrentCharFormat(format);
+}
+
+void SourceEditor::SetIndent(double twips)
+{
+    indent_ = twips;
+    ShowIndent();
+}
+
+void SourceEditor::ShowIndent()
+{
+    const int room = std::max(contentsRect().width() - leastTextWidth, 0);
+    const int wanted = static_cast<int>(std::nearbyint(indent_ / twipsPerPixel));
+    const QMargins margins(std::min(wanted, room), 0, 0, 0);
+    if (viewportMargins() != margins) {
+        setViewportMargins(margins);
+    }
+}
+
+void SourceEditor::resizeEvent(QResizeEvent* event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    ShowIndent();
 }
 
 void SourceEditor::Document_ContentsChange(int position, int removed, int added)
@@ -244,19 +328,21 @@ bool SourceEditor::IsMenuKey(const QKeyEvent& key) const
 
 void SourceEditor::keyPressEvent(QKeyEvent* event)
 {
-    const bool isOwnCommand = event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Cut) ||
-                              event->matches(QKeySequence::Copy) || event->key() == Qt::Key_Delete;
-    if (IsMenuKey(*event) && !isOwnCommand) {
-        // The key of an entry that is disabled just now does nothing else instead.
-        event->accept();
-        return;
-    }
-    if (event->matches(QKeySequence::InsertLineSeparator)) {
+    if (event->matches(QKeySequence::Copy)) {
+        CopyText();
+    } else if (event->matches(QKeySequence::Cut)) {
+        CutText();
+    } else if (event->matches(QKeySequence::Paste)) {
+        PasteText();
+    } else if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter would put in a character that no page can hold.
         ReplaceSelection(QStringLiteral("\n"));
-        return;
+    } else if (IsMenuKey(*event)) {
+        // The key of an entry that is disabled just now does nothing else instead.
+        event->accept();
+    } else {
+        QPlainTextEdit::keyPressEvent(event);
     }
-    QPlainTextEdit::keyPressEvent(event);
 }
 
 void SourceEditor::inputMethodEvent(QInputMethodEvent* event)
@@ -283,5 +369,32 @@ void SourceEditor::insertFromMimeData(const QMimeData* source)
 {
     if (source->hasText()) {
         ReplaceSelection(source->text());
+    }
+}
+
+void SourceEditor::dragEnterEvent(QDragEnterEvent* event)
+{
+    dragMoveEvent(event);
+}
+
+void SourceEditor::dragMoveEvent(QDragMoveEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(DraggedLabel(*event) != nullptr);
+}
+
+void SourceEditor::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    event->accept();
+}
+
+void SourceEditor::dropEvent(QDropEvent* event)
+{
+    const QLabel* const label = DraggedLabel(*event);
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(label != nullptr);
+    if (label != nullptr) {
+        ReplaceSelection(label->text());
+        setFocus();
     }
 }

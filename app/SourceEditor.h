@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <optional>
 
 /**
  * The editor of the HTML source. Its text goes in and out without loss, with CR LF line ends, and every
@@ -32,6 +33,34 @@ public:
     /** Replaces the selection as one step of undo and leaves the caret behind the new text. */
     void ReplaceSelection(const QString& text);
 
+    /** Puts the selected text, be it empty, on the clipboard in place of what is there. */
+    void CopyText();
+    void CutText();
+
+    /** Replaces the selection with the clipboard's text, which is empty where that holds none. */
+    void PasteText();
+
+    /** Deletes the selection; without one the character or line end behind the caret. */
+    void DeleteText();
+
+    /** The look of the selected text, or of what is typed next; no edit. */
+    void SetSelFormat(const QTextCharFormat& format);
+
+    /** Moves the whole text in from the left edge, in twips; on a narrow editor by less. */
+    void SetIndent(double twips);
+
+    /** Makes what is replaced during its life one step of undo. */
+    class UndoStep
+    {
+    public:
+        explicit UndoStep(SourceEditor& editor);
+        ~UndoStep();
+        Q_DISABLE_COPY_MOVE(UndoStep)
+
+    private:
+        SourceEditor& editor_;
+    };
+
 Q_SIGNALS:
     /** The text was edited; loading, formatting and composing with an input method are no edits. */
     void Change();
@@ -40,6 +69,11 @@ protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
 
@@ -50,5 +84,10 @@ private:
     void LoadLines(const QString& lines);
     void KeepWidestLine();
 
+    void ShowIndent();
+
     bool isLoading_ = false;
+    double indent_ = 0; ///< in twips
+    /** The document's revision when the step of undo began that is being made. */
+    std::optional<int> stepStart_;
 };

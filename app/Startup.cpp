@@ -12,8 +12,9 @@ static void LoadIcons()
     Q_INIT_RESOURCE(icons);
 }
 
-Startup::Startup(ImgMap& imgMap)
+Startup::Startup(ImgMap& imgMap, Desktop& desktop)
     : imgMap_(imgMap)
+    , desktop_(desktop)
 {
     LoadIcons();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cartolen.svg")));
@@ -31,7 +32,7 @@ void Startup::Begin()
 
 void Startup::ShowMainWindow()
 {
-    mainWindow_ = std::make_unique<frmIMmain>(imgMap_);
+    mainWindow_ = std::make_unique<frmIMmain>(imgMap_, desktop_);
     mainWindow_->Form_Load();
     splash_->hide();
     splash_.release()->deleteLater();

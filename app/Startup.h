@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <memory>
 
+class Desktop;
 class frmIMmain;
 class frmSplash;
 
@@ -15,7 +16,7 @@ class Startup : public QObject
     Q_OBJECT
 
 public:
-    explicit Startup(ImgMap& imgMap);
+    Startup(ImgMap& imgMap, Desktop& desktop);
     ~Startup() override;
 
     /** Shows the splash panel; the rest follows from the event loop. */
@@ -25,6 +26,7 @@ private:
     void ShowMainWindow();
 
     ImgMap& imgMap_;
+    Desktop& desktop_;
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmIMmain> mainWindow_;
 };

@@ -1,15 +1,17 @@
 #include "app/frmIMmain.h"
 
 #include "app/WindowLayout.h"
+#include "app/frmMapOptions.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/CommandTables.h"
-#include "shared/LinksFile.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
+#include <algorithm>
 
 namespace {
 
@@ -24,40 +26,40 @@ constexpr auto menuRows = std::to_array<Row>({
     { Entry, "mnuFSave", "&Save", "Ctrl+S", &frmIMmain::SaveDocument },
     { Entry, "mnuFSaveAs", "Save &As...", "", &frmIMmain::SaveDocumentAs },
     { Separator, "mnuFSep1" },
-    { Entry, "mnuFPrint", "&Print..." },
+    { Entry, "mnuFPrint", "&Print...", "", &frmIMmain::PrintDocument },
     { Separator, "mnuFSep2" },
     { Entry, "mnuFExit", "&Exit", "Ctrl+E", &frmIMmain::ExitProgram },
     { Menu, "mnuEdit", "&Edit" },
-    { Entry, "mnuEUndo", "&Undo", "Ctrl+Z" },
+    { Entry, "mnuEUndo", "&Undo", "Ctrl+Z", &frmIMmain::UndoEdit },
     { Separator, "mnuESep1" },
-    { Entry, "mnuECut", "Cu&t", "Ctrl+X" },
-    { Entry, "mnuECopy", "&Copy", "Ctrl+C" },
-    { Entry, "mnuEPaste", "&Paste" },
-    { Entry, "mnuEDelete", "&Delete", "Del" },
-    { Entry, "mnuESelectAll", "Select &All" },
+    { Entry, "mnuECut", "Cu&t", "Ctrl+X", &frmIMmain::CutText },
+    { Entry, "mnuECopy", "&Copy", "Ctrl+C", &frmIMmain::CopyText },
+    { Entry, "mnuEPaste", "&Paste", "", &frmIMmain::PasteText },
+    { Entry, "mnuEDelete", "&Delete", "Del", &frmIMmain::mnuEDelete_Click },
+    { Entry, "mnuESelectAll", "Select &All", "", &frmIMmain::mnuESelectAll_Click },
     { Separator, "mnuESep2" },
-    { Entry, "mnuEFont", "&Font" },
+    { Entry, "mnuEFont", "&Font", "", &frmIMmain::mnuEFont_Click },
     { Separator, "mnuESep3" },
     { Submenu, "mnuEEditCase", "&Edit Case" },
-    { Entry, "mnuEUpperCase", "&Upper Case" },
-    { Entry, "mnuELowerCase", "&Lower Case" },
-    { Entry, "mnuEProperCase", "&Proper Case" },
+    { Entry, "mnuEUpperCase", "&Upper Case", "", &frmIMmain::mnuEUpperCase_Click },
+    { Entry, "mnuELowerCase", "&Lower Case", "", &frmIMmain::mnuELowerCase_Click },
+    { Entry, "mnuEProperCase", "&Proper Case", "", &frmIMmain::mnuEProperCase_Click },
     { EndSubmenu },
     { Menu, "mnuInsert", "&Insert" },
     { Entry, "mnuIimagemaps", "&Image Maps...", "Ctrl+I", &frmIMmain::OpenImageMapEditor },
     { Separator, "mnuISep2" },
-    { Entry, "mnuICustomHTML", "Custom &HTML" },
+    { Entry, "mnuICustomHTML", "Custom &HTML", "", &frmIMmain::InsertPageSkeleton },
     { Menu, "mnuTools", "&Tools" },
-    { Entry, "mnuTPref", "&Preferences...", "Ctrl+P" },
+    { Entry, "mnuTPref", "&Preferences...", "Ctrl+P", &frmIMmain::mnuTPref_Click },
     { Separator, "mnuTSep1" },
-    { Entry, "mnuTPreview", "Preview with Default &Browser", "Ctrl+D" },
+    { Entry, "mnuTPreview", "Preview with Default &Browser", "Ctrl+D", &frmIMmain::PreviewDocument },
     { Menu, "mnuHelp", "&Help" },
     { Entry, "mnuHContents", "&Contents", "F1" },
     { Entry, "mnuHSearch", "&Search" },
     { Separator, "mnuHSep1" },
-    { Entry, "mnuHHome", "&Cartolen Home Page..." },
+    { Entry, "mnuHHome", "&Cartolen Home Page...", "", &frmIMmain::OpenHomePage },
     { Separator, "mnuHSep2" },
-    { Entry, "mnuHAbout", "&About Cartolen..." },
+    { Entry, "mnuHAbout", "&About Cartolen...", "", &frmIMmain::ShowAbout },
 });
 
 constexpr int toolbarPositions = 21;
@@ -65,14 +67,14 @@ constexpr auto toolbarRows = std::to_array<Button>({
     { 2, "New", "new", &frmIMmain::NewDocument },
     { 3, "Open", "open", &frmIMmain::OpenDocument },
     { 4, "Save", "save", &frmIMmain::SaveDocument },
-    { 6, "Print", "print" },
-    { 8, "Cut", "cut" },
-    { 9, "Copy", "copy" },
-    { 10, "Paste", "paste" },
-    { 11, "Undo", "undo" },
-    { 13, "Custom HTML", "custom-html" },
+    { 6, "Print", "print", &frmIMmain::PrintDocument },
+    { 8, "Cut", "cut", &frmIMmain::CutText },
+    { 9, "Copy", "copy", &frmIMmain::CopyText },
+    { 10, "Paste", "paste", &frmIMmain::PasteText },
+    { 11, "Undo", "undo", &frmIMmain::UndoEdit },
+    { 13, "Custom HTML", "custom-html", &frmIMmain::InsertPageSkeleton },
     { 15, "Image Map", "image-map", &frmIMmain::OpenImageMapEditor },
-    { 17, "Preview with Default Browser", "preview" },
+    { 17, "Preview with Default Browser", "preview", &frmIMmain::PreviewDocument },
     { 19, "Help", "help" },
     { 21, "Exit", "exit", &frmIMmain::ExitProgram },
 });
@@ -83,17 +85,16 @@ constexpr int belowToolbar = 4;
 
 } // namespace
 
-frmIMmain::frmIMmain(ImgMap& imgMap)
+frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     : imgMap_(imgMap)
+    , desktop_(desktop)
     , ui_(std::make_unique<Ui::frmIMmain>())
 {
     ui_->setupUi(this);
     CreateCommands();
     CreateStatusBar();
     PlaceToolbar();
-    connect(ui_->MapsText1, &SourceEditor::Change, this, &frmIMmain::MapsText1_Change);
-    ui_->MapsText1->installEventFilter(this);
-    ui_->centralWidget->installEventFilter(this);
+    ConnectControls();
     ui_->MapsText1->setFocus();
 }
 
@@ -103,6 +104,22 @@ void frmIMmain::CreateCommands()
 {
     FillMenuBar<frmIMmain>(ui_->MenuBar1, this, menuRows);
     FillToolbar<frmIMmain>(ui_->Toolbar1, this, toolbarRows);
+}
+
+void frmIMmain::ConnectControls()
+{
+    connect(ui_->MapsText1, &SourceEditor::Change, this, &frmIMmain::MapsText1_Change);
+    connect(ui_->TreeView1, &QTreeWidget::currentItemChanged, this, &frmIMmain::TreeView1_NodeClick);
+    connect(ui_->TreeView1, &QTreeWidget::itemClicked, this, &frmIMmain::TreeView1_NodeClick);
+    connect(ui_->TreeView1, &QTreeWidget::itemDoubleClicked, this, &frmIMmain::TreeView1_DblClick);
+    connect(ui_->btnAdd, &QPushButton::clicked, this, &frmIMmain::btnAdd_Click);
+    connect(ui_->btnDelete, &QPushButton::clicked, this, &frmIMmain::btnDelete_Click);
+    connect(ui_->btnSave, &QPushButton::clicked, this, &frmIMmain::btnSave_Click);
+    for (QObject* const watched : std::initializer_list<QObject*>{
+             ui_->MapsText1, ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags,
+             ui_->lblQTagsO, ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
+        watched->installEventFilter(this);
+    }
 }
 
 void frmIMmain::CreateStatusBar()
@@ -136,22 +153,8 @@ void frmIMmain::Form_Load()
     CentreOnScreen(this);
     ToggleFlatLook(ui_->Toolbar1);
     ClearDocument();
+    BuildTagTree();
     LoadSavedLinks();
-}
-
-void frmIMmain::LoadSavedLinks()
-{
-    const SavedLinks saved = ReadSavedLinks(imgMap_.ProgramFolder + u'/' + linksFileName);
-    std::size_t slot = 0;
-    for (const SavedLink& link : saved.links) {
-        ++slot;
-        imgMap_.SavedLinkURL[slot] = link.Url;
-        imgMap_.SavedLinkMark[slot] = link.Mark;
-        ui_->ListView1->addItem(link.Url);
-    }
-    if (saved.isDamaged) {
-        ShowMessage(this, QMessageBox::Warning, linksDamagedText.toString());
-    }
 }
 
 bool frmIMmain::event(QEvent* event)
@@ -164,13 +167,60 @@ bool frmIMmain::event(QEvent* event)
 
 bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == ui_->MapsText1 && event->type() == QEvent::KeyPress) {
-        FollowCapsLock(*static_cast<QKeyEvent*>(event));
-    }
-    if (watched == ui_->centralWidget && event->type() == QEvent::Resize) {
-        Form_Resize();
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (watched == ui_->MapsText1) {
+            FollowCapsLock(*static_cast<QKeyEvent*>(event));
+        } else if (watched == ui_->TreeView1 && TreeView1_KeyDown(*static_cast<QKeyEvent*>(event))) {
+            return true;
+        }
+        break;
+    case QEvent::ShortcutOverride:
+        if (watched == ui_->txtCTags && IsCommandKey(*static_cast<QKeyEvent*>(event))) {
+            event->ignore();
+            return true;
+        }
+        break;
+    case QEvent::MouseButtonPress:
+        if (watched == ui_->lblQTagsO || watched == ui_->lblQTagsC) {
+            lblQTags_MouseDown(static_cast<QLabel*>(watched));
+            return true;
+        }
+        break;
+    case QEvent::MouseButtonRelease:
+        if (watched == ui_->TreeView1->viewport()) {
+            TreeView1_MouseUp();
+        } else if (watched == ui_->Picture1 || watched == ui_->Picture2) {
+            Picture_MouseUp(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
+        }
+        break;
+    case QEvent::Resize:
+        if (watched == ui_->centralWidget) {
+            Form_Resize();
+        }
+        break;
+    default:
+        break;
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void frmIMmain::Picture_MouseUp(const QWidget& picture, const QMouseEvent& event)
+{
+    if (event.button() == Qt::LeftButton && picture.rect().contains(event.position().toPoint())) {
+        OpenHomePage();
+    }
+}
+
+/** Whether `key` belongs to a command that a text field must leave alone: any but those of the Edit menu. */
+bool frmIMmain::IsCommandKey(const QKeyEvent& key) const
+{
+    const QKeySequence pressed(key.keyCombination());
+    const QList<QAction*> editing = findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions();
+    const QList<QAction*> actions = findChildren<QAction*>();
+    return std::any_of(actions.begin(), actions.end(), [&](QAction* action) {
+        return !pressed.isEmpty() && action->shortcut() == pressed && !editing.contains(action);
+    });
 }
 
 void frmIMmain::FollowCapsLock(const QKeyEvent& key)
@@ -204,22 +254,33 @@ void frmIMmain::Form_Resize()
     ui_->SSTab1->resize(ui_->SSTab1->width(), pixels(fitted.tabHeight));
 }
 
-void frmIMmain::OpenImageMapEditor()
+/** Makes and shows a window that is not there, or brings it to the front. */
+template<class Window, class Make> void frmIMmain::ShowOnce(QPointer<Window>& window, Make make)
 {
     ShowHourglass();
     // A window that has been closed lives on until the event loop comes round.
-    if (imageMapEditor_ == nullptr || !imageMapEditor_->isVisible()) {
-        imageMapEditor_ = new frmImageMap(imgMap_, *this, this);
-        imageMapEditor_->Form_Load();
-        imageMapEditor_->show();
+    if (window == nullptr || !window->isVisible()) {
+        window = make();
+        window->Form_Load();
+        window->show();
     } else {
-        imageMapEditor_->setWindowState(imageMapEditor_->windowState() & ~Qt::WindowMinimized);
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
     }
-    imageMapEditor_->raise();
-    imageMapEditor_->activateWindow();
-    if (imageMapEditor_->isActiveWindow()) {
+    window->raise();
+    window->activateWindow();
+    if (window->isActiveWindow()) {
         ShowDefaultPointer();
     }
+}
+
+void frmIMmain::OpenImageMapEditor()
+{
+    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, *this, this); });
+}
+
+void frmIMmain::mnuTPref_Click()
+{
+    ShowOnce(options_, [this] { return new frmMapOptions(imgMap_, *ui_->MapsText1, this); });
 }
 
 void frmIMmain::InsertAtCaret(const QString& text)
@@ -247,6 +308,9 @@ void frmIMmain::Form_Unload()
     imgMap_.ContinueAction = true;
     if (imageMapEditor_ != nullptr) {
         imageMapEditor_->close();
+    }
+    if (options_ != nullptr) {
+        options_->close();
     }
     QCoreApplication::quit();
 }

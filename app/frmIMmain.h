@@ -5,15 +5,21 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTextCharFormat>
 #include <memory>
 #include <optional>
 
 namespace Ui {
 class frmIMmain;
 }
+class Desktop;
 class QKeyEvent;
 class QLabel;
+class QMouseEvent;
+class QTreeWidgetItem;
 class frmImageMap;
+class frmMapOptions;
+struct ShellRequest;
 
 /**
  * The main window: the HTML source editor with tags and saved links beside it. It owns the document, whose
@@ -24,7 +30,7 @@ class frmIMmain : public QMainWindow, public DocumentSink
     Q_OBJECT
 
 public:
-    explicit frmIMmain(ImgMap& imgMap);
+    frmIMmain(ImgMap& imgMap, Desktop& desktop);
     ~frmIMmain() override;
 
     /** Prepares the window for its first showing; tells when the saved links cannot be read. */
@@ -34,7 +40,23 @@ public:
     void OpenDocument();
     void SaveDocument();
     void SaveDocumentAs();
+    void PrintDocument();
+    void PreviewDocument();
+    void UndoEdit();
+    void CutText();
+    void CopyText();
+    void PasteText();
+    void mnuEDelete_Click();
+    void mnuESelectAll_Click();
+    void mnuEFont_Click();
+    void mnuEUpperCase_Click();
+    void mnuELowerCase_Click();
+    void mnuEProperCase_Click();
+    void InsertPageSkeleton();
     void OpenImageMapEditor();
+    void mnuTPref_Click();
+    void OpenHomePage();
+    void ShowAbout();
     void ExitProgram();
 
     void InsertAtCaret(const QString& text) override;
@@ -48,6 +70,14 @@ protected:
 
 private:
     void MapsText1_Change();
+    void TreeView1_NodeClick(const QTreeWidgetItem* node);
+    void TreeView1_MouseUp();
+    void TreeView1_DblClick();
+    void btnAdd_Click();
+    void btnDelete_Click();
+    void btnSave_Click();
+    void lblQTags_MouseDown(QLabel* label);
+    void Picture_MouseUp(const QWidget& picture, const QMouseEvent& event);
     void Form_Resize();
     void Form_Unload();
     [[nodiscard]] bool QueryUnload();
@@ -55,8 +85,16 @@ private:
     void CreateCommands();
     void CreateStatusBar();
     void PlaceToolbar();
+    void ConnectControls();
+    template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
+    void BuildTagTree();
     void LoadSavedLinks();
     void FollowCapsLock(const QKeyEvent& key);
+    [[nodiscard]] bool IsCommandKey(const QKeyEvent& key) const;
+    [[nodiscard]] bool TreeView1_KeyDown(const QKeyEvent& key);
+    [[nodiscard]] int SelectedNode() const;
+    void ShowPreview(int node);
+    [[nodiscard]] QString LinksPath() const;
 
     [[nodiscard]] QString DocumentName() const;
     [[nodiscard]] bool IsNeverSaved() const;
@@ -69,11 +107,21 @@ private:
     [[nodiscard]] std::optional<QString> AskForSavePath();
     [[nodiscard]] std::optional<QString> AskForOpenPath();
 
+    /** Writes a copy of the document for another program; returns its path, also when that failed. */
+    [[nodiscard]] QString WriteTemporaryCopy(const QString& ending);
+    void ShellRun(const QString& verb, const QString& target);
+    void OpenAddress(const QString& address);
+    void Launch(const ShellRequest& request);
+    void ShowShellError(int code);
+
     ImgMap& imgMap_;
+    Desktop& desktop_;
     std::unique_ptr<Ui::frmIMmain> ui_;
     QLabel* panel1_ = nullptr;
     QLabel* panel2_ = nullptr;
     QLabel* panel3_ = nullptr;
     QPointer<frmImageMap> imageMapEditor_;
+    QPointer<frmMapOptions> options_;
+    std::optional<QTextCharFormat> lastFont_; ///< what the font dialog was accepted with last
     bool documentChanged_ = false;
 };

@@ -1,3 +1,4 @@
+#include "app/Desktop.h"
 #include "app/Startup.h"
 
 #include <QApplication>
@@ -19,7 +20,8 @@ int main(int argc, char* argv[])
 
     ImgMap imgMap;
     imgMap.ProgramFolder = QApplication::applicationDirPath();
-    Startup startup(imgMap);
+    const std::unique_ptr<Desktop> desktop = MakeDesktop();
+    Startup startup(imgMap, *desktop);
     startup.Begin();
     return QApplication::exec();
 }

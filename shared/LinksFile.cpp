@@ -1,10 +1,13 @@
 #include "shared/LinksFile.h"
 
 #include "shared/AnsiCodePage.h"
+#include "shared/FileWriting.h"
+#include "shared/SavedLinks.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -14,6 +17,8 @@ constexpr qsizetype urlSize = 260;
 constexpr qsizetype markTypeOffset = urlSize;
 constexpr qsizetype markValueOffset = markTypeOffset + 2;
 constexpr int recordsRead = 15;
+/** A file larger than this, in bytes, is none of ours and is left alone. */
+constexpr qint64 largestFile = qint64(1) << 26;
 
 /** The codes of what a record's mark is; a mark that is empty or an empty text makes the record free. */
 enum MarkType : quint16 { markEmpty = 0, markNumber = 2, markText = 8 };
@@ -51,19 +56,6 @@ RecordState StateOf(QByteArrayView record)
     return length == 0 ? RecordState::Free : RecordState::Used;
 }
 
-QString WithoutBlanksAround(const QString& text)
-{
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text[first] == u' ') {
-        ++first;
-    }
-    while (last > first && text[last - 1] == u' ') {
-        --last;
-    }
-    return text.mid(first, last - first);
-}
-
 SavedLink LinkOf(QByteArrayView record)
 {
     const bool isNumber = WordAt(record, markTypeOffset) == markNumber;
@@ -86,7 +78,43 @@ std::optional<QByteArray> ReadRecords(const QString& path)
     return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
 }
 
+QByteArray RecordOf(const QString& url, std::optional<qint16> mark)
+{
+    QByteArray record = AnsiCodePage::Encode(url).leftJustified(urlSize, ' ', true);
+    record.resize(recordSize, '\0');
+    if (mark) {
+        qToLittleEndian<quint16>(markNumber, record.data() + markTypeOffset);
+        qToLittleEndian<qint16>(*mark, record.data() + markValueOffset);
+    }
+    return record;
+}
+
+/** What the file `path` holds behind `start`; nothing when it cannot be read. */
+std::optional<QByteArray> BytesBehind(const QString& path, qint64 start)
+{
+    QFile file(path);
+    if (!file.exists()) {
+        return QByteArray();
+    }
+    if (!QFileInfo(path).isFile() || file.size() > largestFile || !file.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    const qint64 size = std::max(file.size() - start, qint64(0));
+    QByteArray bytes = size > 0 && file.seek(start) ? file.readAll() : QByteArray();
+    return bytes.size() == size ? std::optional(bytes) : std::nullopt;
+}
+
 } // namespace
+
+bool WriteSavedLinks(const QString& path, const ImgMap& imgMap)
+{
+    QByteArray bytes;
+    for (std::size_t slot = 1; slot <= mostSavedLinks; ++slot) {
+        bytes += RecordOf(imgMap.SavedLinkURL[slot], imgMap.SavedLinkMark[slot]);
+    }
+    const std::optional<QByteArray> rest = BytesBehind(path, bytes.size());
+    return rest && !WriteWholeFile(path, bytes + *rest);
+}
 
 SavedLinks ReadSavedLinks(const QString& path)
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shared/ImgMap.h"
+
 #include <QList>
 #include <QString>
 
@@ -23,6 +25,13 @@ struct SavedLinks
  * passed over and told by `isDamaged`.
  */
 [[nodiscard]] SavedLinks ReadSavedLinks(const QString& path);
+
+/**
+ * Writes the saved links to the links file `path`: 50 records, free ones included, and behind them whatever
+ * an older, longer file has there. URLs are cut to 260 characters of the code page. False when the file could
+ * not be written; it is then as it was.
+ */
+[[nodiscard]] bool WriteSavedLinks(const QString& path, const ImgMap& imgMap);
 
 /** What the user is told of a file that is damaged in this sense. */
 inline constexpr QStringView linksDamagedText = u"File Links.dra is either damaged or missing !";

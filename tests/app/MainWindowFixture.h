@@ -4,6 +4,7 @@
 #include "app/frmIMmain.h"
 #include "tests/support/DialogRobot.h"
 #include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingDesktop.h"
 
 #include <QAction>
 #include <QApplication>
@@ -116,7 +117,8 @@ public:
 
     ProgramFolder folder;
     DialogRobot robot;
-    frmIMmain window{ folder.imgMap };
+    RecordingDesktop desktop;
+    frmIMmain window{ folder.imgMap, desktop };
 };
 
 /** Runs the program's event loop from `act` on; whether the program then ends by itself. */

@@ -3,6 +3,7 @@
 #include "app/frmSplash.h"
 #include "tests/support/DialogRobot.h"
 #include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingDesktop.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -110,7 +111,8 @@ void tst_startup::mainWindowTakesThePlaceOfTheSplashPanel()
 {
     ProgramFolder folder;
     DialogRobot robot;
-    Startup startup(folder.imgMap);
+    RecordingDesktop desktop;
+    Startup startup(folder.imgMap, desktop);
     startup.Begin();
     QVERIFY(Window("frmSplash") != nullptr);
     QVERIFY(Window("frmSplash")->isVisible());
@@ -141,7 +143,8 @@ void tst_startup::damagedLinksAreToldBeforeTheMainWindowShows()
         isMainVisible = Window("frmIMmain")->isVisible();
         dialog.accept();
     });
-    Startup startup(folder.imgMap);
+    RecordingDesktop desktop;
+    Startup startup(folder.imgMap, desktop);
     startup.Begin();
     QTRY_VERIFY_WITH_TIMEOUT(Window("frmIMmain") != nullptr && Window("frmIMmain")->isVisible(), 10000);
     QVERIFY(isSplashVisible);

@@ -111,7 +111,7 @@ void PassOn(QtMsgType type, const QMessageLogContext& context, const QString& me
 ProgramDriver::ProgramDriver(const QString& folder, StepSeen stepSeen)
     : folder_(QDir(folder).absolutePath())
     , stepSeen_(std::move(stepSeen))
-    , startup_(imgMap_)
+    , startup_(imgMap_, desktop_)
 {
     previousHandler = qInstallMessageHandler(PassOn);
     Check(

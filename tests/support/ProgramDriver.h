@@ -3,6 +3,7 @@
 #include "app/Startup.h"
 #include "shared/ImgMap.h"
 #include "tests/support/DialogRobot.h"
+#include "tests/support/RecordingDesktop.h"
 
 #include <QDir>
 #include <QList>
@@ -93,6 +94,7 @@ private:
     QDir folder_;
     StepSeen stepSeen_;
     ImgMap imgMap_;
+    RecordingDesktop desktop_; ///< a play opens no programs beside it
     Startup startup_;
     DialogRobot robot_;
     QWidget* main_ = nullptr;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+/** What the desktop is asked to do with a file or an address, in the terms of ShellExecute() of the Windows
+ * API. */
+struct ShellRequest
+{
+    quintptr Window = 0; ///< the native handle of the window that asks
+    QString Verb;        ///< "Open" or "Print"
+    QString Target;      ///< a file or an address
+    QString Parameters;
+    QString Folder; ///< the folder to work in
+    int ShowMode = 0;
+};
+
+/** Codes below this one are errors. */
+inline constexpr int leastShellSuccess = 33;
+
+/** What the program asks of the desktop that it runs on. There is one file for each system. */
+class Desktop
+{
+public:
+    using Report = std::function<void(int code)>;
+
+    virtual ~Desktop() = default;
+
+    /**
+     * Hands `request` over and returns at once. `report` hears how it went, at once or later: a code from
+     * `leastShellSuccess` on, or an error for ShellErrorText().
+     */
+    virtual void Execute(const ShellRequest& request, const Report& report) = 0;
+
+    /** Shows the system's own About box; false where there is none. */
+    [[nodiscard]] virtual bool
+    ShowAboutBox(quintptr window, const QString& application, const QString& details) = 0;
+};
+
+/** The desktop of this system. */
+[[nodiscard]] std::unique_ptr<Desktop> MakeDesktop();

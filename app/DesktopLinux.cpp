@@ -1,0 +1,151 @@
+// The desktop of Linux and its like: the tools that every such desktop brings along.
+
+#include "app/Desktop.h"
+#include "app/ShellErrors.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <optional>
+#include <system_error>
+#include <unistd.h>
+
+namespace {
+
+/** What does a verb. Qt's own service for it does nothing where no desktop runs. */
+struct Tool
+{
+    const char* verb;
+    const char* program;
+};
+constexpr auto tools = std::to_array<Tool>({ { "Open", "xdg-open" }, { "Print", "lp" } });
+
+/** The exit code by which xdg-open says that a tool it needs is missing. */
+constexpr int toolMissing = 3;
+
+/** A program that ends with an error later than this, in milliseconds, had been started all right. */
+constexpr qint64 patience = 10'000;
+
+struct StartFailure
+{
+    int systemError;
+    int code;
+};
+constexpr auto startFailures = std::to_array<StartFailure>({
+    { ENOENT, shellNoAssociation },
+    { EACCES, shellAccessDenied },
+    { ENOEXEC, shellBadFormat },
+    { ENOMEM, shellOutOfMemory },
+    { EAGAIN, shellOutOfMemory },
+});
+
+bool IsAddress(const QString& target)
+{
+    return !target.startsWith(u'/') && target.contains(QStringLiteral("://"));
+}
+
+/** Why the file `path` cannot be handed over, before a tool is asked that would say it less clearly. */
+std::optional<int> TroubleWith(const QString& path)
+{
+    const QFileInfo file(path);
+    const QFileInfo folder(file.absolutePath());
+    if (!folder.exists()) {
+        return shellPathNotFound;
+    }
+    if (!folder.isExecutable()) {
+        return shellAccessDenied;
+    }
+    if (!file.exists()) {
+        return shellFileNotFound;
+    }
+    return file.isReadable() ? std::nullopt : std::optional<int>(shellAccessDenied);
+}
+
+int CodeOfFailedStart(const QProcess& process)
+{
+    // The system's number is only told within Qt's text.
+    const auto* const failure = std::ranges::find_if(startFailures, [&process](const StartFailure& row) {
+        return process.errorString().contains(
+            QString::fromLocal8Bit(std::generic_category().message(row.systemError)));
+    });
+    return failure != startFailures.end() ? failure->code : shellUnknown;
+}
+
+int CodeOfExit(int exitCode, QProcess::ExitStatus status)
+{
+    if (status != QProcess::NormalExit || exitCode >= leastShellSuccess) {
+        return shellUnknown;
+    }
+    if (exitCode == 0) {
+        return leastShellSuccess;
+    }
+    return exitCode == toolMissing ? shellNoAssociation : exitCode;
+}
+
+/** What a started program must not take over from this one. Runs in the new process. */
+void BecomeIndependent()
+{
+    ::setsid();
+    std::signal(SIGXFSZ, SIG_DFL);
+}
+
+void Start(const QString& program, const QString& argument, const Desktop::Report& report)
+{
+    // It is nobody's: destroying it would end what it has started, and that may outlive this program.
+    auto* const process = new QProcess;
+    process->setStandardInputFile(QProcess::nullDevice());
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->setChildProcessModifier(BecomeIndependent);
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    QObject::connect(process, &QProcess::finished, process, [=](int exitCode, QProcess::ExitStatus status) {
+        process->deleteLater();
+        report(sinceStart.elapsed() > patience ? leastShellSuccess : CodeOfExit(exitCode, status));
+    });
+    QObject::connect(process, &QProcess::errorOccurred, process, [=](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            process->deleteLater();
+            report(CodeOfFailedStart(*process));
+        }
+    });
+    process->start(program, { argument });
+}
+
+class LinuxDesktop : public Desktop
+{
+public:
+    void Execute(const ShellRequest& request, const Report& report) override
+    {
+        const bool isAddress = IsAddress(request.Target);
+        // A whole path: nothing of a name can be taken for an option.
+        const QString target = isAddress ? request.Target : QFileInfo(request.Target).absoluteFilePath();
+        if (const std::optional<int> trouble = isAddress ? std::nullopt : TroubleWith(target)) {
+            report(*trouble);
+            return;
+        }
+        const auto* const tool = std::ranges::find(tools, request.Verb.toLatin1(), &Tool::verb);
+        const QString program = tool != tools.end()
+                                    ? QStandardPaths::findExecutable(QString::fromLatin1(tool->program))
+                                    : QString();
+        if (program.isEmpty()) {
+            report(shellNoAssociation);
+            return;
+        }
+        Start(program, target, report);
+    }
+
+    bool ShowAboutBox(quintptr, const QString&, const QString&) override { return false; }
+};
+
+} // namespace
+
+std::unique_ptr<Desktop> MakeDesktop()
+{
+    return std::make_unique<LinuxDesktop>();
+}

@@ -1,0 +1,38 @@
+#include "app/ShellErrors.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Row
+{
+    int code;
+    const char* text;
+};
+
+constexpr auto rows = std::to_array<Row>({
+    { 0, "Memory Error" },
+    { shellFileNotFound, "File not found" },
+    { shellPathNotFound, "Path not found" },
+    { shellAccessDenied, "Access Denied" },
+    { shellOutOfMemory, "Out of Memory" },
+    { shellBadFormat, "Bad Executeable Format" },
+    { 26, "Sharing violation" },
+    { 27, "Association incomplete" },
+    { 28, "DEE time out" },
+    { 29, "DDE failed" },
+    { 30, "DDE Busy error" },
+    { shellNoAssociation, "No association for this file" },
+});
+static_assert(rows.size() == 12 && std::ranges::is_sorted(rows, {}, &Row::code));
+
+constexpr const char* otherwise = "Unknown Error!, Please try again...";
+
+} // namespace
+
+QString ShellErrorText(int code)
+{
+    const auto* const row = std::ranges::find(rows, code, &Row::code);
+    return QString::fromLatin1(row != rows.end() ? row->text : otherwise);
+}

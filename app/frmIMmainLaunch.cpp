@@ -1,0 +1,105 @@
+// The main window's ways to the world outside: preview, printing, help, home page and About.
+
+#include "app/Desktop.h"
+#include "app/ShellErrors.h"
+#include "app/TemporaryCopy.h"
+#include "app/frmIMmain.h"
+#include "shared/WindowHelpers.h"
+#include "ui_frmIMmain.h"
+
+#include <QMetaObject>
+
+namespace {
+
+constexpr int showMaximised = 3;
+constexpr const char* creditLine = "Made by the Cartolen authors";
+
+} // namespace
+
+void frmIMmain::ShellRun(const QString& verb, const QString& target)
+{
+    Launch({ .Window = winId(),
+             .Verb = verb,
+             .Target = target,
+             .Parameters = QStringLiteral("0"),
+             .Folder = target,
+             .ShowMode = 0 });
+}
+
+void frmIMmain::Launch(const ShellRequest& request)
+{
+    const QPointer<frmIMmain> window(this);
+    const bool isNew = IsNeverSaved();
+    desktop_.Execute(request, [window, isNew](int code) {
+        if (window != nullptr && code < leastShellSuccess) {
+            // To the user the copy is missing, not the program's own folder for it, of which he knows
+            // nothing.
+            window->ShowShellError(isNew && code == shellPathNotFound ? shellFileNotFound : code);
+        }
+    });
+}
+
+void frmIMmain::ShowShellError(int code)
+{
+    ShowMessage(this, QMessageBox::Critical, ShellErrorText(code));
+}
+
+QString frmIMmain::WriteTemporaryCopy(const QString& ending)
+{
+    const QString path = IsNeverSaved() ? TemporaryCopyOfNew(imgMap_.ProgramFolder, ending)
+                                        : TemporaryCopyOf(DocumentName(), ending);
+    // A failure has been told; what there is of an older copy is still launched.
+    (void)WriteText(path);
+    return path;
+}
+
+void frmIMmain::PrintDocument()
+{
+    if (ui_->MapsText1->TextLength() == 0) {
+        ShowMessage(
+            this, QMessageBox::Information,
+            QStringLiteral("There is no contents to print in the current document!"));
+        return;
+    }
+    ShellRun(QStringLiteral("Print"), WriteTemporaryCopy(QStringLiteral("txt")));
+}
+
+void frmIMmain::PreviewDocument()
+{
+    if (ui_->MapsText1->TextLength() == 0) {
+        ShowMessage(
+            this, QMessageBox::Information,
+            QStringLiteral("There is no contents to display in the current document!"));
+        return;
+    }
+    ShellRun(QStringLiteral("Open"), WriteTemporaryCopy(QStringLiteral("html")));
+}
+
+void frmIMmain::OpenHomePage()
+{
+    OpenAddress(homePage.toString());
+}
+
+void frmIMmain::OpenAddress(const QString& address)
+{
+    Launch({ .Window = winId(),
+             .Verb = QStringLiteral("Open"),
+             .Target = address,
+             .Parameters = QString(),
+             .Folder = address,
+             .ShowMode = showMaximised });
+}
+
+void frmIMmain::ShowAbout()
+{
+    const QString application = applicationTitle.toString();
+    const QString details = QStringLiteral("V%1.%2\n%3")
+                                .arg(CARTOLEN_MAJOR)
+                                .arg(CARTOLEN_MINOR)
+                                .arg(QString::fromLatin1(creditLine));
+    if (!desktop_.ShowAboutBox(winId(), application, details)) {
+        ShowMessage(
+            this, QMessageBox::Information, application + u'\n' + details, QMessageBox::Ok,
+            QStringLiteral("About"));
+    }
+}

@@ -1,0 +1,116 @@
+// The main window's tag tree: what it shows, previews and inserts.
+
+#include "app/frmIMmain.h"
+#include "taglib/TagCatalogue.h"
+#include "ui_frmIMmain.h"
+
+#include <QKeyEvent>
+#include <QStyle>
+#include <QStyleFactory>
+
+namespace {
+
+/** Which node an entry of the tree is, and its key. */
+constexpr int indexRole = Qt::UserRole;
+constexpr int keyRole = Qt::UserRole + 1;
+
+QString TextOf(std::string_view text)
+{
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+void frmIMmain::BuildTagTree()
+{
+    QTreeWidgetItem* root = nullptr;
+    QTreeWidgetItem* category = nullptr;
+    int index = 0;
+    for (const TagNode& node : TagNodes()) {
+        auto* const entry = new QTreeWidgetItem({ TextOf(node.Caption) });
+        entry->setData(0, indexRole, ++index);
+        entry->setData(0, keyRole, TextOf(node.Key));
+        switch (node.Level) {
+        case TagLevel::Root:
+            root = entry;
+            ui_->TreeView1->addTopLevelItem(root);
+            break;
+        case TagLevel::Category:
+            category = entry;
+            root->addChild(category);
+            break;
+        case TagLevel::Item:
+            category->addChild(entry);
+            break;
+        }
+    }
+    root->setExpanded(true);
+    // The one style of Qt's own that draws the lines of a tree and boxes to open and close.
+    QStyle* const withLines = QStyleFactory::create(QStringLiteral("Windows"));
+    withLines->setParent(ui_->TreeView1);
+    ui_->TreeView1->setStyle(withLines);
+}
+
+int frmIMmain::SelectedNode() const
+{
+    const QList<QTreeWidgetItem*> selected = ui_->TreeView1->selectedItems();
+    return selected.isEmpty() ? 0 : selected.constFirst()->data(0, indexRole).toInt();
+}
+
+void frmIMmain::ShowPreview(int node)
+{
+    if (const std::optional<TagPreview> preview = PreviewOf(node)) {
+        ui_->lblQTagsO->setText(TextOf(preview->Opening));
+        ui_->lblQTagsC->setText(TextOf(preview->Closing));
+    }
+}
+
+void frmIMmain::TreeView1_NodeClick(const QTreeWidgetItem* node)
+{
+    if (node != nullptr) {
+        ShowPreview(node->data(0, indexRole).toInt());
+    }
+}
+
+void frmIMmain::TreeView1_MouseUp()
+{
+    if (IsPreviewCleared(SelectedNode())) {
+        ui_->lblQTagsO->clear();
+        ui_->lblQTagsC->clear();
+    }
+}
+
+void frmIMmain::TreeView1_DblClick()
+{
+    SourceEditor& editor = *ui_->MapsText1;
+    const qsizetype start = editor.SelStart();
+    const TagNode* const tag = TagItem(SelectedNode());
+    if (tag == nullptr) {
+        return;
+    }
+    const SourceEditor::UndoStep step(editor);
+    // The clipboard carries the selection: what is there afterwards is part of what the user counts on.
+    CutText();
+    editor.ReplaceSelection(TextOf(tag->Before));
+    PasteText();
+    editor.ReplaceSelection(TextOf(tag->After));
+    if (tag->Caret != caretAtEnd) {
+        editor.Select(start + tag->Caret, 0);
+        editor.setFocus();
+    }
+}
+
+/** Enter does what a double click does; true when `key` was that. */
+bool frmIMmain::TreeView1_KeyDown(const QKeyEvent& key)
+{
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) {
+        return false;
+    }
+    QTreeWidgetItem* const node = ui_->TreeView1->currentItem();
+    if (node != nullptr && node->childCount() > 0) {
+        node->setExpanded(!node->isExpanded());
+    } else {
+        TreeView1_DblClick();
+    }
+    return true;
+}
