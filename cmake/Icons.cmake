@@ -1,11 +1,22 @@
-# Adds the resources of `qrc` to `target`, with every SVG picture in it drawn at build time and under its own name. An
-# icon has each size that it takes on screens scaled from 100 to 300 per cent, so it is as sharp as the original.
+# Icons are drawn by Qt SVG when the program runs. For a Qt without it they are drawn when it is built: each keeps its name
+# and has every size that it takes on screens scaled from 100 to 300 per cent, so it is as sharp.
 set(icon_sizes 16 20 24 28 30 32 36 40 42 48 56 60 64 72 80 96)
 
+# Adds the pictures of the resource collection `qrc` to `target`.
+function(cartolen_icons target qrc)
+    if(CARTOLEN_DRAWN_ICONS)
+        cartolen_drawn_icons(${target} ${qrc})
+    else()
+        target_sources(${target} PRIVATE ${qrc})
+        target_link_libraries(${target} PUBLIC Qt6::Svg)
+    endif()
+endfunction()
+
 function(cartolen_drawn_icons target qrc)
-    get_filename_component(name ${qrc} NAME_WE)
+    cmake_path(ABSOLUTE_PATH qrc)
+    cmake_path(GET qrc STEM name)
+    cmake_path(GET qrc PARENT_PATH source_folder)
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/drawn-${name})
-    get_filename_component(source_folder ${qrc} DIRECTORY BASE_DIR ${CMAKE_CURRENT_SOURCE_DIR})
     file(READ ${qrc} contents)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${qrc})
 
@@ -34,7 +45,7 @@ function(cartolen_drawn_icons target qrc)
     file(CONFIGURE OUTPUT ${folder}/${name}.qrc CONTENT "${contents}" @ONLY)
     add_custom_command(
         OUTPUT ${folder}/qrc_${name}.cpp
-        COMMAND Qt6::rcc --name ${name} --output ${folder}/qrc_${name}.cpp ${folder}/${name}.qrc
+        COMMAND Qt6::rcc --name ${name} --compress-algo zlib --output ${folder}/qrc_${name}.cpp ${folder}/${name}.qrc
         DEPENDS ${pictures} ${folder}/${name}.qrc
         COMMENT "Drawing the icons"
         VERBATIM)
