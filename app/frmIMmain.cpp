@@ -2,6 +2,8 @@
 
 #include "app/WindowLayout.h"
 #include "app/frmMapOptions.h"
+#include "help/HelpDisplay.h"
+#include "help/HelpWindow.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/CommandTables.h"
 #include "shared/WindowHelpers.h"
@@ -54,8 +56,8 @@ constexpr auto menuRows = std::to_array<Row>({
     { Separator, "mnuTSep1" },
     { Entry, "mnuTPreview", "Preview with Default &Browser", "Ctrl+D", &frmIMmain::PreviewDocument },
     { Menu, "mnuHelp", "&Help" },
-    { Entry, "mnuHContents", "&Contents", "F1" },
-    { Entry, "mnuHSearch", "&Search" },
+    { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents },
+    { Entry, "mnuHSearch", "&Search", "", &frmIMmain::ShowHelpSearch },
     { Separator, "mnuHSep1" },
     { Entry, "mnuHHome", "&Cartolen Home Page...", "", &frmIMmain::OpenHomePage },
     { Separator, "mnuHSep2" },
@@ -75,7 +77,7 @@ constexpr auto toolbarRows = std::to_array<Button>({
     { 13, "Custom HTML", "custom-html", &frmIMmain::InsertPageSkeleton },
     { 15, "Image Map", "image-map", &frmIMmain::OpenImageMapEditor },
     { 17, "Preview with Default Browser", "preview", &frmIMmain::PreviewDocument },
-    { 19, "Help", "help" },
+    { 19, "Help", "help", &frmIMmain::ShowHelpContents },
     { 21, "Exit", "exit", &frmIMmain::ExitProgram },
 });
 static_assert(IsToolbarInOrder(toolbarRows, toolbarPositions));
@@ -89,6 +91,7 @@ frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     : imgMap_(imgMap)
     , desktop_(desktop)
     , ui_(std::make_unique<Ui::frmIMmain>())
+    , help_(std::make_unique<HelpDisplay>(imgMap))
 {
     ui_->setupUi(this);
     CreateCommands();
@@ -115,6 +118,7 @@ void frmIMmain::ConnectControls()
     connect(ui_->btnAdd, &QPushButton::clicked, this, &frmIMmain::btnAdd_Click);
     connect(ui_->btnDelete, &QPushButton::clicked, this, &frmIMmain::btnDelete_Click);
     connect(ui_->btnSave, &QPushButton::clicked, this, &frmIMmain::btnSave_Click);
+    connect(help_.get(), &HelpDisplay::LinkToOutside, this, &frmIMmain::Help_LinkToOutside);
     for (QObject* const watched : std::initializer_list<QObject*>{
              ui_->MapsText1, ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags,
              ui_->lblQTagsO, ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
@@ -275,7 +279,7 @@ template<class Window, class Make> void frmIMmain::ShowOnce(QPointer<Window>& wi
 
 void frmIMmain::OpenImageMapEditor()
 {
-    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, *this, this); });
+    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, *this, *help_, this); });
 }
 
 void frmIMmain::mnuTPref_Click()
@@ -311,6 +315,9 @@ void frmIMmain::Form_Unload()
     }
     if (options_ != nullptr) {
         options_->close();
+    }
+    if (help_->Window() != nullptr) {
+        help_->Window()->close();
     }
     QCoreApplication::quit();
 }

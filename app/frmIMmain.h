@@ -13,10 +13,12 @@ namespace Ui {
 class frmIMmain;
 }
 class Desktop;
+class HelpDisplay;
 class QKeyEvent;
 class QLabel;
 class QMouseEvent;
 class QTreeWidgetItem;
+class QUrl;
 class frmImageMap;
 class frmMapOptions;
 struct ShellRequest;
@@ -56,6 +58,8 @@ public:
     void OpenImageMapEditor();
     void mnuTPref_Click();
     void OpenHomePage();
+    void ShowHelpContents();
+    void ShowHelpSearch();
     void ShowAbout();
     void ExitProgram();
 
@@ -78,6 +82,7 @@ private:
     void btnSave_Click();
     void lblQTags_MouseDown(QLabel* label);
     void Picture_MouseUp(const QWidget& picture, const QMouseEvent& event);
+    void Help_LinkToOutside(const QUrl& url);
     void Form_Resize();
     void Form_Unload();
     [[nodiscard]] bool QueryUnload();
@@ -120,6 +125,7 @@ private:
     QLabel* panel1_ = nullptr;
     QLabel* panel2_ = nullptr;
     QLabel* panel3_ = nullptr;
+    std::unique_ptr<HelpDisplay> help_;
     QPointer<frmImageMap> imageMapEditor_;
     QPointer<frmMapOptions> options_;
     std::optional<QTextCharFormat> lastFont_; ///< what the font dialog was accepted with last

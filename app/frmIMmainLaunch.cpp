@@ -4,10 +4,11 @@
 #include "app/ShellErrors.h"
 #include "app/TemporaryCopy.h"
 #include "app/frmIMmain.h"
+#include "help/HelpDisplay.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
 
-#include <QMetaObject>
+#include <QUrl>
 
 namespace {
 
@@ -73,6 +74,23 @@ void frmIMmain::PreviewDocument()
         return;
     }
     ShellRun(QStringLiteral("Open"), WriteTemporaryCopy(QStringLiteral("html")));
+}
+
+void frmIMmain::ShowHelpContents()
+{
+    GoToProgramFolder(imgMap_);
+    help_->ShowContents(this);
+}
+
+void frmIMmain::ShowHelpSearch()
+{
+    GoToProgramFolder(imgMap_);
+    help_->ShowSearch(this);
+}
+
+void frmIMmain::Help_LinkToOutside(const QUrl& url)
+{
+    OpenAddress(url.toString(QUrl::FullyEncoded));
 }
 
 void frmIMmain::OpenHomePage()

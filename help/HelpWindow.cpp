@@ -8,7 +8,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QTabBar>
 #include <QToolBar>
+#include <array>
 
 /** The icons lie in a static library, from which nothing else would fetch them. */
 static void LoadHelpIcons()
@@ -148,9 +150,11 @@ void HelpWindow::CreateKeys()
     });
     add(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { FindInPage(true); });
     add(QKeySequence(Qt::Key_F6), [this] {
-        const bool isInPage = ui_->PageView1->hasFocus();
-        (isInPage ? ui_->HelpTabs->currentWidget()->nextInFocusChain() : ui_->PageView1)
-            ->setFocus(Qt::ShortcutFocusReason);
+        if (ui_->PageView1->hasFocus()) {
+            GoToTab();
+        } else {
+            ui_->PageView1->setFocus(Qt::ShortcutFocusReason);
+        }
     });
     add(QKeySequence(Qt::CTRL | Qt::Key_Plus), [this] { ui_->PageView1->Zoom(1); });
     // The key where plus needs Shift.
@@ -180,8 +184,21 @@ void HelpWindow::ConnectLists()
     connect(txtFind_, &QLineEdit::returnPressed, this, [this] { FindInPage(false); });
     connect(ui_->PageView1, &QTextBrowser::anchorClicked, this, &HelpWindow::OpenLink);
     connect(ui_->PageView1, &QTextBrowser::sourceChanged, this, &HelpWindow::PageOpened);
+    connect(ui_->HelpTabs, &QTabWidget::currentChanged, this, [this] {
+        // Who walks through the tabs with the arrow keys stays there.
+        if (!ui_->HelpTabs->tabBar()->hasFocus()) {
+            GoToTab();
+        }
+    });
     ui_->txtKeyword->installEventFilter(this);
     ui_->txtWords->installEventFilter(this);
+}
+
+/** Takes the user to where the open tab begins. */
+void HelpWindow::GoToTab()
+{
+    const std::array<QWidget*, 3> first = { ui_->treContents, ui_->txtKeyword, ui_->txtWords };
+    first[static_cast<std::size_t>(ui_->HelpTabs->currentIndex())]->setFocus(Qt::ShortcutFocusReason);
 }
 
 /** Up and down in a field move in the list below it. */

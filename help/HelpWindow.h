@@ -52,6 +52,7 @@ private:
     void ConnectLists();
 
     void Present();
+    void GoToTab();
     void OpenPage(const QString& name);
     void OpenLink(const QUrl& link);
     void PageOpened(const QUrl& url);

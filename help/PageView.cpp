@@ -63,7 +63,7 @@ bool PageView::FindWords(const QString& words, bool isBackward)
 
 QVariant PageView::loadResource(int type, const QUrl& name)
 {
-    const QVariant resource = QTextBrowser::loadResource(type, name);
+    QVariant resource = QTextBrowser::loadResource(type, name);
     const qreal ratio = devicePixelRatio();
     if (type != QTextDocument::ImageResource || ratio <= 1) {
         return resource;

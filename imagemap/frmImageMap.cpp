@@ -5,6 +5,7 @@
 #include "imagemap/frmJSOptions.h"
 #include "linkdialog/frmIMLink.h"
 #include "shared/CommandTables.h"
+#include "shared/HelpViewer.h"
 #include "shared/Paths.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmImageMap.h"
@@ -43,7 +44,7 @@ constexpr auto menuRows = std::to_array<Row>({
     { Menu, "mnuJS", "&Java Script" },
     { Entry, "mnuJSOptions", "Java Script &Options...", "", &frmImageMap::mnuJSOptions_Click },
     { Menu, "mnuHelp", "&Help" },
-    { Entry, "mnuContents", "&Help..." },
+    { Entry, "mnuContents", "&Help...", "", &frmImageMap::ShowHelp },
 });
 
 constexpr int toolbarPositions = 18;
@@ -85,10 +86,11 @@ QString TextOrCaption(const QLineEdit* field, const QLabel* fallback)
 
 } // namespace
 
-frmImageMap::frmImageMap(ImgMap& imgMap, DocumentSink& document, QWidget* owner)
+frmImageMap::frmImageMap(ImgMap& imgMap, DocumentSink& document, HelpViewer& help, QWidget* owner)
     : QMainWindow(owner, Qt::Window)
     , imgMap_(imgMap)
     , document_(document)
+    , help_(help)
     , ui_(std::make_unique<Ui::frmImageMap>())
     , protocol_(imgMap, *this)
 {
@@ -392,10 +394,16 @@ void frmImageMap::RemoveLastArea()
     delete ui_->ListView1->topLevelItem(ui_->ListView1->topLevelItemCount() - 1);
 }
 
+void frmImageMap::ShowHelp()
+{
+    GoToProgramFolder(imgMap_);
+    help_.ShowContents(this);
+}
+
 void frmImageMap::mnuJSOptions_Click()
 {
     ShowStatus(u"Set Java Script Options!");
-    jsOptions_ = new frmJSOptions(imgMap_, *this);
+    jsOptions_ = new frmJSOptions(imgMap_, help_, *this);
     jsOptions_->Form_Load();
     jsOptions_->show();
 }

@@ -11,6 +11,7 @@
 namespace Ui {
 class frmImageMap;
 }
+class HelpViewer;
 class QLabel;
 class QScrollBar;
 class frmIMLink;
@@ -27,7 +28,7 @@ class frmImageMap : public QMainWindow, public AreaEditor, private DrawingView
 
 public:
     /** `owner` is the window it stays above; `document` receives the finished map. */
-    frmImageMap(ImgMap& imgMap, DocumentSink& document, QWidget* owner);
+    frmImageMap(ImgMap& imgMap, DocumentSink& document, HelpViewer& help, QWidget* owner);
     ~frmImageMap() override;
 
     /** Prepares the window for its first showing: cursor mode, only Open and Exit enabled. */
@@ -37,6 +38,7 @@ public:
     void NewImageMap();
     void GenerateMap();
     void CloseImageMapEditor();
+    void ShowHelp();
     void DeleteLastFigure();
     void EditAreaData();
     void EditSelectedArea();
@@ -114,6 +116,7 @@ private:
 
     ImgMap& imgMap_;
     DocumentSink& document_;
+    HelpViewer& help_;
     std::unique_ptr<Ui::frmImageMap> ui_;
     DrawingProtocol protocol_;
     std::array<QLabel*, drawingLabels.size()> labels_ = {};

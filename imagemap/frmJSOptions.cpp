@@ -1,6 +1,7 @@
 #include "imagemap/frmJSOptions.h"
 
 #include "imagemap/frmImageMap.h"
+#include "shared/HelpViewer.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmJSOptions.h"
 
@@ -15,9 +16,10 @@ constexpr const char* switchQuestion =
 
 } // namespace
 
-frmJSOptions::frmJSOptions(ImgMap& imgMap, frmImageMap& editor)
+frmJSOptions::frmJSOptions(ImgMap& imgMap, HelpViewer& help, frmImageMap& editor)
     : QDialog(&editor)
     , imgMap_(imgMap)
+    , help_(help)
     , editor_(editor)
     , ui_(std::make_unique<Ui::frmJSOptions>())
 {
@@ -30,9 +32,8 @@ frmJSOptions::frmJSOptions(ImgMap& imgMap, frmImageMap& editor)
         connect(option, &QRadioButton::clicked, this, &frmJSOptions::optJSOpt_Click);
     }
     connect(ui_->cmdOK, &QPushButton::clicked, this, &frmJSOptions::cmdOK_Click);
+    connect(ui_->cmdHelp, &QPushButton::clicked, this, &frmJSOptions::cmdHelp_Click);
     ui_->cmdOK->setDefault(true);
-    // There is no help to show yet.
-    ui_->cmdHelp->setEnabled(false);
 }
 
 frmJSOptions::~frmJSOptions() = default;
@@ -111,6 +112,12 @@ void frmJSOptions::ApplyJSMode()
 void frmJSOptions::cmdOK_Click()
 {
     accept();
+}
+
+void frmJSOptions::cmdHelp_Click()
+{
+    GoToProgramFolder(imgMap_);
+    help_.ShowTopic(this, u"javascript-options");
 }
 
 void frmJSOptions::done(int result)

@@ -9,6 +9,7 @@
 namespace Ui {
 class frmJSOptions;
 }
+class HelpViewer;
 class QRadioButton;
 class frmImageMap;
 
@@ -18,7 +19,7 @@ class frmJSOptions : public QDialog
     Q_OBJECT
 
 public:
-    frmJSOptions(ImgMap& imgMap, frmImageMap& editor);
+    frmJSOptions(ImgMap& imgMap, HelpViewer& help, frmImageMap& editor);
     ~frmJSOptions() override;
 
     /** Centres the dialog and selects the option of the mode in force; applies nothing. */
@@ -26,6 +27,7 @@ public:
 
     void optJSOpt_Click();
     void cmdOK_Click();
+    void cmdHelp_Click();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,6 +41,7 @@ private:
     void SelectCurrentMode();
 
     ImgMap& imgMap_;
+    HelpViewer& help_;
     frmImageMap& editor_;
     std::unique_ptr<Ui::frmJSOptions> ui_;
     std::array<QRadioButton*, jsModeTexts.size()> options_;

@@ -110,6 +110,10 @@ void FillToolbar(QToolBar* toolbar, Window* window, std::span<const ToolbarRow<W
         }
         toolbar->widgetForAction(action)->setAccessibleName(tip.trimmed());
     }
+    // Qt's own button for what does not fit has no name.
+    if (auto* const more = toolbar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
+        more->setAccessibleName(QStringLiteral("More buttons"));
+    }
     // A new toolbar looks raised; ToggleFlatLook() changes that.
     for (QToolButton* const button : toolbar->findChildren<QToolButton*>()) {
         button->setAutoRaise(false);

@@ -7,6 +7,7 @@
 #include "shared/DocumentSink.h"
 #include "tests/support/DialogRobot.h"
 #include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingHelp.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -91,7 +92,7 @@ class Editor
 {
 public:
     Editor(QSize size, int figures)
-        : window_(new frmImageMap(folder_.imgMap, document_, nullptr))
+        : window_(new frmImageMap(folder_.imgMap, document_, help_, nullptr))
     {
         const QString path = folder_.Path(QStringLiteral("picture.jpg"));
         MakePicture(size).save(path, "jpg", 90);
@@ -140,6 +141,7 @@ private:
 
     ProgramFolder folder_;
     NoDocument document_;
+    RecordingHelp help_;
     frmImageMap* window_;
     PictureSurface* surface_ = nullptr;
 };
@@ -302,7 +304,8 @@ void BenchInsert()
     ProgramFolder folder;
     folder.imgMap.Mode = JSTextArea;
     OpenDocument page(text);
-    auto* const editor = new frmImageMap(folder.imgMap, page, nullptr);
+    RecordingHelp help;
+    auto* const editor = new frmImageMap(folder.imgMap, page, help, nullptr);
     editor->Form_Load();
     AppendAreas(*editor, areas);
     const double generated = SecondsOf([editor] { editor->GenerateMap(); });

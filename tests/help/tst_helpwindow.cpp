@@ -39,6 +39,8 @@ private Q_SLOTS:
     void NoKeywordOpensNothing();
     void SearchListsPagesAndTheirNumber();
     void EnterOpensTheBestPageAtTheWords();
+    void ATabIsReadyToTypeIn();
+    void F6GoesToThePageAndBack();
     void ATopicShowsItsPage();
     void AnUnknownTopicShowsTheFirstPage();
     void ALinkOpensThePageAtItsPlace();
@@ -299,6 +301,27 @@ void TestHelpWindow::EnterOpensTheBestPageAtTheWords()
     QTest::keyClick(Find<QLineEdit>(window_.get(), "txtWords"), Qt::Key_Return);
     QCOMPARE(PageName(), QStringLiteral("harbours"));
     QCOMPARE(Page()->textCursor().selectedText(), QStringLiteral("boat"));
+}
+
+void TestHelpWindow::ATabIsReadyToTypeIn()
+{
+    PressInFocus(Qt::Key_I, Qt::AltModifier);
+    TypeInFocus("qu");
+    QCOMPARE(ShownKeywords(), QStringList({ QStringLiteral("quay") }));
+    PressInFocus(Qt::Key_S, Qt::AltModifier);
+    TypeInFocus("tides");
+    QCOMPARE(Find<QListWidget>(window_.get(), "lstResults")->count(), 1);
+    PressInFocus(Qt::Key_C, Qt::AltModifier);
+    QVERIFY(Find<QWidget>(window_.get(), "treContents")->hasFocus());
+}
+
+void TestHelpWindow::F6GoesToThePageAndBack()
+{
+    window_->ShowIndex();
+    PressInFocus(Qt::Key_F6);
+    QVERIFY(Page()->hasFocus());
+    PressInFocus(Qt::Key_F6);
+    QVERIFY(Find<QWidget>(window_.get(), "txtKeyword")->hasFocus());
 }
 
 void TestHelpWindow::ATopicShowsItsPage()

@@ -4,6 +4,7 @@
 #include "tests/support/DialogRobot.h"
 #include "tests/support/Icons.h"
 #include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingHelp.h"
 #include "tests/support/WidgetDriving.h"
 
 #include <QAction>
@@ -54,7 +55,7 @@ public:
     void LoadEditor()
     {
         delete editor.data();
-        editor = new frmImageMap(imgMap, document, nullptr);
+        editor = new frmImageMap(imgMap, document, help, nullptr);
         editor->Form_Load();
     }
 
@@ -249,6 +250,7 @@ public:
     ProgramFolder folder;
     ImgMap& imgMap = folder.imgMap;
     FakeDocument document;
+    RecordingHelp help;
     DialogRobot robot;
     QPointer<frmImageMap> editor;
 };

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void listHasItsColumns();
     void menusHaveTheirEntriesInOrder_data();
     void menusHaveTheirEntriesInOrder();
+    void helpEntryShowsTheContents();
     void toolbarHasItsButtonsAndSeparators();
     void toolbarButtonsShowPictures();
 
@@ -201,6 +202,16 @@ void tst_frmimagemap::menusHaveTheirEntriesInOrder()
         seen << (entry->isSeparator() ? QStringLiteral("-") : entry->objectName() + u'=' + entry->text());
     }
     QCOMPARE(seen, lines);
+}
+
+void tst_frmimagemap::helpEntryShowsTheContents()
+{
+    QVERIFY(test_->Start());
+    QDir::setCurrent(QDir::rootPath());
+    QVERIFY(test_->Entry("mnuContents")->isEnabled());
+    test_->Entry("mnuContents")->trigger();
+    QCOMPARE(test_->help.Asked, QStringList({ QStringLiteral("contents") }));
+    QCOMPARE(QDir::currentPath(), QDir(test_->imgMap.ProgramFolder).canonicalPath());
 }
 
 void tst_frmimagemap::toolbarHasItsButtonsAndSeparators()

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void cleanup();
 
     void dialogShowsItsTexts();
+    void helpButtonShowsThePageOfTheOptions();
     void dialogIsModalAndCentred();
     void firstOpeningSelectsDisabled();
     void loadingSelectsTheModeInForce_data();
@@ -150,10 +151,17 @@ void tst_frmjsoptions::dialogShowsItsTexts()
         QVERIFY(beside != labels.end());
         QCOMPARE((*beside)->text(), explanations[i]);
     }
-    Find<QPushButton>(dialog_, "cmdHelp");
     QCOMPARE(Find<QPushButton>(dialog_, "cmdOK")->text(), QString());
     ClickIn(dialog_, "cmdOK");
     QTRY_VERIFY(dialog_ == nullptr);
+}
+
+void tst_frmjsoptions::helpButtonShowsThePageOfTheOptions()
+{
+    OpenOptions();
+    ClickIn(dialog_, "cmdHelp");
+    QCOMPARE(test_->help.Asked, QStringList({ QStringLiteral("javascript-options") }));
+    QVERIFY(dialog_->isVisible());
 }
 
 void tst_frmjsoptions::dialogIsModalAndCentred()

@@ -148,7 +148,7 @@ private:
     [[nodiscard]] QString SmallPicture() const
     {
         const QImage whole(picture_);
-        const QString path = place_.filePath(QStringLiteral("harbour.jpg"));
+        QString path = place_.filePath(QStringLiteral("harbour.jpg"));
         Check(
             whole.scaledToWidth(whole.width() / 2, Qt::SmoothTransformation).save(path, "jpg", 90),
             u"cannot make " + path);
