@@ -1,0 +1,211 @@
+// Costs of editing documents of 1, 10 and 50 megabytes, and of what the program puts into them.
+
+#include "app/SourceEditor.h"
+#include "app/frmIMmain.h"
+#include "imagemap/frmImageMap.h"
+#include "shared/AnsiCodePage.h"
+#include "shared/DocumentSink.h"
+#include "shared/FileWriting.h"
+#include "tests/bench/Bench.h"
+#include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingDesktop.h"
+#include "tests/support/RecordingHelp.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace {
+
+const QByteArray line = "<p>Some text that a page is made of, long enough.</p>\r\n";
+
+QByteArray PageOf(int megabytes)
+{
+    return line.repeated(megabytes * int(megabyte) / int(line.size()));
+}
+
+QByteArray ReadAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void ShowIn(QPlainTextEdit& editor)
+{
+    editor.resize(700, 500);
+    editor.show();
+    QCoreApplication::processEvents();
+}
+
+/** Keys typed on a line of its own in the middle, from the event to the painted editor. */
+Cost CostOfKey(const QString& text)
+{
+    constexpr int keys = 100;
+    SourceEditor editor;
+    editor.LoadText(text);
+    ShowIn(editor);
+    editor.Select(editor.TextLength() / 2, 0);
+    QTest::keyClick(&editor, Qt::Key_End);
+    QTest::keyClick(&editor, Qt::Key_Return);
+    return CostOf(
+        [&editor] {
+            for (int i = 0; i < keys; ++i) {
+                QTest::keyClick(&editor, Qt::Key_X);
+                if (i % 40 == 0) {
+                    QTest::keyClick(&editor, Qt::Key_Return);
+                }
+                QCoreApplication::processEvents();
+            }
+        },
+        keys);
+}
+
+/** From the top to the end of the text and back. */
+Cost CostOfScrolling(QPlainTextEdit& editor)
+{
+    return CostOf([&editor] {
+        QTest::keyClick(&editor, Qt::Key_End, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+        QTest::keyClick(&editor, Qt::Key_Home, Qt::ControlModifier);
+        QCoreApplication::processEvents();
+    });
+}
+
+/** From the double click on "Bold" to the painted editor, with a word selected in the middle line, and back.
+ */
+Cost CostOfTag(const QByteArray& page)
+{
+    constexpr int tags = 20;
+    ProgramFolder folder;
+    RecordingDesktop desktop;
+    frmIMmain window(folder.imgMap, desktop);
+    window.Form_Load();
+    window.show();
+    auto* const editor = window.findChild<SourceEditor*>();
+    auto* const tree = window.findChild<QTreeWidget*>();
+    editor->LoadText(QString::fromLatin1(page));
+    QTreeWidgetItem* const bold = tree->findItems(QStringLiteral("Bold"), Qt::MatchRecursive).constFirst();
+    tree->setCurrentItem(bold);
+    QCoreApplication::processEvents();
+    const qsizetype word = page.size() / line.size() / 2 * line.size() + line.indexOf("text");
+    return CostOf(
+        [&window, editor, tree, bold, word] {
+            for (int i = 0; i < tags; ++i) {
+                editor->Select(word, 4);
+                Q_EMIT tree->itemDoubleClicked(bold, 0);
+                QCoreApplication::processEvents();
+                window.UndoEdit();
+            }
+        },
+        tags);
+}
+
+void BenchDocument(int megabytes, const Cost& bareKey, const Cost& bareTag)
+{
+    const ProgramFolder folder;
+    const QString path = folder.Path(QStringLiteral("page.htm"));
+    (void)WriteWholeFile(path, PageOf(megabytes));
+    const QString size = QStringLiteral(" %1 MB; ").arg(megabytes);
+
+    QPlainTextEdit bare;
+    ShowIn(bare);
+    const Cost filled = CostOf([&bare, &path] {
+        bare.clear();
+        bare.setPlainText(QString::fromLatin1(ReadAll(path)));
+        QCoreApplication::processEvents();
+    });
+    SourceEditor editor;
+    ShowIn(editor);
+    const Cost opened = CostOf([&editor, &path] {
+        editor.LoadText(AnsiCodePage::Decode(ReadAll(path)));
+        QCoreApplication::processEvents();
+    });
+    PrintRow(
+        QStringLiteral("open") + size + QStringLiteral("read, convert and fill a bare editor"), opened,
+        filled, 3);
+    PrintRow(
+        QStringLiteral("scroll to the end of") + size + QStringLiteral("a bare editor"),
+        CostOfScrolling(editor), CostOfScrolling(bare), 2);
+    PrintRow(
+        QStringLiteral("a key in") + size + QStringLiteral("in an empty document"), CostOfKey(editor.Text()),
+        bareKey, 2);
+    PrintRow(
+        QStringLiteral("wrap a word in a tag in") + size + QStringLiteral("in a document of one line"),
+        CostOfTag(PageOf(megabytes)), bareTag, 2);
+    const Cost saved = CostOf(
+        [&editor, &path] { (void)WriteWholeFile(path, AnsiCodePage::Encode(editor.Text()) + "\r\n"); });
+    PrintRow(
+        QStringLiteral("save") + size + QStringLiteral("read, convert and fill a bare editor"), saved, filled,
+        3);
+}
+
+/** A document open in an editor, with the caret in its middle; remembers what was put in last. */
+class OpenDocument : public DocumentSink
+{
+public:
+    explicit OpenDocument(const QString& text)
+    {
+        source_.LoadText(text);
+        ShowIn(source_);
+        source_.Select(source_.TextLength() / 2, 0);
+        QCoreApplication::processEvents();
+    }
+
+    void InsertAtCaret(const QString& text) override
+    {
+        inserted = text;
+        source_.ReplaceSelection(text);
+        QCoreApplication::processEvents();
+    }
+
+    QString inserted;
+
+private:
+    SourceEditor source_;
+};
+
+/** Puts `count` linked areas into the list of an editor. */
+void AppendAreas(frmImageMap& editor, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        editor.AppendArea({ .Text = QStringLiteral(" No: %1 Rectangle").arg(i + 1),
+                            .Link = QStringLiteral("area%1.htm").arg(i),
+                            .Target = QStringLiteral("_blank"),
+                            .Coordinates = QStringLiteral("%1, %2, 400, 300").arg(i % 300).arg(i % 200),
+                            .Message = QStringLiteral("What there is to see in area %1").arg(i),
+                            .SmallIcon = 1 });
+    }
+}
+
+void BenchInsert()
+{
+    constexpr int areas = 500;
+    const QString text = QString::fromLatin1(PageOf(10));
+    ProgramFolder folder;
+    folder.imgMap.Mode = JSTextArea;
+    OpenDocument page(text);
+    RecordingHelp help;
+    auto* const editor = new frmImageMap(folder.imgMap, page, help, nullptr);
+    editor->Form_Load();
+    AppendAreas(*editor, areas);
+    const Cost generated = CostOf([editor] { editor->GenerateMap(); });
+    OpenDocument otherPage(text);
+    const Cost finished = CostOf([&page, &otherPage] { otherPage.InsertAtCaret(QString(page.inserted)); });
+    PrintRow(
+        QStringLiteral("generate and insert 500 areas in 10 MB; insert the finished text"), generated,
+        finished, 3);
+    delete editor;
+}
+
+} // namespace
+
+void BenchDocuments()
+{
+    const Cost bareKey = CostOfKey(QString());
+    const Cost bareTag = CostOfTag(line);
+    for (const int megabytes : { 1, 10, 50 }) {
+        BenchDocument(megabytes, bareKey, bareTag);
+    }
+    BenchInsert();
+}

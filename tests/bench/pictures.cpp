@@ -1,0 +1,237 @@
+// Costs of drawing on a picture: at 1, 24 and 100 megapixels, with no figures and with as many as there can
+// be.
+
+#include "imagemap/PictureFile.h"
+#include "imagemap/PictureSurface.h"
+#include "imagemap/frmImageMap.h"
+#include "shared/DocumentSink.h"
+#include "tests/bench/Bench.h"
+#include "tests/support/DialogRobot.h"
+#include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingHelp.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QImage>
+#include <QImageReader>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTest>
+
+namespace {
+
+struct Size
+{
+    QSize pixels;
+    const char* name;
+};
+constexpr Size sizes[] = { { { 1000, 1000 }, "1 MP" },
+                           { { 6000, 4000 }, "24 MP" },
+                           { { 12500, 8000 }, "100 MP" } };
+constexpr int mostFigures = 500;
+
+class NoDocument : public DocumentSink
+{
+public:
+    void InsertAtCaret(const QString&) override {}
+};
+
+/** A picture with enough detail that neither its decoding nor its copying is a special case. */
+QImage MakePicture(QSize size)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        auto* const line = reinterpret_cast<QRgb*>(picture.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            line[x] = qRgb(x / 16 % 256, y / 16 % 256, (x + y) / 32 % 256);
+        }
+    }
+    return picture;
+}
+
+/** An image map editor with a picture and, in the store, some figures. */
+class Editor
+{
+public:
+    Editor(QSize size, int figures)
+        : window_(new frmImageMap(folder_.imgMap, document_, help_, nullptr))
+    {
+        const QString path = folder_.Path(QStringLiteral("picture.jpg"));
+        MakePicture(size).save(path, "jpg", 90);
+        ForgetPeak();
+        window_->Form_Load();
+        window_->show();
+        DialogRobot robot;
+        robot.ChooseFile(path);
+        window_->OpenImage();
+        surface_ = window_->findChild<PictureSurface*>();
+        AddFigures(figures, size);
+        window_->SelectRectangle();
+        QCoreApplication::processEvents();
+    }
+    ~Editor()
+    {
+        folder_.imgMap.Store.FigureCount = 0;
+        window_->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    Q_DISABLE_COPY_MOVE(Editor)
+
+    /** CPU seconds from letting go of the mouse until the figure is drawn and stored. */
+    double Commit()
+    {
+        Press();
+        Send(QEvent::MouseMove, { 200, 150 });
+        const double seconds = SecondsOnce([this] { Send(QEvent::MouseButtonRelease, { 200, 150 }); });
+        // The link dialog comes up, and closing it takes the figure back.
+        if (!QTest::qWaitFor([this] { return window_->findChild<QDialog*>() != nullptr; })) {
+            qFatal("the link dialog does not open");
+        }
+        window_->findChild<QDialog*>()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        return seconds;
+    }
+
+    /** CPU seconds for taking the last figure back; it is there again afterwards. */
+    double DeleteLast()
+    {
+        FigureStore& store = folder_.imgMap.Store;
+        const int count = store.FigureCount;
+        const double seconds = SecondsOnce([this] { window_->DeleteLastFigure(); });
+        store.FigureCount = count;
+        return seconds;
+    }
+
+    /** Starts a rectangle; from then on every move is a step of the rubber band. */
+    void Press() { Send(QEvent::MouseButtonPress, { 40, 40 }); }
+
+    void RubberSteps(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            Send(QEvent::MouseMove, { 200 + i % 50, 150 + i % 40 });
+            QCoreApplication::processEvents();
+        }
+    }
+
+    void Repaint() { window_->RepaintFigures(); }
+    void Clear() { surface_->ClearDrawing(); }
+    void EndDrawing() { window_->AbandonDrawing(); }
+
+private:
+    void Send(QEvent::Type type, QPoint place)
+    {
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, place, surface_->mapToGlobal(place), button, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(surface_, &event);
+    }
+
+    void AddFigures(int count, QSize size);
+
+    ProgramFolder folder_;
+    NoDocument document_;
+    RecordingHelp help_;
+    frmImageMap* window_;
+    PictureSurface* surface_ = nullptr;
+};
+
+/** The `i`-th figure of a picture well filled with them; the same ones in every run. */
+FigureRecord FigureAt(int i, QSize size)
+{
+    const int x = i * 37 % (size.width() - 200);
+    const int y = i * 53 % (size.height() - 200);
+    FigureRecord figure;
+    figure.Kind = qint16(kindRectangle + i % 3);
+    figure.X1 = qint16(x);
+    figure.Y1 = qint16(y);
+    figure.X2 = qint16(x + 60 + i % 90);
+    figure.Y2 = qint16(y + 60 + i % 70);
+    figure.Radius = qint16(60 + i % 70);
+    return figure;
+}
+
+void Editor::AddFigures(int count, QSize size)
+{
+    FigureStore& store = folder_.imgMap.Store;
+    for (int i = 0; i < count; ++i) {
+        store.Figures[std::size_t(i)] = FigureAt(i, size);
+    }
+    store.FigureCount = count;
+    window_->RepaintFigures();
+}
+
+/** What a painter takes for the same figures, without a program around it. */
+void PaintBare(QImage& drawing, int count)
+{
+    QPainter painter(&drawing);
+    for (int i = 0; i < count; ++i) {
+        const FigureRecord figure = FigureAt(i, drawing.size());
+        if (figure.Kind == kindRectangle) {
+            painter.drawRect(figure.X1, figure.Y1, figure.X2 - figure.X1, figure.Y2 - figure.Y1);
+        } else if (figure.Kind == kindCircle) {
+            painter.drawEllipse(QPoint(figure.X1, figure.Y1), figure.Radius, figure.Radius);
+        } else {
+            painter.drawLine(figure.X1, figure.Y1, figure.X2, figure.Y2);
+        }
+    }
+}
+
+void BenchOpening()
+{
+    const ProgramFolder folder;
+    const QString path = folder.Path(QStringLiteral("picture.jpg"));
+    MakePicture(sizes[1].pixels).save(path, "jpg", 90);
+    const Cost opened = CostOf([&path] { (void)LoadPicture(path); });
+    const Cost decoded = CostOf([&path] { (void)QImageReader(path).read(); });
+    PrintRow(QStringLiteral("open a JPEG of 24 MP; decode it"), opened, decoded, 1.3);
+}
+
+/** Rows of the costs that may not grow with picture or figures; `bare` has one megapixel and no figures. */
+void BenchDrawing(const Size& size, int figures, Editor& bare)
+{
+    constexpr int steps = 100;
+    const QString where =
+        QStringLiteral(" at %1 with %2 figures").arg(QString::fromLatin1(size.name)).arg(figures);
+    Editor editor(size.pixels, figures);
+    const Cost bareStep = CostOf([&bare] { bare.RubberSteps(steps); }, steps);
+    editor.Press();
+    PrintRow(
+        QStringLiteral("rubber-band step") + where + QStringLiteral("; at 1 MP with none"),
+        CostOf([&editor] { editor.RubberSteps(steps); }, steps), bareStep, 2);
+    editor.EndDrawing();
+
+    QImage drawing = MakePicture(size.pixels);
+    const Cost onePainted = CostOf([&drawing] { PaintBare(drawing, 1); });
+    PrintRow(
+        QStringLiteral("commit a figure") + where + QStringLiteral("; paint one"),
+        CostOfTimed([&editor] { return editor.Commit(); }), onePainted, 0);
+    if (figures > 0) {
+        const Cost painted = CostOf([&drawing, figures] {
+            QImage copy = drawing;
+            PaintBare(copy, figures);
+        });
+        PrintRow(
+            QStringLiteral("paint all again") + where + QStringLiteral("; painter calls on a copy"),
+            CostOf([&editor] { editor.Repaint(); }), painted, 3);
+        PrintRow(
+            QStringLiteral("delete the last") + where + QStringLiteral("; painter calls on a copy"),
+            CostOfTimed([&editor] { return editor.DeleteLast(); }), painted, 3);
+    }
+    const Cost copied = CostOf([&drawing] { (void)drawing.copy(); });
+    PrintRow(
+        QStringLiteral("clear the drawing") + where + QStringLiteral("; copy the picture"),
+        CostOf([&editor] { editor.Clear(); }), copied, 1);
+}
+
+} // namespace
+
+void BenchPictures()
+{
+    BenchOpening();
+    Editor bare(sizes[0].pixels, 0);
+    bare.Press();
+    for (const Size& size : sizes) {
+        BenchDrawing(size, 0, bare);
+        BenchDrawing(size, mostFigures - 1, bare);
+    }
+}
