@@ -1,5 +1,7 @@
 #include "shared/FileWriting.h"
 
+#include "shared/DeviceWriting.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -40,16 +42,6 @@ bool WriteAll(QFileDevice& file, const QByteArray& bytes)
         written += piece;
     }
     return file.flush();
-}
-
-/** Writes to something that has no content of its own to lose: a device or a pipe. */
-Error WriteToDevice(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !WriteAll(file, bytes)) {
-        return file.errorString();
-    }
-    return std::nullopt;
 }
 
 /** Writes a file that is not there yet; `path` may be a link to it. */

@@ -112,6 +112,7 @@ void tst_strangefiles::initTestCase()
 void tst_strangefiles::init()
 {
     test_ = std::make_unique<MainWindowFixture>();
+    test_->robot.Hurry();
     QVERIFY(SetMode(test_->folder.imgMap.ProgramFolder, 0777));
     QVERIFY(QDir(test_->folder.imgMap.ProgramFolder).mkdir(QStringLiteral("pages")));
     QVERIFY(test_->Start());
@@ -252,7 +253,7 @@ void tst_strangefiles::pipeWithoutAReaderTakesNoPreview()
 
 void tst_strangefiles::pipeThatNobodyEmptiesDoesNotHangTheWindow()
 {
-    OpenPage(QByteArray(3'000'000, 'o'));
+    OpenPage(QByteArray("a line of it\r\n").repeated(50'000));
     QVERIFY(QFile::remove(InPages("page.htm")));
     QVERIFY(MakePipe(InPages("page.htm")));
     const int reader = open(Native(InPages("page.htm")).constData(), O_RDONLY | O_NONBLOCK);
@@ -261,7 +262,7 @@ void tst_strangefiles::pipeThatNobodyEmptiesDoesNotHangTheWindow()
     Save();
     close(reader);
     QCOMPARE(test_->robot.Boxes().size(), 1);
-    QCOMPARE(test_->Editor()->TextLength(), qsizetype(3'000'001));
+    QCOMPARE(test_->Editor()->TextLength(), qsizetype(700'001));
     QVERIFY(test_->window.DocumentChanged());
 }
 
