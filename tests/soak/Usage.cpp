@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QPixmapCache>
 #include <QWidget>
 
 #ifdef Q_OS_LINUX
@@ -56,8 +55,6 @@ Usage MeasureUsage()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
-    // Qt keeps the last pixmaps drawn, up to a limit that takes hours of work to reach.
-    QPixmapCache::clear();
     return { .heapBytes = HeapBytes(),
              .residentBytes = ResidentBytes(),
              .windows = QApplication::topLevelWidgets().size(),

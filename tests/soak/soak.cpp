@@ -13,7 +13,9 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPixmapCache>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -256,6 +258,9 @@ int main(int argc, char* argv[])
         Say(QStringLiteral("usage: cartolen-soak FOLDER PICTURE ROUNDS FIRST"));
         return 2;
     }
+    // Qt's cache of pixmaps takes up to 10 MB in its own counting, which takes more rounds than these to
+    // fill.
+    QPixmapCache::setCacheLimit(0);
     try {
         Play(QApplication::arguments());
     } catch (const std::exception& error) {

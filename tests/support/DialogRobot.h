@@ -44,6 +44,9 @@ public:
     /** The next dialog is handed to `act`, which must close it. */
     void Act(std::function<void(QDialog&)> act);
 
+    /** Takes back the answer given last, which no dialog has asked for. */
+    void TakeBack() { answers_.removeLast(); }
+
     /** From now on dialogs are answered at once, and paths are not typed letter by letter. */
     void Hurry();
 

@@ -1,4 +1,4 @@
-#include "shared/DeviceWriting.h"
+#include "shared/SystemWriting.h"
 
 #include <QFile>
 #include <cerrno>
@@ -53,4 +53,17 @@ std::optional<QString> WriteToDevice(const QString& path, const QByteArray& byte
         return std::nullopt;
     }
     return qt_error_string(isWritten ? errno : error);
+}
+
+std::optional<QString> SyncToDisk(int handle)
+{
+    while (fsync(handle) != 0) {
+        if (errno == EINVAL || errno == ENOTSUP || errno == EBADF) {
+            break;
+        }
+        if (errno != EINTR) {
+            return qt_error_string(errno);
+        }
+    }
+    return std::nullopt;
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+// What writing files takes of the system itself, beyond what Qt offers. There is one source file for each
+// system.
+
 #include <QByteArray>
 #include <QString>
 #include <optional>
@@ -10,3 +13,10 @@
  * that nobody reads, is an error and not waited for longer than a moment.
  */
 [[nodiscard]] std::optional<QString> WriteToDevice(const QString& path, const QByteArray& bytes);
+
+/**
+ * Waits until what was written to the open file `handle` is on the disk, which may tell only now that it is
+ * full or broken. Returns the description of the error, or nothing when all went well or the file cannot be
+ * waited for.
+ */
+[[nodiscard]] std::optional<QString> SyncToDisk(int handle);
