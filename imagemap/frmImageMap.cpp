@@ -14,6 +14,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QThread>
 #include <algorithm>
 
 namespace {
@@ -297,7 +298,11 @@ bool frmImageMap::DiscardMap()
 
 void frmImageMap::closeEvent(QCloseEvent* event)
 {
-    CloseDialogs();
+    // What waits for an answer further up, in an event loop of its own, still needs its window afterwards.
+    // The window is left to its owner then.
+    const bool mayDelete = QThread::currentThread()->loopLevel() <= 1;
+    setAttribute(Qt::WA_DeleteOnClose, mayDelete);
+    CloseDialogs(mayDelete);
     if (!QueryUnload()) {
         event->ignore();
         return;
@@ -307,12 +312,15 @@ void frmImageMap::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-void frmImageMap::CloseDialogs()
+void frmImageMap::CloseDialogs(bool mayDelete)
 {
     if (linkDialog_ != nullptr) {
-        linkDialog_->close();
+        linkDialog_->setAttribute(Qt::WA_DeleteOnClose, mayDelete);
+        // It may be hidden yet, behind a message, where closing it would do nothing.
+        linkDialog_->reject();
     }
     if (jsOptions_ != nullptr) {
+        jsOptions_->setAttribute(Qt::WA_DeleteOnClose, mayDelete);
         jsOptions_->close();
     }
 }

@@ -110,8 +110,9 @@ private:
     [[nodiscard]] bool DiscardMap();
     [[nodiscard]] AreaRow RowAt(int index) const;
     void EditArea(const QString& hint);
-    void OpenLinkDialog();
-    void CloseDialogs();
+    /** For a new area, or for rewriting `replaced`. */
+    void OpenLinkDialog(const AreaRow* replaced = nullptr);
+    void CloseDialogs(bool mayDelete);
     [[nodiscard]] bool QueryUnload();
 
     ImgMap& imgMap_;

@@ -229,11 +229,13 @@ void frmImageMap::LinkNewFigure(QStringView prompt)
         Qt::QueuedConnection);
 }
 
-void frmImageMap::OpenLinkDialog()
+void frmImageMap::OpenLinkDialog(const AreaRow* replaced)
 {
     linkDialog_ = new frmIMLink(imgMap_, *this, this);
-    linkDialog_->Form_Load();
-    linkDialog_->show();
+    linkDialog_->Form_Load(replaced);
+    if (!linkDialog_->IsUnloaded()) {
+        linkDialog_->show();
+    }
 }
 
 void frmImageMap::EditArea(const QString& hint)
@@ -243,8 +245,8 @@ void frmImageMap::EditArea(const QString& hint)
         ShowMessage(this, QMessageBox::Information, hint);
     } else if (linkDialog_ == nullptr || !linkDialog_->isVisible()) {
         ShowStatus(TextsOf(imgMap_.Mode).replacePrompt);
-        OpenLinkDialog();
-        linkDialog_->PrepareReplacing(RowAt(ui_->ListView1->indexOfTopLevelItem(selected.constFirst())));
+        const AreaRow area = RowAt(ui_->ListView1->indexOfTopLevelItem(selected.constFirst()));
+        OpenLinkDialog(&area);
     }
 }
 

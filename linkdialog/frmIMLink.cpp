@@ -38,7 +38,7 @@ frmIMLink::frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner)
 
 frmIMLink::~frmIMLink() = default;
 
-void frmIMLink::Form_Load()
+void frmIMLink::Form_Load(const AreaRow* replaced)
 {
     GoToProgramFolder(imgMap_);
     CentreOnScreen(this);
@@ -46,11 +46,17 @@ void frmIMLink::Form_Load()
     ui_->SSCmdReplace->setEnabled(false);
     ui_->SSCmdOK->setDefault(true);
     ShowModeFields();
-    LoadLinks();
+    const bool isLoaded = LoadLinks();
+    if (replaced != nullptr) {
+        PrepareReplacing(*replaced);
+    }
     ui_->cmbLink->setFocus();
+    if (!isLoaded) {
+        ShowMessage(parentWidget(), QMessageBox::Warning, linksDamagedText.toString());
+    }
 }
 
-void frmIMLink::LoadLinks()
+bool frmIMLink::LoadLinks()
 {
     const SavedLinks saved = ReadSavedLinks(imgMap_.ProgramFolder + u'/' + linksFileName);
     for (const SavedLink& link : saved.links) {
@@ -58,9 +64,7 @@ void frmIMLink::LoadLinks()
     }
     ui_->cmbLink->setCurrentIndex(-1);
     ui_->cmbLink->clearEditText();
-    if (saved.isDamaged) {
-        ShowMessage(parentWidget(), QMessageBox::Warning, linksDamagedText.toString());
-    }
+    return !saved.isDamaged;
 }
 
 void frmIMLink::ShowModeFields()
@@ -170,14 +174,14 @@ void frmIMLink::SSCmdClose_Click()
 
 void frmIMLink::reject()
 {
-    if (!isUnloading_) {
+    if (!isUnloaded_) {
         SSCmdClose_Click();
     }
 }
 
 void frmIMLink::Unload(int result)
 {
-    isUnloading_ = true;
+    isUnloaded_ = true;
     editor_.ShowDrawingMode();
     done(result);
 }

@@ -23,8 +23,15 @@ public:
     frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner);
     ~frmIMLink() override;
 
-    /** Prepares the dialog for a new area: caption and fields of the mode, the saved links to choose from. */
-    void Form_Load();
+    /**
+     * Prepares the dialog: caption and fields of the mode, the saved links to choose from. It is for a new
+     * area, or for rewriting `replaced`. Tells when the saved links cannot be read; the dialog may be closed
+     * meanwhile.
+     */
+    void Form_Load(const AreaRow* replaced = nullptr);
+
+    /** Whether the dialog has been closed. */
+    [[nodiscard]] bool IsUnloaded() const { return isUnloaded_; }
 
     /** Prepares the loaded dialog for rewriting `area`, the selected row of the list. */
     void PrepareReplacing(const AreaRow& area);
@@ -40,7 +47,8 @@ public:
 
 private:
     void ShowModeFields();
-    void LoadLinks();
+    /** Returns whether all of them could be read. */
+    [[nodiscard]] bool LoadLinks();
     [[nodiscard]] QLineEdit* FieldEdit(LinkField field) const;
     [[nodiscard]] LinkEntry Entry() const;
     [[nodiscard]] bool IsComplete(const LinkEntry& entry, QStringView linkCaption);
@@ -51,5 +59,5 @@ private:
     AreaEditor& editor_;
     std::unique_ptr<Ui::frmIMLink> ui_;
     bool isReplacing_ = false;
-    bool isUnloading_ = false;
+    bool isUnloaded_ = false;
 };

@@ -1,5 +1,7 @@
 #include "shared/FileWriting.h"
 
+#include "shared/SystemWriting.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -29,27 +31,17 @@ bool WouldChangeOwner(const QFileInfo& file)
 }
 
 /** Writes in as many pieces as the system takes: only a piece of nothing tells why there is no more. */
-bool WriteAll(QFileDevice& file, const QByteArray& bytes)
+Error WriteAll(QFileDevice& file, const QByteArray& bytes)
 {
     qint64 written = 0;
     while (written < bytes.size()) {
         const qint64 piece = file.write(bytes.constData() + written, bytes.size() - written);
         if (piece <= 0) {
-            return false;
+            return file.errorString();
         }
         written += piece;
     }
-    return file.flush();
-}
-
-/** Writes to something that has no content of its own to lose: a device or a pipe. */
-Error WriteToDevice(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !WriteAll(file, bytes)) {
-        return file.errorString();
-    }
-    return std::nullopt;
+    return file.flush() ? SyncToDisk(file.handle()) : file.errorString();
 }
 
 /** Writes a file that is not there yet; `path` may be a link to it. */
@@ -59,12 +51,11 @@ Error CreateFile(const QString& path, const QByteArray& bytes)
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return file.errorString();
     }
-    if (!WriteAll(file, bytes)) {
-        const QString error = file.errorString();
+    Error error = WriteAll(file, bytes);
+    if (error) {
         QFile::remove(QFileInfo(path).canonicalFilePath());
-        return error;
     }
-    return std::nullopt;
+    return error;
 }
 
 /**
@@ -81,11 +72,11 @@ Error OverwriteFile(const QString& path, const QByteArray& bytes)
     if (old.size() != file.size()) {
         return file.errorString();
     }
-    if (file.seek(0) && WriteAll(file, bytes) && file.resize(bytes.size())) {
-        return std::nullopt;
+    Error error = file.seek(0) ? WriteAll(file, bytes) : file.errorString();
+    if (!error && !file.resize(bytes.size())) {
+        error = file.errorString();
     }
-    const QString error = file.errorString();
-    if (file.seek(0) && WriteAll(file, old)) {
+    if (error && file.seek(0) && !WriteAll(file, old)) {
         file.resize(old.size());
     }
     return error;
@@ -116,8 +107,7 @@ std::optional<QString> WriteWholeFile(const QString& path, const QByteArray& byt
     if (!beside.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return WriteInPlace(target, bytes);
     }
-    if (!WriteAll(beside, bytes)) {
-        const QString error = beside.errorString();
+    if (Error error = WriteAll(beside, bytes)) {
         beside.cancelWriting();
         return error;
     }

@@ -15,6 +15,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <functional>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -154,6 +155,8 @@ private Q_SLOTS:
     void pipeIsWrittenTo_data();
     void pipeIsWrittenTo();
     void pipeWithoutANameIsWrittenTo();
+    void pipeWithoutAReaderIsAnError();
+    void pipeThatIsNotEmptiedIsAnError();
 
     void failedWriteLeavesTheOldText_data();
     void failedWriteLeavesTheOldText();
@@ -464,8 +467,11 @@ void TestFileWriting::pipeIsWrittenTo()
     QCOMPARE(mkfifo(Native(Path("pipe")).constData(), 0600), 0);
     QVERIFY(!isLinked || MakeLink("pipe", Path()));
     QByteArray received;
-    std::thread reader([this, &received] {
-        const int pipe = open(Native(Path("pipe")).constData(), O_RDONLY);
+    const int pipe = open(Native(Path("pipe")).constData(), O_RDONLY | O_NONBLOCK);
+    QVERIFY(pipe >= 0 && fcntl(pipe, F_SETFL, 0) == 0);
+    std::thread reader([pipe, &received] {
+        pollfd written = { pipe, POLLIN, 0 };
+        poll(&written, 1, -1);
         QByteArray part(4096, '\0');
         for (ssize_t length = 1; length > 0; received += part.first(std::max<ssize_t>(length, 0))) {
             length = read(pipe, part.data(), std::size_t(part.size()));
@@ -477,6 +483,22 @@ void TestFileWriting::pipeIsWrittenTo()
     QCOMPARE(error, QString());
     QCOMPARE(received, bytes);
     QVERIFY(S_ISFIFO(StatusOf(Path("pipe")).st_mode));
+}
+
+void TestFileWriting::pipeWithoutAReaderIsAnError()
+{
+    QCOMPARE(mkfifo(Native(Path()).constData(), 0600), 0);
+    QCOMPARE(Write(Path(), newText), ErrorText(ENXIO));
+    QVERIFY(S_ISFIFO(StatusOf(Path()).st_mode));
+}
+
+void TestFileWriting::pipeThatIsNotEmptiedIsAnError()
+{
+    QCOMPARE(mkfifo(Native(Path()).constData(), 0600), 0);
+    const int reader = open(Native(Path()).constData(), O_RDONLY | O_NONBLOCK);
+    const QString error = Write(Path(), newText.repeated(100'000));
+    close(reader);
+    QCOMPARE(error, ErrorText(EAGAIN));
 }
 
 void TestFileWriting::failedWriteLeavesTheOldText_data()

@@ -53,7 +53,11 @@ void DialogRobot::ChooseFile(const QString& path)
             return;
         }
         field->selectAll();
-        QTest::keyClicks(field, path);
+        if (isInHurry_) {
+            field->setText(path);
+        } else {
+            QTest::keyClicks(field, path);
+        }
         // The names offered below the field would take the click for themselves.
         if (QWidget* const offers = QApplication::activePopupWidget()) {
             offers->close();
@@ -74,6 +78,20 @@ void DialogRobot::Cancel()
 void DialogRobot::Act(std::function<void(QDialog&)> act)
 {
     answers_ << std::move(act);
+}
+
+void DialogRobot::Hurry()
+{
+    isInHurry_ = true;
+    timer_.start(0);
+}
+
+void DialogRobot::Forget()
+{
+    boxes_.clear();
+    proposedNames_.clear();
+    proposedFolders_.clear();
+    seen_.removeAll(nullptr);
 }
 
 void DialogRobot::WaitUntilDone()
@@ -113,7 +131,7 @@ void DialogRobot::Look()
         arriving_ = dialog;
         age_.start();
     }
-    if (age_.elapsed() < settleMilliseconds) {
+    if (age_.elapsed() < settleMilliseconds && !isInHurry_) {
         return;
     }
     seen_ << dialog;

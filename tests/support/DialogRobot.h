@@ -44,6 +44,15 @@ public:
     /** The next dialog is handed to `act`, which must close it. */
     void Act(std::function<void(QDialog&)> act);
 
+    /** Takes back the answer given last, which no dialog has asked for. */
+    void TakeBack() { answers_.removeLast(); }
+
+    /** From now on dialogs are answered at once, and paths are not typed letter by letter. */
+    void Hurry();
+
+    /** Forgets what was seen, so that a long play does not fill the memory. */
+    void Forget();
+
     /** Runs the event loop until every answer is used up, or too long. */
     void WaitUntilDone();
 
@@ -70,5 +79,6 @@ private:
     QStringList proposedFolders_;
     QStringList problems_;
     QPointer<QDialog> arriving_;
+    bool isInHurry_ = false;
     QElapsedTimer age_; ///< since a dialog came up or was answered last
 };

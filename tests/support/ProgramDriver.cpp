@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -27,6 +28,7 @@ constexpr int rectangleButton = 5;
 constexpr int circleButton = 6;
 constexpr int lineButton = 7;
 constexpr int insertButton = 16;
+constexpr int exitButton = 18;
 
 QWidget* WaitForWindow(const QString& name)
 {
@@ -180,6 +182,23 @@ void ProgramDriver::SavePage(const QString& path)
     Seen(*main_, QStringLiteral("saved"));
 }
 
+void ProgramDriver::SaveAgain()
+{
+    GoToSource();
+    QTest::keyClick(source_, Qt::Key_S, Qt::ControlModifier);
+    FinishDialogs();
+}
+
+QString ProgramDriver::Preview()
+{
+    desktop_.Requests.clear();
+    GoToSource();
+    QTest::keyClick(source_, Qt::Key_D, Qt::ControlModifier);
+    FinishDialogs();
+    Check(desktop_.Requests.size() == 1, QStringLiteral("the page was not previewed"));
+    return desktop_.Requests.constFirst().Target;
+}
+
 void ProgramDriver::OpenEditor()
 {
     QTest::keyClick(source_, Qt::Key_I, Qt::ControlModifier);
@@ -273,6 +292,21 @@ void ProgramDriver::InsertMap()
     Seen(*main_, QStringLiteral("map"));
 }
 
+void ProgramDriver::CloseEditor()
+{
+    const QPointer<QWidget> closing(editor_);
+    if (imgMap_.Store.FigureCount > 0) {
+        robot_.AnswerBox(QMessageBox::Yes);
+    }
+    ClickToolbar(exitButton);
+    FinishDialogs();
+    Check(
+        QTest::qWaitFor([&closing] { return closing == nullptr; }),
+        QStringLiteral("the editor does not close"));
+    editor_ = nullptr;
+    surface_ = nullptr;
+}
+
 QPoint ProgramDriver::At(int x, int y) const
 {
     return { visible_.width() * x / 100, visible_.height() * y / 100 };
@@ -311,6 +345,7 @@ void ProgramDriver::FinishDialogs()
 {
     robot_.WaitUntilDone();
     Check(robot_.Problems().isEmpty(), robot_.Problems());
+    robot_.Forget();
 }
 
 void ProgramDriver::ClickToolbar(int position)

@@ -53,11 +53,18 @@ public:
 
     void StartProgram();
 
+    /** Answers dialogs as soon as they are there, which no user can follow. */
+    void Hurry() { robot_.Hurry(); }
+
     /** Types the lines around a page and leaves the caret in its empty body; `head` is what its head holds.
      */
     void WritePageFrame(const QString& head);
     void NewPage();
     void SavePage(const QString& path);
+    /** Saves a page that has its name. */
+    void SaveAgain();
+    /** Previews the page; returns the path of the copy that the browser gets. */
+    QString Preview();
 
     void OpenEditor();
     void OpenPicture(const QString& picture);
@@ -70,6 +77,10 @@ public:
     void DrawCircle(QPoint centre, QPoint rim, const FieldTexts& link);
     void DrawPolygon(const QList<QPoint>& corners, const FieldTexts& link);
     void InsertMap();
+    /** Leaves the editor and says Yes to the loss of its figures. */
+    void CloseEditor();
+
+    [[nodiscard]] QWidget& MainWindow() const { return *main_; }
 
     /** A place in the visible part of the picture, in hundredths of its width and height. */
     [[nodiscard]] QPoint At(int x, int y) const;

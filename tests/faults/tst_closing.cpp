@@ -1,0 +1,438 @@
+// The program is ended from outside while one of its dialogs is open, as a desktop does that logs its user
+// out.
+
+#include "tests/support/WidgetDriving.h"
+
+#include "imagemap/frmImageMap.h"
+#include "tests/app/MainWindowFixture.h"
+
+#include <QPointer>
+#include <QRadioButton>
+#include <QTreeWidget>
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+using Act = std::function<void(MainWindowFixture&)>;
+
+frmImageMap* Editor()
+{
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (auto* const editor = qobject_cast<frmImageMap*>(window)) {
+            return editor;
+        }
+    }
+    return nullptr;
+}
+
+void ClickEditorButton(int position)
+{
+    auto* const toolbar = Find<QToolBar>(Editor(), "Toolbar1");
+    Click(toolbar->widgetForAction(toolbar->actions().at(position - 1)));
+}
+
+/** Opens the image map editor with a picture; nothing of it is drawn on. */
+void OpenEditor(MainWindowFixture& test)
+{
+    test.Press(Qt::Key_I, Qt::ControlModifier);
+    if (Editor() == nullptr || !QTest::qWaitForWindowActive(Editor())) {
+        qFatal("the image map editor does not open");
+    }
+    test.robot.ChooseFile(QStringLiteral(CARTOLEN_PICTURE));
+    ClickEditorButton(3);
+}
+
+void DrawRectangle()
+{
+    ClickEditorButton(5);
+    auto* const surface = Find<QWidget>(Editor(), "PictureDisplay");
+    QTest::mousePress(surface, Qt::LeftButton, {}, { 10, 10 });
+    QTest::mouseMove(surface, { 30, 30 });
+    QTest::mouseMove(surface, { 60, 50 });
+    QTest::mouseRelease(surface, Qt::LeftButton, {}, { 60, 50 });
+}
+
+/** Draws a rectangle and gives it a link. */
+void MakeArea(MainWindowFixture& test)
+{
+    OpenEditor(test);
+    test.robot.Act([](QDialog& dialog) {
+        TypeIn(&dialog, "cmbLink", "area.htm");
+        ClickIn(&dialog, "SSCmdOK");
+    });
+    DrawRectangle();
+    test.robot.WaitUntilDone();
+}
+
+void RemoveLinksFolder(MainWindowFixture& test)
+{
+    QDir(test.folder.Path(QStringLiteral("Data"))).removeRecursively();
+}
+
+void SelectArea()
+{
+    auto* const list = Find<QTreeWidget>(Editor(), "ListView1");
+    QTest::mouseClick(
+        list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(0)).center());
+}
+
+void OpenScriptOptions()
+{
+    auto* const entry = Editor()->findChild<QAction*>(QStringLiteral("mnuJSOptions"));
+    entry->trigger();
+}
+
+/** One dialog, and how a user comes to it. */
+struct Situation
+{
+    const char* name;
+    Act prepare; ///< what is done before
+    Act open;    ///< opens the dialog
+    /** What is clicked in the dialogs on the way to the one that is open in the end. */
+    QList<std::function<void(QDialog&)>> onTheWay = {};
+    bool isFollowed = false; ///< by another dialog, when it is closed
+};
+
+void Nothing(MainWindowFixture&) {}
+
+/** Dialogs of the main window, while no text would be lost. */
+QList<Situation> MainWindowDialogs()
+{
+    return {
+        { "Open", Nothing, [](auto& test) { test.Press(Qt::Key_O, Qt::ControlModifier); } },
+        { "Save As", Nothing, [](auto& test) { test.ClickMenu("mnuFile", "mnuFSaveAs"); } },
+        { "message", Nothing, [](auto& test) { test.Press(Qt::Key_D, Qt::ControlModifier); } },
+        { "font", Nothing, [](auto& test) { test.ClickMenu("mnuEdit", "mnuEFont"); } },
+        { "About", [](auto& test) { test.desktop.HasAboutBox = false; },
+          [](auto& test) { test.ClickMenu("mnuHelp", "mnuHAbout"); } },
+        { "missing help", Nothing, [](auto& test) { test.Press(Qt::Key_F1); } },
+    };
+}
+
+/** Dialogs of the image map editor, while there is no area, or the one that the dialog is about. */
+QList<Situation> EditorDialogs()
+{
+    const auto draw = [](MainWindowFixture&) { DrawRectangle(); };
+    const auto clickOk = [](QDialog& dialog) { ClickIn(&dialog, "SSCmdOK"); };
+    const auto browse = [](QDialog& dialog) { ClickIn(&dialog, "Command1"); };
+    return {
+        { "picture", OpenEditor, [](auto&) { ClickEditorButton(3); } },
+        { "colour", OpenEditor, [](auto&) { ClickEditorButton(11); } },
+        { "link of a new area", OpenEditor, draw },
+        { "hint of the link dialog", OpenEditor, draw, { clickOk } },
+        { "image for a new area",
+          [](auto& test) {
+              test.folder.imgMap.Mode = JSSwitchImages;
+              OpenEditor(test);
+          },
+          draw,
+          { browse } },
+        { "damaged links of a new area",
+          [](auto& test) {
+              OpenEditor(test);
+              RemoveLinksFolder(test);
+          },
+          draw,
+          {},
+          true },
+        { "script options", OpenEditor, [](auto&) { OpenScriptOptions(); } },
+    };
+}
+
+/** Dialogs of the image map editor, while there is an area. */
+QList<Situation> AreaDialogs()
+{
+    return {
+        { "whether to delete the map", MakeArea, [](auto&) { ClickEditorButton(18); } },
+        { "whether to switch the script",
+          MakeArea,
+          [](auto&) { OpenScriptOptions(); },
+          { [](QDialog& dialog) {
+              QTest::mouseClick(Find<QRadioButton>(&dialog, "optJSOpt_2"), Qt::LeftButton, {}, QPoint(8, 8));
+          } } },
+        { "link of an old area",
+          [](auto& test) {
+              MakeArea(test);
+              SelectArea();
+          },
+          [](auto&) { ClickEditorButton(12); } },
+        { "damaged links of an old area",
+          [](auto& test) {
+              MakeArea(test);
+              SelectArea();
+              RemoveLinksFolder(test);
+          },
+          [](auto&) { ClickEditorButton(12); } },
+    };
+}
+
+/** What Qt does when the desktop tells the program to end. */
+void QuitProgram(MainWindowFixture&)
+{
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+}
+
+void CloseMainWindow(MainWindowFixture& test)
+{
+    test.window.close();
+}
+
+void AddRows(const QList<Situation>& situations)
+{
+    QTest::addColumn<Situation>("situation");
+    QTest::addColumn<Act>("end");
+    for (const Situation& situation : situations) {
+        QTest::addRow("%s, quitting", situation.name) << situation << Act(QuitProgram);
+        QTest::addRow("%s, closing", situation.name) << situation << Act(CloseMainWindow);
+    }
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Situation)
+
+class tst_closing : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void programEndsWhileADialogIsOpen_data();
+    void programEndsWhileADialogIsOpen();
+    void programEndsAndTellsOfTheMapWhileADialogIsOpen_data();
+    void programEndsAndTellsOfTheMapWhileADialogIsOpen();
+    void programEndsWhileOtherWindowsAreOpen();
+    void changedTextIsAskedForWhileADialogIsOpen_data();
+    void changedTextIsAskedForWhileADialogIsOpen();
+    void cancelledEndLeavesTheProgramUsable_data();
+    void cancelledEndLeavesTheProgramUsable();
+    void closedEditorTakesBackTheAreaWhoseLinksAreDamaged();
+    void closedEditorKeepsTheAreasWhenOneIsEdited();
+
+private:
+    [[nodiscard]] bool EndsIn(const Situation& situation, const Act& end);
+    static bool HasVisibleWindows();
+    static void RunInProgram(const std::function<void()>& act);
+
+    std::unique_ptr<MainWindowFixture> test_;
+};
+
+void tst_closing::init()
+{
+    test_ = std::make_unique<MainWindowFixture>();
+    test_->robot.Hurry();
+    QVERIFY(test_->Start());
+}
+
+void tst_closing::cleanup()
+{
+    QCOMPARE(test_->robot.Problems(), QString());
+    test_.reset();
+    QVERIFY(!HasVisibleWindows());
+    while (QApplication::overrideCursor() != nullptr) {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+bool tst_closing::HasVisibleWindows()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(
+        windows.begin(), windows.end(), [](const QWidget* window) { return window->isVisible(); });
+}
+
+/** Runs `act` inside the program's event loop, which goes on afterwards. */
+void tst_closing::RunInProgram(const std::function<void()>& act)
+{
+    QTimer::singleShot(0, qApp, [act] {
+        act();
+        QCoreApplication::exit();
+    });
+    QCoreApplication::exec();
+}
+
+/** Whether the program ends, without leaving a window, when `end` is done while the dialog is open. */
+bool tst_closing::EndsIn(const Situation& situation, const Act& end)
+{
+    situation.prepare(*test_);
+    for (const auto& click : situation.onTheWay) {
+        test_->robot.Act(click);
+    }
+    test_->robot.Act([this, end](QDialog&) {
+        // What is asked at the end is answered as if it was the first question.
+        end(*test_);
+    });
+    return EndsProgram([this, &situation] { situation.open(*test_); }) && !HasVisibleWindows();
+}
+
+void tst_closing::programEndsWhileADialogIsOpen_data()
+{
+    AddRows(MainWindowDialogs() + EditorDialogs());
+}
+
+void tst_closing::programEndsWhileADialogIsOpen()
+{
+    QFETCH(const Situation, situation);
+    QFETCH(const Act, end);
+    QVERIFY(EndsIn(situation, end));
+    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+}
+
+void tst_closing::programEndsAndTellsOfTheMapWhileADialogIsOpen_data()
+{
+    AddRows(AreaDialogs());
+}
+
+void tst_closing::programEndsAndTellsOfTheMapWhileADialogIsOpen()
+{
+    QFETCH(const Situation, situation);
+    QFETCH(const Act, end);
+    QString told;
+    const Act endAndAnswer = [end, &told](MainWindowFixture& test) {
+        test.robot.Act([&told](QDialog& dialog) {
+            auto* const box = qobject_cast<QMessageBox*>(&dialog);
+            told = box->text();
+            QAbstractButton* const yes = box->button(QMessageBox::Yes);
+            Click(yes != nullptr ? yes : box->button(QMessageBox::Ok));
+        });
+        end(test);
+    };
+    QVERIFY(EndsIn(situation, endAndAnswer));
+    // Which window is asked first when the program is told to end is left to chance.
+    QVERIFY2(
+        told == u"Your Image Map must be deleted" || told == u"Do you want to delete your Image Map?",
+        qPrintable(told));
+    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+}
+
+void tst_closing::programEndsWhileOtherWindowsAreOpen()
+{
+    OpenEditor(*test_);
+    test_->Press(Qt::Key_P, Qt::ControlModifier);
+    QVERIFY(test_->window.findChild<QDialog*>(QStringLiteral("frmMapOptions")) != nullptr);
+    QVERIFY(EndsProgram([] { QCoreApplication::quit(); }));
+    QVERIFY(!HasVisibleWindows());
+}
+
+void tst_closing::changedTextIsAskedForWhileADialogIsOpen_data()
+{
+    AddRows(
+        QList<Situation>{
+            { "Save As", Nothing, [](auto& test) { test.ClickMenu("mnuFile", "mnuFSaveAs"); } },
+            { "save prompt", Nothing, [](auto& test) { test.Press(Qt::Key_N, Qt::ControlModifier); } },
+            { "Save in the prompt",
+              Nothing,
+              [](auto& test) { test.Press(Qt::Key_O, Qt::ControlModifier); },
+              { [](QDialog& dialog) {
+                  Click(qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Yes));
+              } } },
+            { "font", Nothing, [](auto& test) { test.ClickMenu("mnuEdit", "mnuEFont"); } },
+        } +
+        EditorDialogs());
+}
+
+void tst_closing::changedTextIsAskedForWhileADialogIsOpen()
+{
+    QFETCH(const Situation, situation);
+    QFETCH(const Act, end);
+    test_->Type("x");
+    QVERIFY(EndsIn(situation, [end](MainWindowFixture& test) {
+        test.robot.AnswerBox(QMessageBox::No);
+        end(test);
+    }));
+    QVERIFY(test_->robot.Boxes().constLast().text.startsWith(u"The text in [New Document]"));
+    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+}
+
+void tst_closing::cancelledEndLeavesTheProgramUsable_data()
+{
+    changedTextIsAskedForWhileADialogIsOpen_data();
+}
+
+void tst_closing::cancelledEndLeavesTheProgramUsable()
+{
+    QFETCH(const Situation, situation);
+    QFETCH(const Act, end);
+    test_->Type("x");
+    situation.prepare(*test_);
+    for (const auto& click : situation.onTheWay) {
+        test_->robot.Act(click);
+    }
+    test_->robot.Act([this, situation, end](QDialog& dialog) {
+        const QPointer<QDialog> open(&dialog);
+        test_->robot.AnswerBox(QMessageBox::Cancel);
+        end(*test_);
+        // Which window is asked first when the program is told to end is left to chance.
+        if (situation.isFollowed && Editor() != nullptr && Editor()->isVisible()) {
+            test_->robot.Cancel();
+        }
+        if (open != nullptr && open->isVisible()) {
+            open->reject();
+        }
+    });
+    RunInProgram([&] {
+        situation.open(*test_);
+        QTest::qWait(50);
+        // The dialog below the one that was open stays.
+        while (auto* const left = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            left->reject();
+            QCoreApplication::processEvents();
+        }
+    });
+    QVERIFY(test_->window.isVisible());
+    QVERIFY(test_->window.DocumentChanged());
+    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    test_->Type("y");
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("xy"));
+    QVERIFY(!test_->folder.imgMap.ContinueAction);
+}
+
+void tst_closing::closedEditorTakesBackTheAreaWhoseLinksAreDamaged()
+{
+    OpenEditor(*test_);
+    RemoveLinksFolder(*test_);
+    const QPointer<frmImageMap> editor(Editor());
+    test_->robot.Act([&](QDialog& box) {
+        QVERIFY(editor->close());
+        QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+        box.accept();
+    });
+    RunInProgram([this] {
+        DrawRectangle();
+        test_->robot.WaitUntilDone();
+    });
+    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    QCOMPARE(QApplication::activeModalWidget(), nullptr);
+    QVERIFY(editor == nullptr || !editor->isVisible());
+    // A fresh editor opens as if nothing had been.
+    test_->Press(Qt::Key_I, Qt::ControlModifier);
+    QVERIFY(Editor() != nullptr);
+}
+
+void tst_closing::closedEditorKeepsTheAreasWhenOneIsEdited()
+{
+    MakeArea(*test_);
+    SelectArea();
+    RemoveLinksFolder(*test_);
+    const QPointer<frmImageMap> editor(Editor());
+    test_->robot.Act([&](QDialog& box) {
+        test_->robot.AnswerBox(QMessageBox::No);
+        QVERIFY(!editor->close());
+        QCOMPARE(test_->folder.imgMap.Store.FigureCount, 1);
+        box.accept();
+    });
+    RunInProgram([this] {
+        ClickEditorButton(12);
+        test_->robot.WaitUntilDone();
+    });
+    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 1);
+    QCOMPARE(Find<QTreeWidget>(editor, "ListView1")->topLevelItemCount(), 1);
+    QVERIFY(editor->isVisible());
+}
+
+QTEST_MAIN(tst_closing)
+#include "tst_closing.moc"

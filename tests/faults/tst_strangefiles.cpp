@@ -1,0 +1,399 @@
+// Opening and saving where there is no ordinary file, or none that may be touched.
+
+#include "tests/app/MainWindowFixture.h"
+#include "tests/faults/Rights.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <memory>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+/** A window that has not answered for this long, in milliseconds, hangs. */
+constexpr qint64 hanging = 5000;
+
+QByteArray Native(const QString& path)
+{
+    return QFile::encodeName(path);
+}
+
+QString SystemText(int number)
+{
+    return QString::fromLocal8Bit(std::strerror(number));
+}
+
+bool MakeSocket(const QString& path)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const QByteArray name = Native(path);
+    if (name.size() >= qsizetype(sizeof address.sun_path)) {
+        return false;
+    }
+    std::memcpy(address.sun_path, name.constData(), std::size_t(name.size()));
+    const int socketHandle = socket(AF_UNIX, SOCK_STREAM, 0);
+    const bool isBound = bind(socketHandle, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    close(socketHandle);
+    return isBound;
+}
+
+/** What makes something strange of the name `path` in the folder `folder`. */
+using Make = std::function<bool(const QString& path)>;
+
+bool MakePipe(const QString& path)
+{
+    return mkfifo(Native(path).constData(), 0600) == 0;
+}
+
+bool MakeLink(const QByteArray& target, const QString& path)
+{
+    return symlink(target.constData(), Native(path).constData()) == 0;
+}
+
+} // namespace
+
+class tst_strangefiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void openingItTellsAndKeepsTheText_data();
+    void openingItTellsAndKeepsTheText();
+    void savingToItTellsAndKeepsTheText_data();
+    void savingToItTellsAndKeepsTheText();
+    void pipeWithoutAReaderTakesNoPreview();
+    void pipeThatNobodyEmptiesDoesNotHangTheWindow();
+    void pipeThatIsReadGetsTheText();
+    void linksFileThatIsAPipeIsNotWaitedFor();
+    void linkToAFileStaysALinkAndOtherNamesSeeTheText();
+    void danglingLinkOpensNothingAndIsSavedThrough();
+    void readOnlyFileIsToldAndKept();
+    void readOnlyFolderIsNoObstacleForAFileThatMayBeWritten();
+    void readOnlyFolderTakesNoNewFile();
+    void unreadableFileIsTold();
+    void folderRemovedBetweenOpenAndSaveIsTold();
+    void fileRemovedBetweenOpenAndSaveIsMadeAgain();
+    void renamedFolderIsNotMadeAgain();
+
+private:
+    [[nodiscard]] QString Path(const char* name) const
+    {
+        return test_->folder.Path(QString::fromLatin1(name));
+    }
+    [[nodiscard]] QString InPages(const char* name) const
+    {
+        return Path("pages") + u'/' + QLatin1String(name);
+    }
+    void OpenPage(const QByteArray& bytes = "old");
+    void Save();
+    void SaveFails(const QString& text = {});
+    void TextIsKept(const QString& path);
+
+    std::unique_ptr<MainWindowFixture> test_;
+};
+
+void tst_strangefiles::initTestCase()
+{
+    // The folders of the tests are also used with the rights of others.
+    umask(0);
+}
+
+void tst_strangefiles::init()
+{
+    test_ = std::make_unique<MainWindowFixture>();
+    test_->robot.Hurry();
+    QVERIFY(SetMode(test_->folder.imgMap.ProgramFolder, 0777));
+    QVERIFY(QDir(test_->folder.imgMap.ProgramFolder).mkdir(QStringLiteral("pages")));
+    QVERIFY(test_->Start());
+}
+
+void tst_strangefiles::cleanup()
+{
+    QCOMPARE(test_->robot.Problems(), QString());
+    QVERIFY(QApplication::overrideCursor() == nullptr);
+    SetMode(Path("pages"), 0777);
+    test_.reset();
+}
+
+/** Opens a page in the folder `pages` and changes it. */
+void tst_strangefiles::OpenPage(const QByteArray& bytes)
+{
+    QVERIFY(WriteBytes(InPages("page.htm"), bytes));
+    test_->Open(InPages("page.htm"));
+    QCOMPARE(test_->DocumentName(), InPages("page.htm"));
+    test_->Type("x");
+}
+
+void tst_strangefiles::Save()
+{
+    QElapsedTimer clock;
+    clock.start();
+    test_->Press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY2(clock.elapsed() < hanging, qPrintable(QString::number(clock.elapsed())));
+}
+
+/** Saves; the user must be told `text`, or anything at all when it is empty, and lose nothing. */
+void tst_strangefiles::SaveFails(const QString& text)
+{
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    Save();
+    QCOMPARE(test_->robot.Boxes().size(), 1);
+    const DialogRobot::SeenBox& box = test_->robot.Boxes().constFirst();
+    QCOMPARE(box.icon, QMessageBox::Warning);
+    QCOMPARE(box.title, QStringLiteral("Cartolen"));
+    QVERIFY(!box.text.isEmpty());
+    if (!text.isEmpty()) {
+        QCOMPARE(box.text, text);
+    }
+    TextIsKept(InPages("page.htm"));
+}
+
+void tst_strangefiles::TextIsKept(const QString& path)
+{
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
+    QCOMPARE(test_->DocumentName(), path);
+    QVERIFY(test_->window.DocumentChanged());
+}
+
+/** Everything that a name can stand for without being a file. */
+static void AddStrangeRows()
+{
+    QTest::addColumn<Make>("make");
+    const auto row = [](const char* name, const Make& make) { QTest::newRow(name) << make; };
+    row("pipe without the other side", MakePipe);
+    row("link to such a pipe", [](const QString& path) {
+        return MakePipe(path + QStringLiteral(".pipe")) && MakeLink(Native(path) + ".pipe", path);
+    });
+    row("socket", MakeSocket);
+    row("folder", [](const QString& path) { return QDir().mkdir(path); });
+    row("folder that is not empty",
+        [](const QString& path) { return QDir().mkpath(path + QStringLiteral("/x")); });
+    row("link to a folder", [](const QString& path) { return MakeLink(".", path); });
+    row("link to itself", [](const QString& path) { return MakeLink("page.htm", path); });
+    row("link into a missing folder", [](const QString& path) { return MakeLink("missing/page.htm", path); });
+    row("full device", [](const QString& path) { return MakeLink("/dev/full", path); });
+}
+
+void tst_strangefiles::openingItTellsAndKeepsTheText_data()
+{
+    AddStrangeRows();
+    const auto row = [](const char* name, const Make& make) { QTest::newRow(name) << make; };
+    row("endless device", [](const QString& path) { return MakeLink("/dev/zero", path); });
+    row("terminal", [](const QString& path) { return MakeLink("/dev/ptmx", path); });
+}
+
+void tst_strangefiles::openingItTellsAndKeepsTheText()
+{
+    QFETCH(const Make, make);
+    QVERIFY(WriteBytes(Path("other.htm"), "xold"));
+    test_->Open(Path("other.htm"));
+    QVERIFY(make(InPages("page.htm")));
+    QElapsedTimer clock;
+    clock.start();
+    if (QFileInfo(InPages("page.htm")).isDir()) {
+        // The dialog enters a folder; that it holds no file of this name is told.
+        test_->robot.Cancel();
+        test_->Press(Qt::Key_O, Qt::ControlModifier);
+    } else {
+        test_->robot.ChooseFile(InPages("page.htm"));
+        test_->robot.AnswerBox(QMessageBox::Ok);
+        test_->Press(Qt::Key_O, Qt::ControlModifier);
+        QCOMPARE(test_->robot.Boxes().size(), 1);
+        QCOMPARE(test_->robot.Boxes().constFirst().text, QString(u"Can't open file: " + InPages("page.htm")));
+    }
+    QVERIFY(clock.elapsed() < hanging);
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
+    QCOMPARE(test_->DocumentName(), Path("other.htm"));
+}
+
+void tst_strangefiles::savingToItTellsAndKeepsTheText_data()
+{
+    AddStrangeRows();
+}
+
+void tst_strangefiles::savingToItTellsAndKeepsTheText()
+{
+    QFETCH(const Make, make);
+    OpenPage();
+    QVERIFY(QFile::remove(InPages("page.htm")));
+    QVERIFY(make(InPages("page.htm")));
+    struct stat before = {};
+    QCOMPARE(lstat(Native(InPages("page.htm")).constData(), &before), 0);
+    const QStringList names = QDir(Path("pages")).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
+    SaveFails();
+    struct stat after = {};
+    QCOMPARE(lstat(Native(InPages("page.htm")).constData(), &after), 0);
+    QCOMPARE(after.st_ino, before.st_ino);
+    QCOMPARE(QDir(Path("pages")).entryList(QDir::AllEntries | QDir::Hidden | QDir::System), names);
+}
+
+void tst_strangefiles::pipeWithoutAReaderTakesNoPreview()
+{
+    QVERIFY(MakePipe(Path("Temp/Temp001.html")));
+    test_->Type("x");
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    QElapsedTimer clock;
+    clock.start();
+    test_->Press(Qt::Key_D, Qt::ControlModifier);
+    QVERIFY(clock.elapsed() < hanging);
+    QCOMPARE(test_->robot.Boxes().constFirst().text, SystemText(ENXIO));
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
+}
+
+void tst_strangefiles::pipeThatNobodyEmptiesDoesNotHangTheWindow()
+{
+    OpenPage(QByteArray("a line of it\r\n").repeated(50'000));
+    QVERIFY(QFile::remove(InPages("page.htm")));
+    QVERIFY(MakePipe(InPages("page.htm")));
+    const int reader = open(Native(InPages("page.htm")).constData(), O_RDONLY | O_NONBLOCK);
+    QVERIFY(reader >= 0);
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    Save();
+    close(reader);
+    QCOMPARE(test_->robot.Boxes().size(), 1);
+    QCOMPARE(test_->Editor()->TextLength(), qsizetype(700'001));
+    QVERIFY(test_->window.DocumentChanged());
+}
+
+void tst_strangefiles::pipeThatIsReadGetsTheText()
+{
+    OpenPage();
+    QVERIFY(QFile::remove(InPages("page.htm")));
+    QVERIFY(MakePipe(InPages("page.htm")));
+    const int reader = open(Native(InPages("page.htm")).constData(), O_RDONLY | O_NONBLOCK);
+    Save();
+    QByteArray received(100, '\0');
+    received.truncate(std::max<ssize_t>(read(reader, received.data(), std::size_t(received.size())), 0));
+    close(reader);
+    QCOMPARE(received, QByteArray("xold\r\n"));
+    QVERIFY(!test_->window.DocumentChanged());
+}
+
+void tst_strangefiles::linksFileThatIsAPipeIsNotWaitedFor()
+{
+    QVERIFY(QFile::remove(Path("Data/Links.dra")));
+    QVERIFY(MakePipe(Path("Data/Links.dra")));
+    QElapsedTimer clock;
+    clock.start();
+    QTest::mouseClick(test_->Find<QWidget>("btnSave"), Qt::LeftButton);
+    RecordingDesktop desktop;
+    frmIMmain other(test_->folder.imgMap, desktop);
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    other.Form_Load();
+    QVERIFY(clock.elapsed() < hanging);
+    QCOMPARE(
+        test_->robot.Boxes().constFirst().text,
+        QStringLiteral("File Links.dra is either damaged or missing !"));
+}
+
+void tst_strangefiles::linkToAFileStaysALinkAndOtherNamesSeeTheText()
+{
+    QVERIFY(WriteBytes(Path("target.htm"), "old"));
+    QCOMPARE(link(Native(Path("target.htm")).constData(), Native(Path("other.htm")).constData()), 0);
+    QVERIFY(MakeLink("../target.htm", InPages("page.htm")));
+    test_->Open(InPages("page.htm"));
+    test_->Type("x");
+    Save();
+    QVERIFY(QFileInfo(InPages("page.htm")).isSymLink());
+    QCOMPARE(BytesOf(Path("target.htm")), QByteArray("xold\r\n"));
+    QCOMPARE(BytesOf(Path("other.htm")), QByteArray("xold\r\n"));
+    QCOMPARE(test_->DocumentName(), InPages("page.htm"));
+}
+
+void tst_strangefiles::danglingLinkOpensNothingAndIsSavedThrough()
+{
+    OpenPage();
+    QVERIFY(QFile::rename(InPages("page.htm"), Path("target.htm")));
+    QVERIFY(MakeLink("../target.htm", InPages("page.htm")));
+    QVERIFY(QFile::remove(Path("target.htm")));
+    Save();
+    QVERIFY(QFileInfo(InPages("page.htm")).isSymLink());
+    QCOMPARE(BytesOf(Path("target.htm")), QByteArray("xold\r\n"));
+    QVERIFY(QFile::remove(Path("target.htm")));
+    test_->robot.ChooseFile(InPages("page.htm"));
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    test_->Press(Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(test_->robot.Boxes().size(), 1);
+    QVERIFY(!QFile::exists(Path("target.htm")));
+}
+
+void tst_strangefiles::readOnlyFileIsToldAndKept()
+{
+    OpenPage();
+    QVERIFY(SetMode(InPages("page.htm"), 0444));
+    const OrdinaryRights rights;
+    SaveFails(SystemText(EACCES));
+    QCOMPARE(BytesOf(InPages("page.htm")), QByteArray("old"));
+}
+
+void tst_strangefiles::readOnlyFolderIsNoObstacleForAFileThatMayBeWritten()
+{
+    OpenPage();
+    QVERIFY(SetMode(InPages("page.htm"), 0666));
+    QVERIFY(SetMode(Path("pages"), 0555));
+    const OrdinaryRights rights;
+    Save();
+    QCOMPARE(test_->robot.Boxes().size(), 0);
+    QCOMPARE(BytesOf(InPages("page.htm")), QByteArray("xold\r\n"));
+}
+
+void tst_strangefiles::readOnlyFolderTakesNoNewFile()
+{
+    OpenPage();
+    QVERIFY(QFile::remove(InPages("page.htm")));
+    QVERIFY(SetMode(Path("pages"), 0555));
+    const OrdinaryRights rights;
+    SaveFails(SystemText(EACCES));
+    QVERIFY(QDir(Path("pages")).isEmpty());
+}
+
+void tst_strangefiles::unreadableFileIsTold()
+{
+    QVERIFY(WriteBytes(InPages("page.htm"), "old"));
+    QVERIFY(SetMode(InPages("page.htm"), 0200));
+    const OrdinaryRights rights;
+    test_->robot.ChooseFile(InPages("page.htm"));
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    test_->Press(Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(test_->robot.Boxes().size(), 1);
+    QCOMPARE(test_->robot.Boxes().constFirst().text, QString(u"Can't open file: " + InPages("page.htm")));
+    QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
+}
+
+void tst_strangefiles::folderRemovedBetweenOpenAndSaveIsTold()
+{
+    OpenPage();
+    QVERIFY(QDir(Path("pages")).removeRecursively());
+    SaveFails(SystemText(ENOENT));
+    QVERIFY(!QFile::exists(Path("pages")));
+}
+
+void tst_strangefiles::fileRemovedBetweenOpenAndSaveIsMadeAgain()
+{
+    OpenPage();
+    QVERIFY(QFile::remove(InPages("page.htm")));
+    Save();
+    QCOMPARE(BytesOf(InPages("page.htm")), QByteArray("xold\r\n"));
+}
+
+void tst_strangefiles::renamedFolderIsNotMadeAgain()
+{
+    OpenPage();
+    QVERIFY(QDir().rename(Path("pages"), Path("moved")));
+    SaveFails(SystemText(ENOENT));
+    QCOMPARE(BytesOf(Path("moved/page.htm")), QByteArray("old"));
+}
+
+QTEST_MAIN(tst_strangefiles)
+#include "tst_strangefiles.moc"
