@@ -1,9 +1,9 @@
 #include "app/SourceEditor.h"
 
+#include "shared/CommandTables.h"
 #include "shared/WindowHelpers.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -325,11 +325,7 @@ bool SourceEditor::IsMenuKey(const QKeyEvent& key) const
     if (!isCombined && !key.text().isEmpty() && key.text().front().isPrint()) {
         return false; // typing must not wait for a look through the menus
     }
-    const QKeySequence pressed(key.keyCombination());
-    const QList<QAction*> actions = window()->findChildren<QAction*>();
-    return std::any_of(actions.begin(), actions.end(), [&pressed](const QAction* action) {
-        return action->shortcut() == pressed && !pressed.isEmpty();
-    });
+    return EntryOfKey(window(), key) != nullptr;
 }
 
 void SourceEditor::keyPressEvent(QKeyEvent* event)

@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
-#include <algorithm>
 
 namespace {
 
@@ -219,12 +218,8 @@ void frmIMmain::Picture_MouseUp(const QWidget& picture, const QMouseEvent& event
 /** Whether `key` belongs to a command that a text field must leave alone: any but those of the Edit menu. */
 bool frmIMmain::IsCommandKey(const QKeyEvent& key) const
 {
-    const QKeySequence pressed(key.keyCombination());
-    const QList<QAction*> editing = findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions();
-    const QList<QAction*> actions = findChildren<QAction*>();
-    return std::any_of(actions.begin(), actions.end(), [&](QAction* action) {
-        return !pressed.isEmpty() && action->shortcut() == pressed && !editing.contains(action);
-    });
+    QAction* const entry = EntryOfKey(this, key);
+    return entry != nullptr && !findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions().contains(entry);
 }
 
 void frmIMmain::FollowCapsLock(const QKeyEvent& key)

@@ -2,10 +2,12 @@
 
 #include <QAction>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <span>
 
 // Menus and toolbars as tables. Only windows include this; the library beside it needs no widgets.
@@ -126,6 +128,17 @@ inline void ToggleFlatLook(QToolBar* toolbar)
     for (QToolButton* const button : toolbar->findChildren<QToolButton*>()) {
         button->setAutoRaise(!button->autoRaise());
     }
+}
+
+/** The menu entry of `window` whose key was pressed; null when there is none. */
+inline QAction* EntryOfKey(const QWidget* window, const QKeyEvent& key)
+{
+    const QKeySequence pressed(key.keyCombination());
+    const QList<QAction*> actions = window->findChildren<QAction*>();
+    const auto entry = std::find_if(actions.begin(), actions.end(), [&pressed](const QAction* action) {
+        return !pressed.isEmpty() && action->shortcut() == pressed;
+    });
+    return entry != actions.end() ? *entry : nullptr;
 }
 
 /** The action at `position` of `toolbar`, counted from 1. */
