@@ -47,8 +47,8 @@ void frmIMmain::ShowShellError(int code)
 
 QString frmIMmain::WriteTemporaryCopy(const QString& ending)
 {
-    const QString path = IsNeverSaved() ? TemporaryCopyOfNew(imgMap_.ProgramFolder, ending)
-                                        : TemporaryCopyOf(DocumentName(), ending);
+    QString path = IsNeverSaved() ? TemporaryCopyOfNew(imgMap_.ProgramFolder, ending)
+                                  : TemporaryCopyOf(DocumentName(), ending);
     // A failure has been told; what there is of an older copy is still launched.
     (void)WriteText(path);
     return path;

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleFactory>
+#include <array>
 
 namespace {
 
@@ -23,28 +24,21 @@ QString TextOf(std::string_view text)
 
 void frmIMmain::BuildTagTree()
 {
-    QTreeWidgetItem* root = nullptr;
-    QTreeWidgetItem* category = nullptr;
+    // Under which entry those of each level come.
+    QTreeWidgetItem* const top = ui_->TreeView1->invisibleRootItem();
+    std::array<QTreeWidgetItem*, 3> parents = { top, top, top };
     int index = 0;
     for (const TagNode& node : TagNodes()) {
         auto* const entry = new QTreeWidgetItem({ TextOf(node.Caption) });
         entry->setData(0, indexRole, ++index);
         entry->setData(0, keyRole, TextOf(node.Key));
-        switch (node.Level) {
-        case TagLevel::Root:
-            root = entry;
-            ui_->TreeView1->addTopLevelItem(root);
-            break;
-        case TagLevel::Category:
-            category = entry;
-            root->addChild(category);
-            break;
-        case TagLevel::Item:
-            category->addChild(entry);
-            break;
+        const auto level = static_cast<std::size_t>(node.Level);
+        parents[level]->addChild(entry);
+        if (node.Level != TagLevel::Item) {
+            parents[level + 1] = entry;
         }
     }
-    root->setExpanded(true);
+    top->child(0)->setExpanded(true);
     // The one style of Qt's own that draws the lines of a tree and boxes to open and close.
     QStyle* const withLines = QStyleFactory::create(QStringLiteral("Windows"));
     withLines->setParent(ui_->TreeView1);
