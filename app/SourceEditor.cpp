@@ -130,6 +130,9 @@ void SourceEditor::LoadText(const QString& text)
 void SourceEditor::LoadLines(const QString& lines)
 {
     document()->setUndoRedoEnabled(false);
+    // A new text would take the look of the old one.
+    document()->clear();
+    setCurrentCharFormat(QTextCharFormat());
     setPlainText(lines);
     KeepWidestLine();
     document()->setUndoRedoEnabled(true);
@@ -204,6 +207,9 @@ void SourceEditor::Select(qsizetype start, qsizetype length)
 void SourceEditor::ReplaceSelection(const QString& text)
 {
     QTextCursor cursor = textCursor();
+    if (text.isEmpty() && !cursor.hasSelection()) {
+        return; // nothing to undo: what comes next must not join the step before
+    }
     if (stepStart_ && document()->revision() != *stepStart_) {
         cursor.joinPreviousEditBlock();
     } else {
@@ -337,9 +343,6 @@ void SourceEditor::keyPressEvent(QKeyEvent* event)
     } else if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter would put in a character that no page can hold.
         ReplaceSelection(QStringLiteral("\n"));
-    } else if (IsMenuKey(*event)) {
-        // The key of an entry that is disabled just now does nothing else instead.
-        event->accept();
     } else {
         QPlainTextEdit::keyPressEvent(event);
     }

@@ -59,6 +59,8 @@ void frmIMmain::btnDelete_Click()
     const int row = ui_->ListView1->row(selected.constFirst());
     DeleteSavedLink(imgMap_, static_cast<std::size_t>(row) + 1);
     delete ui_->ListView1->takeItem(row);
+    // The next click must not delete the neighbour unasked.
+    ui_->ListView1->clearSelection();
 }
 
 void frmIMmain::btnSave_Click()

@@ -1,11 +1,24 @@
+if(CARTOLEN_FUZZ AND NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "The fuzzer comes with clang: configure with -DCMAKE_CXX_COMPILER=clang++-14")
+endif()
+set(cartolen_instruments)
+if(CARTOLEN_SANITIZE OR CARTOLEN_FUZZ)
+    list(APPEND cartolen_instruments -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+endif()
+if(CARTOLEN_FUZZ)
+    list(APPEND cartolen_instruments -fsanitize=fuzzer-no-link)
+endif()
+if(CARTOLEN_COVERAGE)
+    list(APPEND cartolen_instruments --coverage)
+endif()
+
 # What every target of this project is built with: warnings, sanitizers and Qt's stricter switches.
 add_library(cartolen_options INTERFACE)
 target_compile_options(cartolen_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Wnon-virtual-dtor;-Woverloaded-virtual>
     $<$<BOOL:${CARTOLEN_WERROR}>:-Werror>
-    $<$<BOOL:${CARTOLEN_SANITIZE}>:-fsanitize=address,undefined;-fno-sanitize-recover=undefined;-fno-omit-frame-pointer>)
-target_link_options(cartolen_options INTERFACE
-    $<$<BOOL:${CARTOLEN_SANITIZE}>:-fsanitize=address,undefined>)
+    ${cartolen_instruments})
+target_link_options(cartolen_options INTERFACE ${cartolen_instruments})
 target_compile_definitions(cartolen_options INTERFACE
     QT_NO_CAST_FROM_BYTEARRAY
     QT_NO_CONTEXTLESS_CONNECT

@@ -51,6 +51,11 @@ void PaintOutline(QPainter& painter, const PaintedFigure& figure, const QColor& 
     }
 }
 
+qint64 PixelsOf(QSize size)
+{
+    return qint64(size.width()) * size.height();
+}
+
 int ButtonNumber(Qt::MouseButton button)
 {
     switch (button) {
@@ -80,6 +85,7 @@ void PictureSurface::SetPicture(const QImage& picture)
     picture_ = picture;
     rubber_.reset();
     drawing_ = picture_;
+    painted_.clear();
     resize(picture_.size());
     update();
 }
@@ -92,6 +98,10 @@ void PictureSurface::PaintFigure(const PaintedFigure& figure, Pen pen)
     } else if (!drawing_.isNull()) {
         QPainter painter(&drawing_);
         PaintOutline(painter, figure, foregroundColor_);
+        const QRect part = BoundsOf(figure).adjusted(-1, -1, 1, 1) & drawing_.rect();
+        if (!part.isEmpty()) {
+            painted_ << part;
+        }
     }
     update(BoundsOf(figure));
 }
@@ -107,7 +117,20 @@ void PictureSurface::EraseRubberFigure()
 void PictureSurface::ClearDrawing()
 {
     rubber_.reset();
-    drawing_ = picture_;
+    qint64 pixels = 0;
+    for (const QRect& part : painted_) {
+        pixels += PixelsOf(part.size());
+    }
+    if (pixels > PixelsOf(drawing_.size())) {
+        drawing_ = picture_;
+    } else if (pixels > 0) {
+        // A hundred megapixels are not copied again for the sake of some figures.
+        QPainter painter(&drawing_);
+        for (const QRect& part : painted_) {
+            painter.drawImage(part, picture_, part);
+        }
+    }
+    painted_.clear();
     update();
 }
 

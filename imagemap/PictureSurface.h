@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QList>
 #include <QWidget>
 #include <optional>
 
@@ -48,7 +49,8 @@ protected:
 
 private:
     QImage picture_;
-    QImage drawing_; ///< the picture with its figures; shares the picture's pixels while there are none
+    QImage drawing_;       ///< the picture with its figures; shares the picture's pixels until the first one
+    QList<QRect> painted_; ///< where figures were painted since the drawing was the bare picture
     std::optional<PaintedFigure> rubber_;
     QColor foregroundColor_ = Qt::black;
 };

@@ -93,7 +93,8 @@ QByteArray RecordOf(const QString& url, std::optional<qint16> mark)
 std::optional<QByteArray> BytesBehind(const QString& path, qint64 start)
 {
     QFile file(path);
-    if (!file.exists()) {
+    // Of a file itself Qt says that it exists when it is a link to nothing.
+    if (!QFileInfo::exists(path)) {
         return QByteArray();
     }
     if (!QFileInfo(path).isFile() || file.size() > largestFile || !file.open(QIODevice::ReadOnly)) {

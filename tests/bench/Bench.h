@@ -37,5 +37,5 @@ void BenchStartUp();
 void BenchDocuments();
 void BenchPictures();
 
-/** What a process of its own does for BenchStartUp(): shows the main window, or one of so many controls. */
-void RunStartUp(int controls);
+/** What a process of its own does for BenchStartUp(): shows the main window, or the "empty" one. */
+void RunStartUp(const QString& window);

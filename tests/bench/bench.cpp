@@ -7,8 +7,8 @@
 #include <QFile>
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
+#include <malloc.h>
 #include <vector>
 
 namespace {
@@ -64,6 +64,7 @@ double PeakMegabytes()
 
 void ForgetPeak()
 {
+    malloc_trim(0);
     QFile file(QStringLiteral("/proc/self/clear_refs"));
     if (file.open(QIODevice::WriteOnly)) {
         file.write("5");
@@ -84,7 +85,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     if (argc > 1) {
-        RunStartUp(std::atoi(argv[1]));
+        RunStartUp(QString::fromLocal8Bit(argv[1]));
         return 0;
     }
     std::printf(

@@ -1,17 +1,20 @@
 // Costs of editing documents of 1, 10 and 50 megabytes, and of what the program puts into them.
 
 #include "app/SourceEditor.h"
+#include "app/frmIMmain.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/AnsiCodePage.h"
 #include "shared/DocumentSink.h"
 #include "shared/FileWriting.h"
 #include "tests/bench/Bench.h"
 #include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingDesktop.h"
 #include "tests/support/RecordingHelp.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QTest>
+#include <QTreeWidget>
 
 namespace {
 
@@ -69,7 +72,36 @@ Cost CostOfScrolling(QPlainTextEdit& editor)
     });
 }
 
-void BenchDocument(int megabytes, const Cost& bareKey)
+/** From the double click on "Bold" to the painted editor, with a word selected in the middle line, and back.
+ */
+Cost CostOfTag(const QByteArray& page)
+{
+    constexpr int tags = 20;
+    ProgramFolder folder;
+    RecordingDesktop desktop;
+    frmIMmain window(folder.imgMap, desktop);
+    window.Form_Load();
+    window.show();
+    auto* const editor = window.findChild<SourceEditor*>();
+    auto* const tree = window.findChild<QTreeWidget*>();
+    editor->LoadText(QString::fromLatin1(page));
+    QTreeWidgetItem* const bold = tree->findItems(QStringLiteral("Bold"), Qt::MatchRecursive).constFirst();
+    tree->setCurrentItem(bold);
+    QCoreApplication::processEvents();
+    const qsizetype word = page.size() / line.size() / 2 * line.size() + line.indexOf("text");
+    return CostOf(
+        [&window, editor, tree, bold, word] {
+            for (int i = 0; i < tags; ++i) {
+                editor->Select(word, 4);
+                Q_EMIT tree->itemDoubleClicked(bold, 0);
+                QCoreApplication::processEvents();
+                window.UndoEdit();
+            }
+        },
+        tags);
+}
+
+void BenchDocument(int megabytes, const Cost& bareKey, const Cost& bareTag)
 {
     const ProgramFolder folder;
     const QString path = folder.Path(QStringLiteral("page.htm"));
@@ -98,6 +130,9 @@ void BenchDocument(int megabytes, const Cost& bareKey)
     PrintRow(
         QStringLiteral("a key in") + size + QStringLiteral("in an empty document"), CostOfKey(editor.Text()),
         bareKey, 2);
+    PrintRow(
+        QStringLiteral("wrap a word in a tag in") + size + QStringLiteral("in a document of one line"),
+        CostOfTag(PageOf(megabytes)), bareTag, 2);
     const Cost saved = CostOf(
         [&editor, &path] { (void)WriteWholeFile(path, AnsiCodePage::Encode(editor.Text()) + "\r\n"); });
     PrintRow(
@@ -168,8 +203,9 @@ void BenchInsert()
 void BenchDocuments()
 {
     const Cost bareKey = CostOfKey(QString());
+    const Cost bareTag = CostOfTag(line);
     for (const int megabytes : { 1, 10, 50 }) {
-        BenchDocument(megabytes, bareKey);
+        BenchDocument(megabytes, bareKey, bareTag);
     }
     BenchInsert();
 }

@@ -7,10 +7,21 @@
 #include "tests/support/RecordingDesktop.h"
 
 #include <QApplication>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
+#include <QStatusBar>
+#include <QTabWidget>
 #include <QTest>
-#include <QVBoxLayout>
+#include <QToolBar>
+#include <QTreeWidget>
 #include <cstdio>
 #include <sys/resource.h>
 
@@ -35,23 +46,44 @@ void ShowMainWindow()
     Await(window);
 }
 
-void ShowEmptyWindow(int controls)
+/** A window with as many controls of each kind as the main window, with nothing in them. */
+void ShowEmptyWindow()
 {
-    ProgramFolder folder;
-    QWidget window;
-    QVBoxLayout layout(&window);
-    for (int i = 0; i < controls; ++i) {
-        layout.addWidget(new QPushButton(QString::number(i), &window));
+    constexpr int labels = 11;
+    constexpr int buttons = 3;
+    constexpr int menus = 6;
+    constexpr int entries = 26;
+    constexpr int tools = 13;
+    const ProgramFolder folder;
+    QMainWindow window;
+    auto* const centre = new QWidget(&window);
+    auto* const layout = new QHBoxLayout(centre);
+    auto* const tabs = new QTabWidget(centre);
+    tabs->addTab(new QTreeWidget, QStringLiteral("a"));
+    tabs->addTab(new QListWidget, QStringLiteral("b"));
+    for (QWidget* const control : std::initializer_list<QWidget*>{ tabs, new QPlainTextEdit, new QLineEdit,
+                                                                   new QGroupBox(QStringLiteral("c")) }) {
+        layout->addWidget(control);
     }
+    for (int i = 0; i < labels; ++i) {
+        layout->addWidget(new QLabel(QString::number(i)));
+    }
+    for (int i = 0; i < buttons; ++i) {
+        layout->addWidget(new QPushButton(QString::number(i)));
+    }
+    for (int i = 0; i < menus; ++i) {
+        QMenu* const menu = window.menuBar()->addMenu(QString::number(i));
+        for (int j = 0; j < entries / menus; ++j) {
+            menu->addAction(QString::number(j));
+        }
+    }
+    QToolBar* const toolbar = window.addToolBar(QString());
+    for (int i = 0; i < tools; ++i) {
+        toolbar->addAction(QString::number(i));
+    }
+    window.statusBar()->showMessage(QStringLiteral("d"));
+    window.setCentralWidget(centre);
     Await(window);
-}
-
-int ControlsOfMainWindow()
-{
-    ProgramFolder folder;
-    RecordingDesktop desktop;
-    const frmIMmain window(folder.imgMap, desktop);
-    return static_cast<int>(window.findChildren<QWidget*>().size());
 }
 
 double ChildrensCpuSeconds()
@@ -62,23 +94,39 @@ double ChildrensCpuSeconds()
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-Cost CostOfProcess(int controls)
+Cost CostOfProcess(const char* window)
 {
-    return CostOfTimed([controls] {
+    return CostOfTimed([window] {
         const double start = ChildrensCpuSeconds();
-        if (QProcess::execute(QCoreApplication::applicationFilePath(), { QString::number(controls) }) != 0) {
+        if (QProcess::execute(QCoreApplication::applicationFilePath(), { QString::fromLatin1(window) }) !=
+            0) {
             qFatal("the process does not start");
         }
         return ChildrensCpuSeconds() - start;
     });
 }
 
+void BenchTagTree()
+{
+    ProgramFolder folder;
+    RecordingDesktop desktop;
+    const auto load = [&folder, &desktop] {
+        frmIMmain window(folder.imgMap, desktop);
+        window.Form_Load();
+    };
+    const auto make = [&folder, &desktop] { const frmIMmain window(folder.imgMap, desktop); };
+    Cost tree = CostOf(load);
+    tree.seconds -= CostOf(make).seconds;
+    constexpr double most = 0.01;
+    PrintRow(QStringLiteral("build the tag tree and load what else there is; 10 ms"), tree, { most, 0 }, 1);
+}
+
 } // namespace
 
-void RunStartUp(int controls)
+void RunStartUp(const QString& window)
 {
-    if (controls > 0) {
-        ShowEmptyWindow(controls);
+    if (window == QLatin1String("empty")) {
+        ShowEmptyWindow();
     } else {
         ShowMainWindow();
     }
@@ -87,6 +135,8 @@ void RunStartUp(int controls)
 void BenchStartUp()
 {
     LoadIcons();
-    const Cost empty = CostOfProcess(ControlsOfMainWindow());
-    PrintRow(QStringLiteral("start; an empty window with as many controls"), CostOfProcess(0), empty, 1.5);
+    const Cost empty = CostOfProcess("empty");
+    PrintRow(
+        QStringLiteral("start; an empty window with the same controls"), CostOfProcess("main"), empty, 1.5);
+    BenchTagTree();
 }

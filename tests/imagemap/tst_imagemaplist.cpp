@@ -1,5 +1,6 @@
 // The image map editor's area list, editing the areas in it, and putting the map into the document.
 
+#include "shared/Paths.h"
 #include "tests/imagemap/EditorFixture.h"
 
 #include <QCheckBox>
@@ -66,6 +67,12 @@ private Q_SLOTS:
     void insertingChangesNothingInTheEditor();
 
 private:
+    /** What a page refers to the picture by. */
+    [[nodiscard]] QString PictureReference() const
+    {
+        QString path = test_->folder.Path(QStringLiteral("picture.jpg"));
+        return PathToFileUrl(path);
+    }
     void SelectRow(int index);
     void DoubleClickRow(int index);
     std::unique_ptr<EditorFixture> test_;
@@ -456,7 +463,7 @@ void tst_imagemaplist::insertingWritesTheAreas()
                        " onMouseOut=\"window.status='';return true\" ALT=\"Home page\">\r\n"
                        "</MAP>\r\n"
                        "<!-- End Image Map-->")
-            .arg(test_->folder.Path(QStringLiteral("picture.jpg"))));
+            .arg(PictureReference()));
 }
 
 void tst_imagemaplist::insertingUsesTheAttributes()
@@ -502,8 +509,7 @@ void tst_imagemaplist::insertingNamesThePictureOnlyWhenAsked()
     QVERIFY(test_->document.inserted[0].contains(u"<IMG SRC=\"picture.jpg\" USEMAP="));
     QTest::keyClick(test_->Find<QCheckBox>("Check1"), Qt::Key_Space);
     test_->ClickButton(16);
-    QVERIFY(test_->document.inserted[1].contains(
-        u"<IMG SRC=\"" + test_->folder.Path(QStringLiteral("picture.jpg")) + u"\" USEMAP="));
+    QVERIFY(test_->document.inserted[1].contains(u"<IMG SRC=\"" + PictureReference() + u"\" USEMAP="));
 }
 
 void tst_imagemaplist::insertingTwiceWritesTheMapTwice()
@@ -522,9 +528,8 @@ void tst_imagemaplist::insertingWithoutAreasWritesAnEmptyMap()
     test_->ClickAt({ 20, 20 });
     test_->ClickButton(16);
     QCOMPARE(
-        test_->document.inserted, QStringList{ EmptyMap(
-                                      test_->folder.Path(QStringLiteral("picture.jpg")),
-                                      QStringLiteral("WIDTH=300 HEIGHT=200 BORDER=0")) });
+        test_->document.inserted,
+        QStringList{ EmptyMap(PictureReference(), QStringLiteral("WIDTH=300 HEIGHT=200 BORDER=0")) });
 }
 
 void tst_imagemaplist::insertingChangesNothingInTheEditor()

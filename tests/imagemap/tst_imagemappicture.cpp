@@ -88,9 +88,14 @@ void tst_imagemappicture::openingAGifShowsIt()
 
 void tst_imagemappicture::openingTellsNameAndAddress()
 {
-    const QString path = test_->WritePicture({ 50, 50 }, QStringLiteral("my <b>map.jpg"));
+#ifdef Q_OS_WIN
+    const QString name = QStringLiteral("my &lt;map.jpg"); // Windows has no names with "<".
+#else
+    const QString name = QStringLiteral("my <b>map.jpg");
+#endif
+    const QString path = test_->WritePicture({ 50, 50 }, name);
     test_->Open(path);
-    QCOMPARE(test_->Text("StatusBar1_Panel2"), QStringLiteral("my <b>map.jpg"));
+    QCOMPARE(test_->Text("StatusBar1_Panel2"), name);
     QCOMPARE(test_->Find<QLabel>("StatusBar1_Panel2")->textFormat(), Qt::PlainText);
     QCOMPARE(test_->imgMap.ImageUrl, path);
     QCOMPARE(QDir::current(), QDir(test_->imgMap.ProgramFolder));

@@ -259,7 +259,10 @@ void TestFileWriting::relativePathIsWritten()
 void TestFileWriting::missingFolderIsAnErrorThatLeavesNothing()
 {
     const QString error = Write(Path("missing/page.htm"), newText);
+    QVERIFY(!error.isEmpty());
+#ifdef Q_OS_UNIX
     QCOMPARE(error, ErrorText(ENOENT));
+#endif
     QCOMPARE(Names(), QStringList());
 }
 

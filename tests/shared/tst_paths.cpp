@@ -1,5 +1,6 @@
 #include "shared/Paths.h"
 
+#include <QDir>
 #include <QTest>
 
 class TestPaths : public QObject
@@ -37,8 +38,8 @@ void TestPaths::fileNameStandsBehindTheLastSeparator_data()
                              << "";
     QTest::newRow("blanks stay") << R"(C:\my pics\ my map.gif )"
                                  << " my map.gif ";
-    QTest::newRow("path as this system writes it") << "/home/u/map.gif"
-                                                   << "map.gif";
+    QTest::newRow("path as this system writes it")
+        << QDir::toNativeSeparators("/home/u/map.gif") << "map.gif";
 }
 
 void TestPaths::fileNameStandsBehindTheLastSeparator()
@@ -75,8 +76,8 @@ void TestPaths::pathBecomesTheFormAPageRefersToItBy_data()
                                                << "C:pics/map.gif";
     QTest::newRow("drive with the other separator") << "C:/pics/map.gif"
                                                     << "C:/pics/map.gif";
-    QTest::newRow("path as this system writes it") << "/home/u/map.gif"
-                                                   << "/home/u/map.gif";
+    QTest::newRow("path as this system writes it")
+        << QDir::toNativeSeparators("/home/u/map.gif") << "/home/u/map.gif";
     QTest::newRow("blanks and percent signs stay") << R"(C:\my pics\100%.gif)"
                                                    << "file:///C|/my pics/100%.gif";
     QTest::newRow("nothing") << ""

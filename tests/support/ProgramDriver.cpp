@@ -217,7 +217,10 @@ void ProgramDriver::OpenPicture(const QString& picture)
         surface_->width() > 0 &&
             surface_->width() * surface_->height() == expected.width() * expected.height(),
         QStringLiteral("the picture is not shown"));
-    visible_ = surface_->size().boundedTo(surface_->parentWidget()->size());
+    // What fonts and styles take of the window differs by some pixels; figures must not follow that.
+    constexpr int step = 20;
+    const QSize seen = surface_->size().boundedTo(surface_->parentWidget()->size());
+    visible_ = { seen.width() / step * step, seen.height() / step * step };
     Seen(*editor_, QStringLiteral("picture"));
 }
 

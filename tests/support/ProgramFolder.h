@@ -19,8 +19,11 @@ public:
     ~ProgramFolder() { QDir::setCurrent(before_); }
     Q_DISABLE_COPY_MOVE(ProgramFolder)
 
-    /** The path of `name` in the folder. */
-    [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
+    /** The path of `name` in the folder, in the system's own form. */
+    [[nodiscard]] QString Path(const QString& name) const
+    {
+        return QDir::toNativeSeparators(folder_.filePath(name));
+    }
 
     ImgMap imgMap;
 

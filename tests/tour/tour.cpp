@@ -4,6 +4,7 @@
 // cartolen-tour FOLDER PICTURE leaves the page and a screenshot of every step in FOLDER.
 
 #include "shared/AnsiCodePage.h"
+#include "shared/Paths.h"
 #include "tests/support/ProgramDriver.h"
 
 #include <QApplication>
@@ -95,7 +96,8 @@ private:
     {
         QFile file(PagePath());
         Check(file.open(QIODevice::ReadOnly), u"there is no page " + PagePath());
-        const QString picture = QDir::toNativeSeparators(picture_);
+        QString picture = QDir::toNativeSeparators(picture_);
+        PathToFileUrl(picture);
         const QString map =
             QStringLiteral("<!-- This Image Map was created by Cartolen -->\r\n"
                            "<!-- https://cartolen.example/ -->\r\n"
