@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 
+#include "app/SessionGuard.h"
 #include "app/frmIMmain.h"
 #include "app/frmSplash.h"
 
@@ -38,4 +39,5 @@ void Startup::ShowMainWindow()
     splash_.release()->deleteLater();
     mainWindow_->setWindowTitle(applicationTitle.toString());
     mainWindow_->show();
+    sessionGuard_ = std::make_unique<SessionGuard>(*mainWindow_);
 }

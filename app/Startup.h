@@ -8,6 +8,7 @@
 
 class Desktop;
 class frmIMmain;
+class SessionGuard;
 class frmSplash;
 
 /** Brings the program up: the splash panel, then after its timer the main window in its place. */
@@ -29,4 +30,5 @@ private:
     Desktop& desktop_;
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmIMmain> mainWindow_;
+    std::unique_ptr<SessionGuard> sessionGuard_;
 };

@@ -67,6 +67,9 @@ public:
 
     [[nodiscard]] bool DocumentChanged() const { return documentChanged_; }
 
+    /** Asks whether changes are to be saved; false when the user wants to go on with the document. */
+    [[nodiscard]] bool QueryUnload();
+
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -85,7 +88,6 @@ private:
     void Help_LinkToOutside(const QUrl& url);
     void Form_Resize();
     void Form_Unload();
-    [[nodiscard]] bool QueryUnload();
 
     void CreateCommands();
     void CreateStatusBar();
