@@ -1,5 +1,6 @@
 // Opening a picture in the image map editor, scrolling it, and starting a new map on it.
 
+#include "shared/Paths.h"
 #include "tests/imagemap/EditorFixture.h"
 
 #include <QCheckBox>
@@ -88,16 +89,12 @@ void tst_imagemappicture::openingAGifShowsIt()
 
 void tst_imagemappicture::openingTellsNameAndAddress()
 {
-#ifdef Q_OS_WIN
-    const QString name = QStringLiteral("my &lt;map.jpg"); // Windows has no names with "<".
-#else
-    const QString name = QStringLiteral("my <b>map.jpg");
-#endif
-    const QString path = test_->WritePicture({ 50, 50 }, name);
+    const QString name = QStringLiteral("my " NAME_LIKE_MARKUP "map.jpg");
+    QString path = test_->WritePicture({ 50, 50 }, name);
     test_->Open(path);
     QCOMPARE(test_->Text("StatusBar1_Panel2"), name);
     QCOMPARE(test_->Find<QLabel>("StatusBar1_Panel2")->textFormat(), Qt::PlainText);
-    QCOMPARE(test_->imgMap.ImageUrl, path);
+    QCOMPARE(test_->imgMap.ImageUrl, PathToFileUrl(path));
     QCOMPARE(QDir::current(), QDir(test_->imgMap.ProgramFolder));
 }
 

@@ -135,6 +135,9 @@ void TestLinksFile::missingFileIsCreatedEmpty()
 
 void TestLinksFile::missingFileBehindALinkIsCreatedEmpty()
 {
+#ifdef Q_OS_WIN
+    QSKIP("What Qt makes here for a link is a file that only the desktop follows.");
+#endif
     const QString target = folder_->filePath("elsewhere");
     QVERIFY(QFile::link(target, Path()));
     QVERIFY(!ReadSavedLinks(Path()).isDamaged);
@@ -169,7 +172,12 @@ void TestLinksFile::folderOrPipeInsteadOfTheFileIsDamage()
 void TestLinksFile::unreadableFileIsDamage()
 {
     const QString memory = "/proc/self/mem";
-    if (!QFile::exists(memory)) {
+#ifdef Q_OS_UNIX
+    const bool isAtHand = QFile::exists(memory);
+#else
+    const bool isAtHand = false; // Wine shows it, but Qt makes no links that a program follows.
+#endif
+    if (!isAtHand) {
         QSKIP("This system has no file at hand that opens but cannot be read.");
     }
     QVERIFY(QFile::link(memory, Path()));

@@ -5,6 +5,13 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+/** The start of a file's name that a text with markup shows otherwise; Windows has no names with "<". */
+#ifdef Q_OS_WIN
+#define NAME_LIKE_MARKUP "&lt;"
+#else
+#define NAME_LIKE_MARKUP "<b>"
+#endif
+
 /** A fresh program folder with its Data and Temp, current as long as it lives. */
 class ProgramFolder
 {
