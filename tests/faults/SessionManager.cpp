@@ -184,17 +184,15 @@ bool SessionManager::Start()
         return false;
     }
     std::array<char, 256> error{};
-    int count = 0;
-    IceListenObj* listeners = nullptr;
     if (SmsInitialize("Test", "1", NewClient, nullptr, EverybodyMayCome, int(error.size()), error.data()) ==
             0 ||
-        IceListenForConnections(&count, &listeners, int(error.size()), error.data()) == 0) {
+        IceListenForConnections(&listenerCount_, &listeners_, int(error.size()), error.data()) == 0) {
         return false;
     }
-    for (int i = 0; i < count; ++i) {
-        IceSetHostBasedAuthProc(listeners[i], EverybodyMayCome);
+    for (int i = 0; i < listenerCount_; ++i) {
+        IceSetHostBasedAuthProc(listeners_[i], EverybodyMayCome);
     }
-    char* const address = IceComposeNetworkIdList(count, listeners);
+    char* const address = IceComposeNetworkIdList(listenerCount_, listeners_);
     qputenv("SESSION_MANAGER", address);
     std::free(address);
     process_ = fork();
@@ -202,10 +200,7 @@ bool SessionManager::Start()
         reports = heard[1];
         close(told[1]);
         close(heard[0]);
-        Serve(told[0], count, listeners);
-    }
-    for (int i = 0; i < count; ++i) {
-        close(IceGetListenConnectionNumber(listeners[i]));
+        Serve(told[0], listenerCount_, listeners_);
     }
     close(told[0]);
     close(heard[1]);
@@ -221,6 +216,7 @@ SessionManager::~SessionManager()
         kill(process_, SIGKILL);
         waitpid(process_, nullptr, 0);
     }
+    IceFreeListenObjs(listenerCount_, listeners_);
 }
 
 void SessionManager::Tell(char what) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <X11/ICE/ICElib.h>
 #include <sys/types.h>
 
 /**
@@ -32,6 +33,8 @@ public:
 private:
     void Tell(char what) const;
 
+    IceListenObj* listeners_ = nullptr;
+    int listenerCount_ = 0;
     pid_t process_ = 0;
     int telling_ = -1;
     int hearing_ = -1;

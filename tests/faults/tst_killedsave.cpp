@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int startPatience = 120'000;
-constexpr int endPatience = 20'000;
+constexpr int startPatience = 600'000;
+constexpr int endPatience = 120'000;
 
 int FromEnvironment(const char* name, int otherwise)
 {

@@ -12,7 +12,9 @@ namespace {
 
 constexpr int lookMilliseconds = 10;
 constexpr int settleMilliseconds = 120;
-constexpr int patience = 5000;
+constexpr int usualPatience = 5000;
+/** Long plays run beside other work, which may stop them for a while. */
+constexpr int patienceInHurry = 60'000;
 
 QString NameFieldText(const QFileDialog& dialog)
 {
@@ -86,6 +88,11 @@ void DialogRobot::Hurry()
     timer_.start(0);
 }
 
+int DialogRobot::Patience() const
+{
+    return isInHurry_ ? patienceInHurry : usualPatience;
+}
+
 void DialogRobot::Forget()
 {
     boxes_.clear();
@@ -98,7 +105,7 @@ void DialogRobot::WaitUntilDone()
 {
     if (!QTest::qWaitFor(
             [this] { return answers_.isEmpty() && QApplication::activeModalWidget() == nullptr; },
-            patience)) {
+            Patience())) {
         problems_ << QStringLiteral("a dialog did not come, or did not go");
     }
 }
@@ -119,7 +126,7 @@ void DialogRobot::Look()
         return;
     }
     if (seen_.contains(dialog)) {
-        if (age_.isValid() && age_.elapsed() > patience) {
+        if (age_.isValid() && age_.elapsed() > Patience()) {
             problems_ << QStringLiteral("a dialog stayed open: %1").arg(dialog->windowTitle());
             age_.invalidate();
             dialog->reject();

@@ -68,6 +68,7 @@ public:
     [[nodiscard]] QString Problems() const;
 
 private:
+    [[nodiscard]] int Patience() const;
     void Look();
     void Note(QDialog& dialog);
 
