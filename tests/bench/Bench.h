@@ -4,7 +4,8 @@
 #include <functional>
 
 // What the rows of the table are made of. Times are CPU times of the whole process: they hardly depend on
-// what else the machine does.
+// what else the machine does. Counting instructions depends on nothing, but takes fifty times as long: all is
+// done once then, under callgrind, which writes down what each Measured() call took and begins anew.
 
 inline constexpr double megabyte = 1024.0 * 1024.0;
 
@@ -13,7 +14,15 @@ struct Cost
 {
     double seconds = 0; ///< of CPU, of one step
     double peak = 0;    ///< most memory that the process had meanwhile, in megabytes
+    int count = 0;      ///< which of callgrind's counts it is, from 1
+    double steps = 1;   ///< how many of these the count is of
 };
+
+/** Whether instructions are counted. */
+[[nodiscard]] bool IsCounting();
+
+/** Calls `work` and lets callgrind count it. */
+void Measured(const std::function<void()>& work);
 
 /** CPU seconds that this process has used. */
 [[nodiscard]] double CpuSeconds();
@@ -30,8 +39,14 @@ struct Cost
 void ForgetPeak();
 [[nodiscard]] double PeakMegabytes();
 
-/** One line of the table; `target` is the ratio that may be reached at most, 0 where there is none. */
+/** One line of the table; `target` is the ratio that may be reached at most. */
 void PrintRow(const QString& what, const Cost& cost, const Cost& baseline, double target);
+
+/**
+ * A line for the cost of input so many times as large, where instructions are counted: it may grow as the
+ * input. Times tell less of that, since large input leaves the processor's caches.
+ */
+void PrintGrowth(const QString& what, const Cost& cost, const Cost& ofLess, double times);
 
 void BenchStartUp();
 void BenchDocuments();
