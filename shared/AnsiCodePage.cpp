@@ -42,12 +42,14 @@ QString AnsiCodePage::Decode(QByteArrayView bytes)
 
 QByteArray AnsiCodePage::Encode(QStringView text)
 {
-    QByteArray bytes;
-    bytes.reserve(text.size());
+    // Filled in place: appending would check the room at every byte.
+    QByteArray bytes(text.size(), Qt::Uninitialized);
+    char* to = bytes.data();
     for (qsizetype i = 0; i < text.size(); ++i) {
         const bool isPair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        bytes.append(isPair ? '?' : EncodeCharacter(text[i].unicode()));
+        *to++ = isPair ? '?' : EncodeCharacter(text[i].unicode());
         i += isPair ? 1 : 0;
     }
+    bytes.truncate(to - bytes.constData());
     return bytes;
 }
