@@ -232,7 +232,9 @@ void Play(const QStringList& arguments)
     Check(first > 0 && rounds > first, QStringLiteral("too few rounds"));
     Soak soak(arguments[1], arguments[2]);
     soak.Start();
+    // All of its room at once, or it would be counted as growth.
     std::vector<Usage> counted;
+    counted.reserve(std::size_t(rounds / modes));
     QElapsedTimer clock;
     clock.start();
     for (int round = 1; round <= rounds; ++round) {
