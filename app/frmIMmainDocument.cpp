@@ -188,7 +188,7 @@ std::optional<QString> frmIMmain::AskForSavePath()
     dialog.setObjectName(QStringLiteral("CommonDialog1"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters(DialogNameFilters(documentFilter));
+    OfferFiles(dialog, documentFilter);
     dialog.setDefaultSuffix(QString::fromLatin1(defaultSuffix));
     dialog.setDirectory(imgMap_.ProgramFolder);
     dialog.selectFile(IsNeverSaved() ? QString::fromLatin1(newFileName) : DocumentName());
@@ -200,7 +200,7 @@ std::optional<QString> frmIMmain::AskForOpenPath()
     QFileDialog dialog(this);
     dialog.setObjectName(QStringLiteral("CommonDialog1"));
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilters(DialogNameFilters(documentFilter));
+    OfferFiles(dialog, documentFilter);
     dialog.setDirectory(imgMap_.ProgramFolder);
     const std::optional<QString> path = ChosenFile(dialog);
     return path ? std::optional(WithDefaultSuffix(*path)) : std::nullopt;

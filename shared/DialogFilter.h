@@ -10,7 +10,8 @@ inline constexpr QStringView pictureFilter =
     u"JPG and GIF Files(*.jpg;*.gif)|*.jpg;*.gif|JPG Files(*.jpg)|*.jpg|GIF Files(*.Gif)|*.Gif|";
 
 /**
- * The choices of `filter` as Qt's file dialog matches them: its patterns are separated by blanks, and a
- * pattern "*.*" would miss names without a dot. An empty last choice is dropped.
+ * The choices of `filter` as Qt's file dialog takes them: each caption, and behind it in brackets the
+ * patterns that count, which a dialog that hides them leaves out. They are separated by blanks there, and
+ * "*.*", which would miss names without a dot, is "*". An empty last choice is dropped.
  */
 [[nodiscard]] QStringList DialogNameFilters(QStringView filter);

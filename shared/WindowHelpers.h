@@ -74,12 +74,19 @@ inline std::optional<QString> ChosenFile(QFileDialog& dialog)
     return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
 }
 
+/** Offers the choices of `filter`, each shown as its caption alone. */
+inline void OfferFiles(QFileDialog& dialog, QStringView filter)
+{
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(DialogNameFilters(filter));
+}
+
 /** Asks for a picture to open; nothing when the dialog was cancelled. */
 inline std::optional<QString> AskForPicture(QWidget* owner)
 {
     QFileDialog dialog(owner);
     dialog.setObjectName(QStringLiteral("CMDialog1"));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(DialogNameFilters(pictureFilter));
+    OfferFiles(dialog, pictureFilter);
     return ChosenFile(dialog);
 }

@@ -5,7 +5,7 @@
 
 namespace {
 
-/** Whether a choice shows a file, as Qt's dialog decides it: by the patterns in its brackets. */
+/** Whether a choice shows a file, as Qt's dialog decides it: by the patterns in its last brackets. */
 bool DoesShow(const QString& choice, const QString& fileName)
 {
     const qsizetype open = choice.lastIndexOf('(');
@@ -29,14 +29,15 @@ private Q_SLOTS:
 
 void TestDialogFilter::documentsAreOfferedInFiveChoices()
 {
-    const QStringList choices = { "HTML Documents(*.html *.htm)", "HTML(*.html)", "HTM(*.htm)",
-                                  "Text Files(*.txt)", "All Files(*)" };
+    const QStringList choices = { "HTML Documents(*.html;*.htm)(*.html *.htm)", "HTML(*.html)(*.html)",
+                                  "HTM(*.htm)(*.htm)", "Text Files(*.txt)(*.txt)", "All Files(*.*)(*)" };
     QCOMPARE(DialogNameFilters(documentFilter), choices);
 }
 
 void TestDialogFilter::picturesAreOfferedInThreeChoices()
 {
-    const QStringList choices = { "JPG and GIF Files(*.jpg *.gif)", "JPG Files(*.jpg)", "GIF Files(*.Gif)" };
+    const QStringList choices = { "JPG and GIF Files(*.jpg;*.gif)(*.jpg *.gif)", "JPG Files(*.jpg)(*.jpg)",
+                                  "GIF Files(*.Gif)(*.Gif)" };
     QCOMPARE(DialogNameFilters(pictureFilter), choices);
 }
 

@@ -1,6 +1,7 @@
 #include "tests/support/DialogRobot.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -23,6 +24,16 @@ QString NameFieldText(const QFileDialog& dialog)
 }
 
 } // namespace
+
+QStringList OfferedFiles(const QDialog& dialog)
+{
+    const auto* const choices = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    QStringList texts;
+    for (int i = 0; choices != nullptr && i < choices->count(); ++i) {
+        texts << choices->itemText(i);
+    }
+    return texts;
+}
 
 DialogRobot::DialogRobot()
 {

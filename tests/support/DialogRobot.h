@@ -12,6 +12,9 @@
 class QDialog;
 class QFileDialog;
 
+/** The kinds of files that `dialog`, a file dialog, offers to choose from, as shown. */
+[[nodiscard]] QStringList OfferedFiles(const QDialog& dialog);
+
 /**
  * Answers modal dialogs as a user would, in the order given, and notes what it saw. A dialog that nobody
  * expects is closed and told by Problems(), and so is an answer that no dialog has asked for.
