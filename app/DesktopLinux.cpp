@@ -157,6 +157,13 @@ std::optional<QString> SharedFolder(const QString& executableFolder)
     return isInstalled ? std::optional(shared) : std::nullopt;
 }
 
+/** Where users have their data. A relative XDG_DATA_HOME is to be ignored; Qt would take it. */
+QString DataHome()
+{
+    const QString named = qEnvironmentVariable("XDG_DATA_HOME");
+    return named.startsWith(u'/') ? QDir::cleanPath(named) : QDir::homePath() + u"/.local/share";
+}
+
 /** Makes what is missing of the folders of `path`, for the user alone, as is the rule below XDG_DATA_HOME. */
 void MakeFolder(const QString& path)
 {
@@ -174,8 +181,7 @@ ProgramFolders PrepareProgramFolders(const QString& executableFolder)
     if (!shared) {
         return { executableFolder, executableFolder };
     }
-    const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/cartolen");
+    const QString own = DataHome() + QStringLiteral("/cartolen");
     MakeFolder(own + u"/Data");
     MakeFolder(own + u"/Temp");
     return { own, *shared };

@@ -16,7 +16,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(applicationTitle.toString());
     // By this name desktops find the program's entry in their menus, and with it the icon of its windows.
-    QApplication::setDesktopFileName(QStringLiteral("example.cartolen.Cartolen"));
+    QApplication::setDesktopFileName(QStringLiteral("example.cartolen.cartolen"));
     // The main window ends the program itself; between the splash panel and it no window is shown.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -108,6 +108,7 @@ void tst_programfolders::eachUserOfAnInstalledProgramHasAFolder_data()
     row("XDG_DATA_HOME not set", nullptr, "home/.local/share/cartolen");
     row("XDG_DATA_HOME empty", "", "home/.local/share/cartolen");
     row("XDG_DATA_HOME", "%/data", "data/cartolen");
+    row("XDG_DATA_HOME with a slash at its end", "%/data/", "data/cartolen");
     row("XDG_DATA_HOME in a folder that is not there", "%/a/b", "a/b/cartolen");
     row("XDG_DATA_HOME relative", "data", "home/.local/share/cartolen");
     row("XDG_DATA_HOME relative to here", "./data", "home/.local/share/cartolen");
@@ -118,7 +119,7 @@ void tst_programfolders::eachUserOfAnInstalledProgramHasAFolder()
     QFETCH(QString, dataHome);
     QFETCH(const QString, own);
     if (!dataHome.isNull()) {
-        qputenv("XDG_DATA_HOME", QFile::encodeName(dataHome.replace(u'%', Path(QString()).chopped(1))));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(dataHome.replace(u'%', Path(QString()))));
     }
     const ProgramFolders folders = PrepareProgramFolders(Path(QStringLiteral("usr/bin")));
     QCOMPARE(folders.Own, Path(own));
