@@ -38,5 +38,19 @@ public:
     ShowAboutBox(quintptr window, const QString& application, const QString& details) = 0;
 };
 
+/** Where the program finds and keeps its files; without trailing separators. */
+struct ProgramFolders
+{
+    QString Own;  ///< holds Data and Temp
+    QString Help; ///< holds the help file
+};
+
+/**
+ * The folders of the program whose executable lies in `executableFolder`: that one, which is then left as it
+ * is, or, where the program is installed for all users, a folder of the user's own. That one is made as far
+ * as it is missing; what goes wrong with it is left to show where the program writes to it.
+ */
+[[nodiscard]] ProgramFolders PrepareProgramFolders(const QString& executableFolder);
+
 /** The desktop of this system. */
 [[nodiscard]] std::unique_ptr<Desktop> MakeDesktop();

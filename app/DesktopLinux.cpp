@@ -3,6 +3,7 @@
 #include "app/Desktop.h"
 #include "app/ShellErrors.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QProcess>
@@ -143,7 +144,48 @@ public:
     bool ShowAboutBox(quintptr, const QString&, const QString&) override { return false; }
 };
 
+/**
+ * Where an installed program, whose executable lies in `executableFolder`, has what all users share, or
+ * nothing when it is not installed. A folder with a Data is complete in itself, whatever lies around it.
+ */
+std::optional<QString> SharedFolder(const QString& executableFolder)
+{
+    const QFileInfo folder(executableFolder);
+    const QString shared = QDir::cleanPath(folder.path() + u"/share/cartolen");
+    const bool isInstalled = folder.fileName() == u"bin" && QFileInfo(shared).isDir() &&
+                             !QFileInfo(executableFolder + u"/Data").isDir();
+    return isInstalled ? std::optional(shared) : std::nullopt;
+}
+
+/** Where users have their data. A relative XDG_DATA_HOME is to be ignored; Qt would take it. */
+QString DataHome()
+{
+    const QString named = qEnvironmentVariable("XDG_DATA_HOME");
+    return named.startsWith(u'/') ? QDir::cleanPath(named) : QDir::homePath() + u"/.local/share";
+}
+
+/** Makes what is missing of the folders of `path`, for the user alone, as is the rule below XDG_DATA_HOME. */
+void MakeFolder(const QString& path)
+{
+    if (!QFileInfo(path).isDir()) {
+        MakeFolder(QFileInfo(path).path());
+        QDir().mkdir(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+}
+
 } // namespace
+
+ProgramFolders PrepareProgramFolders(const QString& executableFolder)
+{
+    const std::optional<QString> shared = SharedFolder(executableFolder);
+    if (!shared) {
+        return { executableFolder, executableFolder };
+    }
+    const QString own = DataHome() + QStringLiteral("/cartolen");
+    MakeFolder(own + u"/Data");
+    MakeFolder(own + u"/Temp");
+    return { own, *shared };
+}
 
 std::unique_ptr<Desktop> MakeDesktop()
 {

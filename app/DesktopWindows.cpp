@@ -33,6 +33,12 @@ public:
 
 } // namespace
 
+// The program comes as a folder that users put where they may write.
+ProgramFolders PrepareProgramFolders(const QString& executableFolder)
+{
+    return { executableFolder, executableFolder };
+}
+
 std::unique_ptr<Desktop> MakeDesktop()
 {
     return std::make_unique<WindowsDesktop>();

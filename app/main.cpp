@@ -15,11 +15,15 @@ int main(int argc, char* argv[])
 #endif
     QApplication application(argc, argv);
     QApplication::setApplicationName(applicationTitle.toString());
+    // By this name desktops find the program's entry in their menus, and with it the icon of its windows.
+    QApplication::setDesktopFileName(QStringLiteral("example.cartolen.cartolen"));
     // The main window ends the program itself; between the splash panel and it no window is shown.
     QApplication::setQuitOnLastWindowClosed(false);
 
     ImgMap imgMap;
-    imgMap.ProgramFolder = QApplication::applicationDirPath();
+    const ProgramFolders folders = PrepareProgramFolders(QApplication::applicationDirPath());
+    imgMap.ProgramFolder = folders.Own;
+    imgMap.HelpFolder = folders.Help;
     const std::unique_ptr<Desktop> desktop = MakeDesktop();
     Startup startup(imgMap, *desktop);
     startup.Begin();

@@ -36,7 +36,7 @@ void HelpDisplay::ShowTopic(QWidget* owner, QStringView topic)
 bool HelpDisplay::IsReady(QWidget* owner)
 {
     if (!book_.IsOpen()) {
-        const HelpTrouble trouble = book_.Open(imgMap_.ProgramFolder + u'/' + helpFileName);
+        const HelpTrouble trouble = book_.Open(imgMap_.HelpFolder + u'/' + helpFileName);
         if (trouble != HelpTrouble::None) {
             ShowMessage(owner, QMessageBox::Warning, TroubleText(trouble));
             return false;
@@ -57,7 +57,7 @@ QString HelpDisplay::TroubleText(HelpTrouble trouble) const
                              ? QStringLiteral("The help file Cartolen.hlp is missing.")
                              : QStringLiteral("The help file Cartolen.hlp is damaged or cannot be read.");
     return what + QStringLiteral("\n\nPut a fresh copy of it into the program's folder and try again:\n%1")
-                      .arg(QDir::toNativeSeparators(imgMap_.ProgramFolder));
+                      .arg(QDir::toNativeSeparators(imgMap_.HelpFolder));
 }
 
 /**

@@ -17,7 +17,8 @@ struct ImgMap
     /** Highest slot of the saved links; it always stays free and ends a walk over them. */
     static constexpr int savedLinkSlots = 51;
 
-    QString ProgramFolder; ///< where Data, Temp and the help file lie; without a trailing separator
+    QString ProgramFolder; ///< where Data and Temp lie; without a trailing separator
+    QString HelpFolder;    ///< where the help file lies; without a trailing separator
 
     FigureStore Store;
 

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void damagedLinksAreToldBeforeTheMainWindowShows();
     void programRunsUntilItIsEnded();
     void programStartedElsewhereUsesItsOwnFolder();
+    void installedProgramUsesTheUsersFolder();
 };
 
 void tst_startup::splashPanelShowsNameVersionAndThatItLoads()
@@ -219,6 +220,29 @@ void tst_startup::programStartedElsewhereUsesItsOwnFolder()
     QVERIFY(!QFile::exists(elsewhere.Path(QStringLiteral("Data/Links.dra"))));
 #else
     QSKIP("no signals here");
+#endif
+}
+
+void tst_startup::installedProgramUsesTheUsersFolder()
+{
+#ifdef Q_OS_UNIX
+    ProgramFolder folder;
+    QVERIFY(QDir().mkpath(folder.Path(QStringLiteral("bin"))));
+    QVERIFY(QDir().mkpath(folder.Path(QStringLiteral("share/cartolen"))));
+    const QString binary = folder.Path(QStringLiteral("bin/cartolen"));
+    QVERIFY(QFile::copy(QStringLiteral(CARTOLEN_BINARY), binary));
+    const QByteArray oldDataHome = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.Path(QStringLiteral("home"))));
+    const QByteArray trouble =
+        RunForAWhile(binary, QDir::rootPath(), folder.Path(QStringLiteral("home/cartolen/Data/Links.dra")));
+    oldDataHome.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", oldDataHome);
+    QCOMPARE(trouble, QByteArray());
+    QCOMPARE(
+        QDir(folder.Path(QStringLiteral("bin"))).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size(),
+        1);
+    QVERIFY(QDir(folder.Path(QStringLiteral("Data"))).isEmpty());
+#else
+    QSKIP("only installed on Linux");
 #endif
 }
 

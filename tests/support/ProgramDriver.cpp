@@ -120,6 +120,7 @@ ProgramDriver::ProgramDriver(const QString& folder, StepSeen stepSeen)
         folder_.mkpath(QStringLiteral("Data")) && folder_.mkpath(QStringLiteral("Temp")),
         u"cannot make the folder " + folder_.path());
     imgMap_.ProgramFolder = folder_.absolutePath();
+    imgMap_.HelpFolder = imgMap_.ProgramFolder;
 }
 
 void ProgramDriver::Seen(QWidget& window, const QString& step)

@@ -21,6 +21,7 @@ public:
         QDir(folder_.path()).mkdir(QStringLiteral("Data"));
         QDir(folder_.path()).mkdir(QStringLiteral("Temp"));
         imgMap.ProgramFolder = folder_.path();
+        imgMap.HelpFolder = folder_.path();
         QDir::setCurrent(folder_.path());
     }
     ~ProgramFolder() { QDir::setCurrent(before_); }
