@@ -100,6 +100,7 @@ private:
     void CreateStatusBar();
     void CreateCommands();
     void CreateList();
+    void FitColumns();
     void ConnectPicture();
     void ShowPicture(const QString& path);
     void UpdateScrollBars();
