@@ -197,6 +197,10 @@ bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
         // The desktop may have a font of its own for headers, which comes when they are shown.
         QMetaObject::invokeMethod(this, &frmImageMap::FitColumns, Qt::QueuedConnection);
     }
+    if (isEnter && ui_->ListView1->selectedItems().isEmpty()) {
+        // Who comes by Tab stands on a row that is not selected yet.
+        ui_->ListView1->setCurrentItem(ui_->ListView1->currentItem());
+    }
     if (isDoubleClick || isEnter) {
         QMetaObject::invokeMethod(this, &frmImageMap::EditSelectedArea, Qt::QueuedConnection);
         return isEnter;

@@ -211,6 +211,9 @@ void tst_keyboard::pictureIsScrolledByKeys()
     QVERIFY(picture->y() < 0);
     QVERIFY(TabTo("HScroll1"));
     Press(Qt::Key_Right);
+    const auto* const bar = Find<QScrollBar>(editor, "HScroll1");
+    Press(Qt::Key_Right); qDebug() << bar->value(); Press(Qt::Key_End); qDebug() << bar->value(); QTest::keyClick(const_cast<QScrollBar*>(bar), Qt::Key_Left); qDebug() << bar->value() << QGuiApplication::focusWindow() << QApplication::focusWidget();
+    qDebug() << bar->value() << bar->maximum() << bar->isEnabled() << bar->singleStep() << picture->pos() << picture->size();
     QVERIFY2(picture->x() < 0, qPrintable(FocusName()));
 }
 
