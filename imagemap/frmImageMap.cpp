@@ -100,11 +100,13 @@ frmImageMap::frmImageMap(ImgMap& imgMap, DocumentSink& document, HelpViewer& hel
     for (QScrollBar* const bar : { ui_->HScroll1, ui_->VScroll1 }) {
         bar->setFocusPolicy(Qt::TabFocus);
     }
+    ui_->HScroll1->installEventFilter(this);
     for (std::size_t i = 0; i < labels_.size(); ++i) {
         labels_[i] = findChild<QLabel*>(QString::fromLatin1(drawingLabels[i].name));
     }
     ui_->cmbAlign->setCompleter(nullptr);
     ui_->cmbAlign->setCurrentIndex(-1);
+    NameParts(ui_->cmbAlign);
     CreateCommands();
     CreateStatusBar();
     CreateList();
@@ -196,6 +198,10 @@ bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
         (event->type() == QEvent::Polish || event->type() == QEvent::FontChange)) {
         // The desktop may have a font of its own for headers, which comes when they are shown.
         QMetaObject::invokeMethod(this, &frmImageMap::FitColumns, Qt::QueuedConnection);
+    }
+    if (watched == ui_->HScroll1 && event->type() == QEvent::KeyPress &&
+        HScroll1_KeyDown(*static_cast<QKeyEvent*>(event))) {
+        return true;
     }
     if (isEnter && ui_->ListView1->selectedItems().isEmpty()) {
         // Who comes by Tab stands on a row that is not selected yet.

@@ -50,6 +50,7 @@ frmIMLink::frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner)
         // Completion would turn what was typed into something else.
         box->setCompleter(nullptr);
         box->setCurrentIndex(-1);
+        NameParts(box);
     }
     connect(ui_->SSCmdOK, &QPushButton::clicked, this, &frmIMLink::SSCmdOK_Click);
     connect(ui_->SSCmdReplace, &QPushButton::clicked, this, &frmIMLink::SSCmdReplace_Click);

@@ -3,10 +3,13 @@
 #include "shared/DialogFilter.h"
 #include "shared/ImgMap.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
 #include <QStyle>
@@ -80,8 +83,8 @@ inline QSize GrownSize(const QWidget* window)
 }
 
 /**
- * Moves `window`, grown with its text, to the middle of its screen. It becomes no larger than that; what is too
- * large all the same keeps its title bar in sight.
+ * Moves `window`, grown with its text, to the middle of its screen. It becomes no larger than that; what is
+ * too large all the same keeps its title bar in sight.
  */
 inline void CentreOnScreen(QWidget* window)
 {
@@ -91,6 +94,13 @@ inline void CentreOnScreen(QWidget* window)
     window->move(
         screen.left() + std::max((screen.width() - window->width()) / 2, 0),
         screen.top() + std::max((screen.height() - window->height()) / 2, 0));
+}
+
+/** Gives the field and the list of an editable `box` its name: a screen reader meets them on their own. */
+inline void NameParts(const QComboBox* box)
+{
+    box->lineEdit()->setAccessibleName(box->accessibleName());
+    box->view()->setAccessibleName(box->accessibleName());
 }
 
 /** The file that a modal dialog chose, in the system's own form, or nothing when it was cancelled. */

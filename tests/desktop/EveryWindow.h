@@ -34,10 +34,9 @@ public:
     static void Rows()
     {
         QTest::addColumn<QByteArray>("window");
-        for (const char* const name :
-             { "splash", "main", "links", "editor", "attributes", "link-0", "link-1", "link-2", "link-3",
-               "link-4", "script-options", "preferences", "help-contents", "help-index", "help-search",
-               "font", "question" }) {
+        for (const char* const name : { "splash", "main", "links", "editor", "attributes", "link-0", "link-1",
+                                        "link-2", "link-3", "link-4", "script-options", "preferences",
+                                        "help-contents", "help-index", "help-search", "font", "question" }) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
@@ -55,7 +54,10 @@ public:
         return window;
     }
 
-    EveryWindow() { QFile::copy(QStringLiteral(CARTOLEN_BOOK), folder_.Path(QStringLiteral("Cartolen.hlp"))); }
+    EveryWindow()
+    {
+        QFile::copy(QStringLiteral(CARTOLEN_BOOK), folder_.Path(QStringLiteral("Cartolen.hlp")));
+    }
     ~EveryWindow()
     {
         while (!made_.empty()) {
@@ -91,8 +93,7 @@ private:
         }
         if (name == "preferences") {
             QWidget* const main = MainWindow(false);
-            return Loaded(
-                Keep(new frmMapOptions(imgMap_, *Find<SourceEditor>(main, "MapsText1"), main)));
+            return Loaded(Keep(new frmMapOptions(imgMap_, *Find<SourceEditor>(main, "MapsText1"), main)));
         }
         if (name == "font") {
             return Keep(new FontDialog(QFont(QStringLiteral("Courier New"), 10), nullptr));

@@ -43,7 +43,7 @@ bool ReturnTo(QWidget* window)
 QString FocusName()
 {
     const QWidget* const focused = QApplication::focusWidget();
-    return focused == nullptr               ? QStringLiteral("(nothing)")
+    return focused == nullptr                ? QStringLiteral("(nothing)")
            : focused->objectName().isEmpty() ? QString::fromLatin1(focused->metaObject()->className())
                                              : focused->objectName();
 }
@@ -99,8 +99,7 @@ void tst_keyboard::tabFollowsTheEye_data()
     };
     row("link-0", "cmbLink cmbTarget SSCmdOK SSCmdClose");
     row("link-1", "cmbLink cmbTarget txtStatusBarMessage SSCmdOK SSCmdClose");
-    row("link-2",
-        "cmbLink cmbTarget txtDefaultImage Command1 txtSwitchImage Command2 SSCmdOK SSCmdClose");
+    row("link-2", "cmbLink cmbTarget txtDefaultImage Command1 txtSwitchImage Command2 SSCmdOK SSCmdClose");
     row("link-3", "cmbLink cmbTarget txtDefaultTAreaMessage txtSwitchingTAreaMessage SSCmdOK SSCmdClose");
     row("link-4", "cmbLink cmbTarget txtToolTipMessage SSCmdOK SSCmdClose");
     row("script-options", "optJSOpt_0 cmdOK cmdHelp");
@@ -143,12 +142,14 @@ void tst_keyboard::everyToolbarButtonIsInAMenu_data()
     QTest::addColumn<QByteArray>("window");
     QTest::addColumn<QStringList>("entries");
     QTest::newRow("main") << QByteArray("main")
-                          << QStringLiteral("mnuFNew mnuFOpen mnuFSave mnuFPrint mnuECut mnuECopy mnuEPaste mnuEUndo "
-                                     "mnuICustomHTML mnuIimagemaps mnuTPreview mnuHContents mnuFExit")
+                          << QStringLiteral(
+                                 "mnuFNew mnuFOpen mnuFSave mnuFPrint mnuECut mnuECopy mnuEPaste mnuEUndo "
+                                 "mnuICustomHTML mnuIimagemaps mnuTPreview mnuHContents mnuFExit")
                                  .split(u' ');
     QTest::newRow("editor") << QByteArray("editor")
-                            << QStringLiteral("mnuNew mnuOpenImage mnuFigNum_5 mnuFigNum_6 mnuFigNum_7 mnuCursor "
-                                       "mnuFigureColors mnuLink mnuDeleteLast mnuInsert mnuExit")
+                            << QStringLiteral(
+                                   "mnuNew mnuOpenImage mnuFigNum_5 mnuFigNum_6 mnuFigNum_7 mnuCursor "
+                                   "mnuFigureColors mnuLink mnuDeleteLast mnuInsert mnuExit")
                                    .split(u' ');
 }
 
@@ -211,10 +212,9 @@ void tst_keyboard::pictureIsScrolledByKeys()
     QVERIFY(picture->y() < 0);
     QVERIFY(TabTo("HScroll1"));
     Press(Qt::Key_Right);
-    const auto* const bar = Find<QScrollBar>(editor, "HScroll1");
-    Press(Qt::Key_Right); qDebug() << bar->value(); Press(Qt::Key_End); qDebug() << bar->value(); QTest::keyClick(const_cast<QScrollBar*>(bar), Qt::Key_Left); qDebug() << bar->value() << QGuiApplication::focusWindow() << QApplication::focusWidget();
-    qDebug() << bar->value() << bar->maximum() << bar->isEnabled() << bar->singleStep() << picture->pos() << picture->size();
-    QVERIFY2(picture->x() < 0, qPrintable(FocusName()));
+    QVERIFY(picture->x() < 0);
+    Press(Qt::Key_Left);
+    QCOMPARE(picture->x(), 0);
 }
 
 void tst_keyboard::wholeMapIsMadeByKeys()
@@ -224,7 +224,7 @@ void tst_keyboard::wholeMapIsMadeByKeys()
     auto* const main = every.Show("main");
     auto* const source = Find<SourceEditor>(main, "MapsText1");
 
-    // A page with a title in bold, by the tree of tags.
+    // A page's frame.
     source->setFocus();
     Press(Qt::Key_N, Qt::ControlModifier);
     Choose(Qt::Key_I, Qt::Key_H);

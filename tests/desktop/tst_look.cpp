@@ -167,9 +167,6 @@ void tst_look::textIsReadableOnADarkDesktop()
     EveryWindow every;
     QWidget* const shown = every.Show(window);
     const QImage picture = shown->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    if (qEnvironmentVariableIsSet("CARTOLEN_LOOK")) {
-        picture.save(qEnvironmentVariable("CARTOLEN_LOOK") + u"/dark-" + QString::fromLatin1(window) + u".png");
-    }
     const qreal ratio = picture.width() / qreal(shown->width());
     const QWidgetList parts = TextParts(shown);
     QVERIFY(!parts.isEmpty());
@@ -220,7 +217,6 @@ void tst_look::wordsThatAreNotFoundAreReadable()
 void tst_look::iconsStandOut_data()
 {
     QTest::addColumn<QString>("file");
-    const ProgramFolder folder;
     EveryWindow every; // makes the icons known
     (void)every.Show("help-contents");
     for (const QString& place : { QStringLiteral(":/icons/"), QStringLiteral(":/help-icons/") }) {
@@ -312,10 +308,9 @@ void tst_look::largeTextIsNotCut_data()
     QTest::addColumn<QByteArray>("window");
     QTest::addColumn<qreal>("points");
     for (const qreal points : { 9.0, 11.0, 13.5, 18.0 }) {
-        for (const char* const name :
-             { "splash", "main", "links", "editor", "attributes", "link-0", "link-1", "link-2", "link-3",
-               "link-4", "script-options", "preferences", "help-contents", "help-index", "help-search",
-               "font", "question" }) {
+        for (const char* const name : { "splash", "main", "links", "editor", "attributes", "link-0", "link-1",
+                                        "link-2", "link-3", "link-4", "script-options", "preferences",
+                                        "help-contents", "help-index", "help-search", "font", "question" }) {
             QTest::addRow("%s at %g", name, points) << QByteArray(name) << points;
         }
     }
@@ -330,11 +325,6 @@ void tst_look::largeTextIsNotCut()
     QApplication::setFont(font);
     EveryWindow every;
     QWidget* const shown = every.Show(window);
-    if (qEnvironmentVariableIsSet("CARTOLEN_LOOK")) {
-        shown->grab().save(
-            qEnvironmentVariable("CARTOLEN_LOOK") +
-            QStringLiteral("/%1-%2.png").arg(points).arg(QString::fromLatin1(window)));
-    }
     const QWidgetList parts = TextParts(shown);
     QVERIFY(!parts.isEmpty());
     QStringList cut;

@@ -1,5 +1,6 @@
 #include "tests/desktop/EveryWindow.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QRadioButton>
@@ -38,6 +39,8 @@ class tst_reader : public QObject
 private Q_SLOTS:
     void windowsAndTheirControlsAreNamed_data() { EveryWindow::Rows(); }
     void windowsAndTheirControlsAreNamed();
+    void partsOfListsAreNamed_data();
+    void partsOfListsAreNamed();
     void focusIsTold_data() { EveryWindow::Rows(); }
     void focusIsTold();
     void buttonsTellWhetherTheyAreChecked();
@@ -64,9 +67,32 @@ void tst_reader::windowsAndTheirControlsAreNamed()
         QAccessibleInterface* const face = FaceOf(control);
         QVERIFY2(face != nullptr, qPrintable(control->objectName()));
         QVERIFY2(!face->text(QAccessible::Name).isEmpty(), qPrintable(control->objectName()));
-        QVERIFY2(face->role() != QAccessible::NoRole && face->role() != QAccessible::Client, qPrintable(control->objectName()));
+        QVERIFY2(
+            face->role() != QAccessible::NoRole && face->role() != QAccessible::Client,
+            qPrintable(control->objectName()));
         QVERIFY2(face->state().focusable || !control->isEnabled(), qPrintable(control->objectName()));
     }
+}
+
+void tst_reader::partsOfListsAreNamed_data()
+{
+    QTest::addColumn<QByteArray>("window");
+    QTest::addColumn<QByteArray>("list");
+    QTest::newRow("link") << QByteArray("link-0") << QByteArray("cmbLink");
+    QTest::newRow("target") << QByteArray("link-0") << QByteArray("cmbTarget");
+    QTest::newRow("alignment") << QByteArray("attributes") << QByteArray("cmbAlign");
+}
+
+void tst_reader::partsOfListsAreNamed()
+{
+    QFETCH(const QByteArray, window);
+    QFETCH(const QByteArray, list);
+    EveryWindow every;
+    auto* const box = Find<QComboBox>(every.Show(window), list.constData());
+    const QString name = FaceOf(box)->text(QAccessible::Name);
+    QVERIFY(!name.isEmpty());
+    QCOMPARE(FaceOf(box->lineEdit())->text(QAccessible::Name), name);
+    QCOMPARE(FaceOf(box->view())->text(QAccessible::Name), name);
 }
 
 void tst_reader::focusIsTold()
@@ -93,6 +119,7 @@ void tst_reader::buttonsTellWhetherTheyAreChecked()
         QVERIFY(face->state().checkable);
         QCOMPARE(bool(face->state().checked), option->isChecked());
         QCOMPARE(face->text(QAccessible::Name), option->text());
+        QVERIFY(!face->text(QAccessible::Description).isEmpty());
     }
     const QWidget* const editor = options->parentWidget();
     QAccessibleInterface* const box = FaceOf(Find<QCheckBox>(editor, "Check1"));
@@ -121,8 +148,7 @@ void tst_reader::listsTellTheirHeadersAndCells()
     for (int column = 0; column < table->columnCount(); ++column) {
         cells << table->cellAt(1, column)->text(QAccessible::Name);
     }
-    QCOMPARE(
-        cells.join(u'|'), QStringLiteral(" No: 2 Rectangle|house.htm|_top|10, 20, 300, 400|The house"));
+    QCOMPARE(cells.join(u'|'), QStringLiteral(" No: 2 Rectangle|house.htm|_top|10, 20, 300, 400|The house"));
     QVERIFY(table->cellAt(0, 0)->state().selected);
     QVERIFY(!table->cellAt(1, 0)->state().selected);
 }
