@@ -5,6 +5,7 @@
 #include "app/frmSplash.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QIcon>
 
 /** The icons lie in a static library, from which nothing else would fetch them. */
@@ -13,11 +14,21 @@ static void LoadIcons()
     Q_INIT_RESOURCE(icons);
 }
 
+/** Lets fonts that take as much room stand in for those of Windows where they are missing. */
+static void NameStandInFonts()
+{
+    const QStringList standIns = { QStringLiteral("Liberation Sans"), QStringLiteral("Arimo"),
+                                   QStringLiteral("Nimbus Sans"), QStringLiteral("DejaVu Sans Condensed") };
+    QFont::insertSubstitutions(QStringLiteral("Tahoma"), standIns);
+    QFont::insertSubstitutions(QStringLiteral("MS Sans Serif"), standIns);
+}
+
 Startup::Startup(ImgMap& imgMap, Desktop& desktop)
     : imgMap_(imgMap)
     , desktop_(desktop)
 {
     LoadIcons();
+    NameStandInFonts();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cartolen.svg")));
 }
 

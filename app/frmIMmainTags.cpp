@@ -5,8 +5,8 @@
 #include "ui_frmIMmain.h"
 
 #include <QKeyEvent>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <array>
 
 namespace {
@@ -14,6 +14,30 @@ namespace {
 /** Which node an entry of the tree is, and its key. */
 constexpr int indexRole = Qt::UserRole;
 constexpr int keyRole = Qt::UserRole + 1;
+
+/** The one style of Qt's own that draws the lines of a tree and boxes to open and close. */
+class TreeStyle : public QProxyStyle
+{
+public:
+    TreeStyle()
+        : QProxyStyle(QStringLiteral("Windows"))
+    {
+    }
+
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget) const override
+    {
+        if (element != PE_IndicatorBranch) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        // It draws them in a shade that is meant for light windows.
+        QStyleOption lines(*option);
+        lines.palette.setColor(QPalette::Dark, option->palette.color(QPalette::PlaceholderText));
+        QProxyStyle::drawPrimitive(element, &lines, painter, widget);
+    }
+};
 
 QString TextOf(std::string_view text)
 {
@@ -39,8 +63,7 @@ void frmIMmain::BuildTagTree()
         }
     }
     top->child(0)->setExpanded(true);
-    // The one style of Qt's own that draws the lines of a tree and boxes to open and close.
-    QStyle* const withLines = QStyleFactory::create(QStringLiteral("Windows"));
+    auto* const withLines = new TreeStyle;
     withLines->setParent(ui_->TreeView1);
     ui_->TreeView1->setStyle(withLines);
 }

@@ -348,5 +348,6 @@ void HelpWindow::FindInPage(bool isBackward)
         return;
     }
     const bool isFound = ui_->PageView1->FindWords(words, isBackward);
-    txtFind_->setStyleSheet(isFound ? QString() : QStringLiteral("QLineEdit { color: #DD4B48; }"));
+    txtFind_->setStyleSheet(
+        isFound ? QString() : QStringLiteral("QLineEdit { color: white; background-color: #B3261E; }"));
 }

@@ -97,11 +97,16 @@ frmImageMap::frmImageMap(ImgMap& imgMap, DocumentSink& document, HelpViewer& hel
 {
     ui_->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
+    for (QScrollBar* const bar : { ui_->HScroll1, ui_->VScroll1 }) {
+        bar->setFocusPolicy(Qt::TabFocus);
+    }
+    ui_->HScroll1->installEventFilter(this);
     for (std::size_t i = 0; i < labels_.size(); ++i) {
         labels_[i] = findChild<QLabel*>(QString::fromLatin1(drawingLabels[i].name));
     }
     ui_->cmbAlign->setCompleter(nullptr);
     ui_->cmbAlign->setCurrentIndex(-1);
+    NameParts(ui_->cmbAlign);
     CreateCommands();
     CreateStatusBar();
     CreateList();
@@ -132,15 +137,22 @@ void frmImageMap::CreateStatusBar()
 
 void frmImageMap::CreateList()
 {
+    ui_->ListView1->header()->setStretchLastSection(false);
+    FitColumns();
+    ui_->ListView1->header()->installEventFilter(this);
+    ui_->ListView1->installEventFilter(this);
+    ui_->ListView1->viewport()->installEventFilter(this);
+}
+
+void frmImageMap::FitColumns()
+{
     QHeaderView* const header = ui_->ListView1->header();
-    header->setStretchLastSection(false);
     const int digit = fontMetrics().horizontalAdvance(u'0');
     for (int column = 0; column < messageColumn; ++column) {
         header->resizeSection(
             column, std::max(header->sectionSizeHint(column), columnDigits[column] * digit));
     }
-    ui_->ListView1->installEventFilter(this);
-    ui_->ListView1->viewport()->installEventFilter(this);
+    header->resizeSection(messageColumn, header->sectionSizeHint(messageColumn));
 }
 
 void frmImageMap::ConnectPicture()
@@ -182,6 +194,19 @@ bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
     const bool isEnter = watched == ui_->ListView1 && event->type() == QEvent::KeyPress &&
                          (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
+    if (watched == ui_->ListView1->header() &&
+        (event->type() == QEvent::Polish || event->type() == QEvent::FontChange)) {
+        // The desktop may have a font of its own for headers, which comes when they are shown.
+        QMetaObject::invokeMethod(this, &frmImageMap::FitColumns, Qt::QueuedConnection);
+    }
+    if (watched == ui_->HScroll1 && event->type() == QEvent::KeyPress &&
+        HScroll1_KeyDown(*static_cast<QKeyEvent*>(event))) {
+        return true;
+    }
+    if (isEnter && ui_->ListView1->selectedItems().isEmpty()) {
+        // Who comes by Tab stands on a row that is not selected yet.
+        ui_->ListView1->setCurrentItem(ui_->ListView1->currentItem());
+    }
     if (isDoubleClick || isEnter) {
         QMetaObject::invokeMethod(this, &frmImageMap::EditSelectedArea, Qt::QueuedConnection);
         return isEnter;

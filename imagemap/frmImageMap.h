@@ -95,11 +95,13 @@ private:
     void PicNosac_Resize();
     void PicNosac_Wheel(QPoint angle);
     void HScroll1_Change(int value);
+    [[nodiscard]] bool HScroll1_KeyDown(const QKeyEvent& key);
     void VScroll1_Change(int value);
 
     void CreateStatusBar();
     void CreateCommands();
     void CreateList();
+    void FitColumns();
     void ConnectPicture();
     void ShowPicture(const QString& path);
     void UpdateScrollBars();

@@ -7,6 +7,7 @@
 #include "ui_frmImageMap.h"
 
 #include <QColorDialog>
+#include <QKeyEvent>
 
 namespace {
 
@@ -68,6 +69,14 @@ void frmImageMap::PicNosac_Wheel(QPoint angle)
 void frmImageMap::HScroll1_Change(int value)
 {
     ui_->PictureDisplay->move(-value, ui_->PictureDisplay->y());
+}
+
+/** Left and right do what they say, unlike in Qt's own scroll bar; true when `key` was one of them. */
+bool frmImageMap::HScroll1_KeyDown(const QKeyEvent& key)
+{
+    const int steps = (key.key() == Qt::Key_Right ? 1 : 0) - (key.key() == Qt::Key_Left ? 1 : 0);
+    ui_->HScroll1->setValue(ui_->HScroll1->value() + steps * scrollStep);
+    return steps != 0;
 }
 
 void frmImageMap::VScroll1_Change(int value)

@@ -5,6 +5,7 @@
 #include "shared/WindowHelpers.h"
 #include "ui_frmJSOptions.h"
 
+#include <QLabel>
 #include <QMouseEvent>
 #include <algorithm>
 
@@ -28,6 +29,8 @@ frmJSOptions::frmJSOptions(ImgMap& imgMap, HelpViewer& help, frmImageMap& editor
     setWindowModality(Qt::ApplicationModal);
     options_ = { ui_->optJSOpt_0, ui_->optJSOpt_1, ui_->optJSOpt_2, ui_->optJSOpt_3, ui_->optJSOpt_4 };
     for (QRadioButton* const option : options_) {
+        const QString label = u"lbl" + option->objectName().mid(3);
+        option->setAccessibleDescription(findChild<QLabel*>(label)->text());
         option->installEventFilter(this);
         connect(option, &QRadioButton::clicked, this, &frmJSOptions::optJSOpt_Click);
     }

@@ -4,13 +4,36 @@
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMLink.h"
 
+#include <QScrollBar>
+#include <cmath>
+
 namespace {
 
+constexpr int designWidth = 460;
 /** The dialog's own sizes in twips: without and with a frame for the mode's texts. */
 constexpr int plainHeight = 3360;
 constexpr int plainButtonsTop = 2520;
 constexpr int scriptHeight = 5565;
 constexpr int scriptButtonsTop = 4680;
+
+int Grown(int pixels, qreal growth)
+{
+    return static_cast<int>(std::nearbyint(pixels * growth));
+}
+
+/** Makes the children of `widget`, and what stands inside a frame of them, `growth` times as large. */
+void GrowChildren(const QWidget* widget, qreal growth)
+{
+    for (QWidget* const child : widget->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QRect old = child->geometry();
+        child->setGeometry(
+            Grown(old.x(), growth), Grown(old.y(), growth), Grown(old.width(), growth),
+            Grown(old.height(), growth));
+        if (qobject_cast<QGroupBox*>(child) != nullptr) {
+            GrowChildren(child, growth);
+        }
+    }
+}
 
 } // namespace
 
@@ -23,11 +46,11 @@ frmIMLink::frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner)
     ui_->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
-    setFixedWidth(width());
     for (QComboBox* const box : { ui_->cmbLink, ui_->cmbTarget }) {
         // Completion would turn what was typed into something else.
         box->setCompleter(nullptr);
         box->setCurrentIndex(-1);
+        NameParts(box);
     }
     connect(ui_->SSCmdOK, &QPushButton::clicked, this, &frmIMLink::SSCmdOK_Click);
     connect(ui_->SSCmdReplace, &QPushButton::clicked, this, &frmIMLink::SSCmdReplace_Click);
@@ -41,6 +64,8 @@ frmIMLink::~frmIMLink() = default;
 void frmIMLink::Form_Load(const AreaRow* replaced)
 {
     GoToProgramFolder(imgMap_);
+    growth_ = TextGrowth(this);
+    GrowChildren(ui_->contents, growth_);
     CentreOnScreen(this);
     setWindowTitle(TextsOf(imgMap_.Mode).linkCaption.toString());
     ui_->SSCmdReplace->setEnabled(false);
@@ -78,14 +103,26 @@ void frmIMLink::ShowModeFields()
             frame->setVisible(frame == shown);
         }
     }
-    setFixedHeight((shown != nullptr ? scriptHeight : plainHeight) / twipsPerPixel);
-    const int buttonsTop = (shown != nullptr ? scriptButtonsTop : plainButtonsTop) / twipsPerPixel;
+    SetHeight((shown != nullptr ? scriptHeight : plainHeight) / twipsPerPixel);
+    const int buttonsTop =
+        Grown((shown != nullptr ? scriptButtonsTop : plainButtonsTop) / twipsPerPixel, growth_);
     for (QPushButton* const button : { ui_->SSCmdOK, ui_->SSCmdReplace, ui_->SSCmdClose }) {
         button->move(button->x(), buttonsTop);
     }
     if (const std::optional<LinkField> modeDefault = RulesOf(imgMap_.Mode).modeDefault) {
         FieldEdit(*modeDefault)->setText(imgMap_.ModeDefault);
     }
+}
+
+/** Gives the dialog the height of its design; on a screen too small for it there are scroll bars. */
+void frmIMLink::SetHeight(int pixels)
+{
+    QSize needed(Grown(designWidth, growth_), Grown(pixels, growth_));
+    ui_->contents->resize(needed);
+    if (needed.height() > RoomOnScreen(this).height()) {
+        needed.rwidth() += ui_->scrollArea->verticalScrollBar()->sizeHint().width();
+    }
+    setFixedSize(needed.boundedTo(RoomOnScreen(this)));
 }
 
 void frmIMLink::PrepareReplacing(const AreaRow& area)

@@ -47,6 +47,7 @@ public:
 
 private:
     void ShowModeFields();
+    void SetHeight(int pixels);
     /** Returns whether all of them could be read. */
     [[nodiscard]] bool LoadLinks();
     [[nodiscard]] QLineEdit* FieldEdit(LinkField field) const;
@@ -58,6 +59,7 @@ private:
     ImgMap& imgMap_;
     AreaEditor& editor_;
     std::unique_ptr<Ui::frmIMLink> ui_;
+    qreal growth_ = 1; ///< against the sizes of the design
     bool isReplacing_ = false;
     bool isUnloaded_ = false;
 };

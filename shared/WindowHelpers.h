@@ -3,12 +3,18 @@
 #include "shared/DialogFilter.h"
 #include "shared/ImgMap.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
+#include <algorithm>
 
 // What every window does in the same way. Only windows include this; the library beside it needs no widgets.
 
@@ -54,15 +60,47 @@ inline void GoToProgramFolder(const ImgMap& imgMap)
     QDir::setCurrent(imgMap.ProgramFolder);
 }
 
-/** Moves `window`, grown to the room its contents need, to the middle of its screen. */
+/** How many times as large as in the design the text of `window` is; never less than 1. */
+inline qreal TextGrowth(const QWidget* window)
+{
+    constexpr qreal designLine = 16; // the room for a line of text, in pixels
+    return std::max(window->fontMetrics().lineSpacing() / designLine, 1.0);
+}
+
+/** The room for a window on its screen, title bar and panels of the desktop left out. */
+inline QSize RoomOnScreen(const QWidget* window)
+{
+    const int titleBar = window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return window->screen()->availableSize() - QSize(0, titleBar);
+}
+
+/** The size that `window` has by design, grown with its text to the room that its contents need. */
+inline QSize GrownSize(const QWidget* window)
+{
+    const QSize size = (window->size() * TextGrowth(window)).expandedTo(window->minimumSizeHint());
+    const bool isWrapped = window->layout() != nullptr && window->layout()->hasHeightForWidth();
+    return isWrapped ? size.expandedTo({ 0, window->layout()->totalHeightForWidth(size.width()) }) : size;
+}
+
+/**
+ * Moves `window`, grown with its text, to the middle of its screen. It becomes no larger than that; what is
+ * too large all the same keeps its title bar in sight.
+ */
 inline void CentreOnScreen(QWidget* window)
 {
     window->ensurePolished();
-    window->resize(window->size().expandedTo(window->minimumSizeHint()));
+    window->resize(GrownSize(window).boundedTo(RoomOnScreen(window)));
     const QRect screen = window->screen()->geometry();
     window->move(
-        screen.left() + (screen.width() - window->width()) / 2,
-        screen.top() + (screen.height() - window->height()) / 2);
+        screen.left() + std::max((screen.width() - window->width()) / 2, 0),
+        screen.top() + std::max((screen.height() - window->height()) / 2, 0));
+}
+
+/** Gives the field and the list of an editable `box` its name: a screen reader meets them on their own. */
+inline void NameParts(const QComboBox* box)
+{
+    box->lineEdit()->setAccessibleName(box->accessibleName());
+    box->view()->setAccessibleName(box->accessibleName());
 }
 
 /** The file that a modal dialog chose, in the system's own form, or nothing when it was cancelled. */

@@ -48,7 +48,10 @@ public:
     /** Shows the window and waits until it takes keys. */
     [[nodiscard]] bool Start()
     {
+        const QSize design = window.size();
         window.Form_Load();
+        // The offscreen platform's screen may be smaller.
+        window.resize(design);
         window.show();
         return QTest::qWaitForWindowActive(&window);
     }

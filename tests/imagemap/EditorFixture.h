@@ -145,7 +145,13 @@ public:
 
     void OpenPicture(QSize size = { 300, 200 }) { Open(WritePicture(size)); }
 
-    QImage Pixels() const { return Surface()->grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    /** The picture's pixels as they are shown, one each also on a dense screen. */
+    QImage Pixels() const
+    {
+        QImage shown = Surface()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        shown.setDevicePixelRatio(1);
+        return shown.scaled(Surface()->size());
+    }
 
     void Press(QPoint at, Qt::MouseButton button = Qt::LeftButton)
     {

@@ -17,9 +17,12 @@ QImage MakePicture(QSize size)
     return picture;
 }
 
+/** The picture's pixels as they are shown, one each also on a dense screen. */
 QImage ShownBy(PictureSurface& surface)
 {
-    return surface.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QImage shown = surface.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    shown.setDevicePixelRatio(1);
+    return shown.scaled(surface.size());
 }
 
 } // namespace

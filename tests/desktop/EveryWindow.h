@@ -1,0 +1,178 @@
+#pragma once
+
+#include "app/FontDialog.h"
+#include "app/SourceEditor.h"
+#include "app/Startup.h"
+#include "app/frmIMmain.h"
+#include "app/frmMapOptions.h"
+#include "app/frmSplash.h"
+#include "help/HelpDisplay.h"
+#include "help/HelpWindow.h"
+#include "imagemap/frmImageMap.h"
+#include "imagemap/frmJSOptions.h"
+#include "linkdialog/frmIMLink.h"
+#include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingDesktop.h"
+#include "tests/support/WidgetDriving.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeWidget>
+#include <memory>
+#include <vector>
+
+/** Every window of the program, filled as in use, to be looked at one after the other. */
+class EveryWindow
+{
+public:
+    /** A row for each window, with its name. */
+    static void Rows()
+    {
+        QTest::addColumn<QByteArray>("window");
+        for (const char* const name : { "splash", "main", "links", "editor", "attributes", "link-0", "link-1",
+                                        "link-2", "link-3", "link-4", "script-options", "preferences",
+                                        "help-contents", "help-index", "help-search", "font", "question" }) {
+            QTest::newRow(name) << QByteArray(name);
+        }
+    }
+
+    /** Shows the window of that name and gives it the keys. */
+    QWidget* Show(const QByteArray& name)
+    {
+        QWidget* const window = Make(name);
+        window->show();
+        window->activateWindow();
+        if (!QTest::qWaitForWindowActive(window)) {
+            qFatal("the window %s does not take keys", name.constData());
+        }
+        QCoreApplication::processEvents();
+        return window;
+    }
+
+    EveryWindow()
+    {
+        QFile::copy(QStringLiteral(CARTOLEN_BOOK), folder_.Path(QStringLiteral("Cartolen.hlp")));
+    }
+    ~EveryWindow()
+    {
+        while (!made_.empty()) {
+            made_.pop_back();
+        }
+        while (QApplication::overrideCursor() != nullptr) {
+            QApplication::restoreOverrideCursor();
+        }
+    }
+    Q_DISABLE_COPY_MOVE(EveryWindow)
+
+private:
+    QWidget* Make(const QByteArray& name)
+    {
+        if (name == "splash") {
+            return Loaded(Keep(new frmSplash(imgMap_)));
+        }
+        if (name == "main" || name == "links") {
+            return MainWindow(name == "links");
+        }
+        if (name == "editor" || name == "attributes") {
+            frmImageMap* const editor = Editor();
+            Find<QTabWidget>(editor, "SSTab1")->setCurrentIndex(name == "attributes" ? 1 : 0);
+            return editor;
+        }
+        if (name.startsWith("link-")) {
+            imgMap_.Mode = static_cast<JSMode>(name.back() - '0');
+            frmImageMap* const editor = Editor();
+            return Loaded(Keep(new frmIMLink(imgMap_, *editor, editor)));
+        }
+        if (name == "script-options") {
+            return Loaded(Keep(new frmJSOptions(imgMap_, help_, *Editor())));
+        }
+        if (name == "preferences") {
+            QWidget* const main = MainWindow(false);
+            return Loaded(Keep(new frmMapOptions(imgMap_, *Find<SourceEditor>(main, "MapsText1"), main)));
+        }
+        if (name == "font") {
+            return Keep(new FontDialog(QFont(QStringLiteral("Courier New"), 10), nullptr));
+        }
+        if (name == "question") {
+            return Keep(new QMessageBox(
+                QMessageBox::Question, QStringLiteral("Cartolen"), QStringLiteral("Do you want that?"),
+                QMessageBox::Yes | QMessageBox::No));
+        }
+        return Help(name);
+    }
+
+    template<class Window> Window* Keep(Window* window)
+    {
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+        made_.emplace_back(window);
+        return window;
+    }
+
+    template<class Window> static Window* Loaded(Window* window)
+    {
+        window->Form_Load();
+        return window;
+    }
+
+    QWidget* MainWindow(bool isOnLinks)
+    {
+        auto* const main = Loaded(Keep(new frmIMmain(imgMap_, desktop_)));
+        main_ = main;
+        Find<SourceEditor>(main, "MapsText1")->LoadText(QStringLiteral("<html>\r\n<body>\r\n</body>"));
+        auto* const tree = Find<QTreeWidget>(main, "TreeView1");
+        tree->setCurrentItem(tree->topLevelItem(0)->child(0));
+        auto* const links = Find<QListWidget>(main, "ListView1");
+        links->addItem(QStringLiteral("https://www.example.com/"));
+        links->setCurrentRow(0);
+        Find<QTabWidget>(main, "SSTab1")->setCurrentIndex(isOnLinks ? 1 : 0);
+        return main;
+    }
+
+    frmImageMap* Editor()
+    {
+        (void)MainWindow(false);
+        auto* const editor = Loaded(Keep(new frmImageMap(imgMap_, *main_, help_, main_)));
+        for (int number = 1; number <= 3; ++number) {
+            editor->AppendArea({ .Text = QStringLiteral(" No: %1 Rectangle").arg(number),
+                                 .Link = QStringLiteral("house.htm"),
+                                 .Target = QStringLiteral("_top"),
+                                 .Coordinates = QStringLiteral("10, 20, 300, 400"),
+                                 .Message = QStringLiteral("The house"),
+                                 .SmallIcon = number });
+        }
+        auto* const list = Find<QTreeWidget>(editor, "ListView1");
+        list->setCurrentItem(list->topLevelItem(0));
+        return editor;
+    }
+
+    QWidget* Help(const QByteArray& name)
+    {
+        if (name == "help-contents") {
+            help_.ShowContents(nullptr);
+        } else {
+            help_.ShowSearch(nullptr);
+        }
+        QWidget* const window = help_.Window();
+        if (window == nullptr) {
+            qFatal("there is no help");
+        }
+        if (name == "help-search") {
+            Find<QTabWidget>(window, "HelpTabs")->setCurrentIndex(2);
+            TypeIn(window, "txtWords", "polygon");
+        }
+        return window;
+    }
+
+    ProgramFolder folder_;
+    ImgMap& imgMap_ = folder_.imgMap;
+    RecordingDesktop desktop_;
+    Startup startup_{ imgMap_, desktop_ }; ///< never begun: it knows the icons and the fonts
+    HelpDisplay help_{ imgMap_ };
+    frmIMmain* main_ = nullptr;
+    std::vector<std::unique_ptr<QWidget>> made_; ///< each before those that it owns
+};

@@ -1,0 +1,385 @@
+#include "tests/desktop/EveryWindow.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QGroupBox>
+#include <QHash>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QTabBar>
+#include <cmath>
+
+namespace {
+
+/** A light from 0 to 1, as it is seen. */
+double Luminance(QRgb color)
+{
+    const auto linear = [](int part) {
+        const double value = part / 255.0;
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
+}
+
+/** How well two colours can be told apart: from 1 to 21. */
+double Contrast(QRgb one, QRgb other)
+{
+    const double a = Luminance(one) + 0.05;
+    const double b = Luminance(other) + 0.05;
+    return std::max(a, b) / std::min(a, b);
+}
+
+/** The colours of a dark desktop, as a theme sets them. */
+QPalette DarkPalette()
+{
+    const QColor text(0xE6, 0xE6, 0xE6);
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(0x32, 0x32, 0x32));
+    dark.setColor(QPalette::WindowText, text);
+    dark.setColor(QPalette::Base, QColor(0x24, 0x24, 0x24));
+    dark.setColor(QPalette::AlternateBase, QColor(0x2B, 0x2B, 0x2B));
+    dark.setColor(QPalette::Text, text);
+    dark.setColor(QPalette::PlaceholderText, QColor(0xA0, 0xA0, 0xA0));
+    dark.setColor(QPalette::Button, QColor(0x32, 0x32, 0x32));
+    dark.setColor(QPalette::ButtonText, text);
+    dark.setColor(QPalette::BrightText, Qt::white);
+    dark.setColor(QPalette::ToolTipBase, QColor(0x1B, 0x1B, 0x1B));
+    dark.setColor(QPalette::ToolTipText, text);
+    dark.setColor(QPalette::Light, QColor(0x5B, 0x5B, 0x5B));
+    dark.setColor(QPalette::Midlight, QColor(0x46, 0x46, 0x46));
+    dark.setColor(QPalette::Mid, QColor(0x2B, 0x2B, 0x2B));
+    dark.setColor(QPalette::Dark, QColor(0x1B, 0x1B, 0x1B));
+    dark.setColor(QPalette::Shadow, Qt::black);
+    dark.setColor(QPalette::Highlight, QColor(0x1F, 0x5F, 0xA8));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::Link, QColor(0x6C, 0xB2, 0xF5));
+    dark.setColor(QPalette::LinkVisited, QColor(0xC3, 0x9B, 0xE8));
+    for (const QPalette::ColorRole role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText }) {
+        dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+    }
+    return dark;
+}
+
+bool ShowsText(const QWidget* widget)
+{
+    const auto* const label = qobject_cast<const QLabel*>(widget);
+    const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+    const auto* const group = qobject_cast<const QGroupBox*>(widget);
+    const auto* const edit = qobject_cast<const QLineEdit*>(widget);
+    return (label != nullptr && !label->text().trimmed().isEmpty()) ||
+           (button != nullptr && !button->text().isEmpty() && button->icon().isNull()) ||
+           (group != nullptr && !group->title().isEmpty()) ||
+           (edit != nullptr && (!edit->text().isEmpty() || !edit->placeholderText().isEmpty())) ||
+           qobject_cast<const QTabBar*>(widget) != nullptr ||
+           qobject_cast<const QHeaderView*>(widget) != nullptr ||
+           qobject_cast<const QMenuBar*>(widget) != nullptr ||
+           qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
+           qobject_cast<const QPlainTextEdit*>(widget) != nullptr ||
+           qobject_cast<const QTextEdit*>(widget) != nullptr;
+}
+
+/** The visible parts of `window` that show text and are in use. */
+QWidgetList TextParts(const QWidget* window)
+{
+    QWidgetList parts;
+    for (QWidget* const part : window->findChildren<QWidget*>()) {
+        if (part->isVisible() && part->isEnabled() && part->window() == window && ShowsText(part)) {
+            parts << part;
+        }
+    }
+    return parts;
+}
+
+/** How well what is drawn on the commonest colour of `image` stands out from it, at best. */
+double BestContrast(const QImage& image)
+{
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            ++counts[image.pixel(x, y)];
+        }
+    }
+    const auto byCount = [](int a, int b) { return a < b; };
+    const QRgb ground = std::max_element(counts.cbegin(), counts.cend(), byCount).key();
+    double best = 1;
+    for (auto color = counts.cbegin(); color != counts.cend(); ++color) {
+        best = std::max(best, Contrast(ground, color.key()));
+    }
+    return best;
+}
+
+QString Called(const QWidget* part)
+{
+    return QStringLiteral("%1 %2 in %3")
+        .arg(
+            QString::fromLatin1(part->metaObject()->className()), part->objectName(),
+            part->parentWidget()->objectName());
+}
+
+} // namespace
+
+/** How the windows look where the desktop is dark, or its text large. */
+class tst_look : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+
+    void textIsReadableOnADarkDesktop_data() { EveryWindow::Rows(); }
+    void textIsReadableOnADarkDesktop();
+    void linesOfTheTagTreeAreSeen_data();
+    void linesOfTheTagTreeAreSeen();
+    void wordsThatAreNotFoundAreReadable();
+    void iconsStandOut_data();
+    void iconsStandOut();
+    void largeTextIsNotCut_data();
+    void largeTextIsNotCut();
+    void headersFitTheirText();
+    void missingFontsHaveStandIns_data();
+    void missingFontsHaveStandIns();
+
+private:
+    QFont font_;
+};
+
+void tst_look::initTestCase()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    font_ = QApplication::font();
+}
+
+void tst_look::cleanup()
+{
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    QApplication::setFont(font_);
+}
+
+void tst_look::textIsReadableOnADarkDesktop()
+{
+    QFETCH(const QByteArray, window);
+    constexpr double readable = 4.5;
+    QApplication::setPalette(DarkPalette());
+    EveryWindow every;
+    QWidget* const shown = every.Show(window);
+    const QImage picture = shown->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const qreal ratio = picture.width() / qreal(shown->width());
+    const QWidgetList parts = TextParts(shown);
+    QVERIFY(!parts.isEmpty());
+    for (QWidget* const part : parts) {
+        const QRect place(part->mapTo(shown, QPoint()) * ratio, part->size() * ratio);
+        const double contrast = BestContrast(picture.copy(place & picture.rect()));
+        QVERIFY2(contrast >= readable, qPrintable(QStringLiteral("%1: %2").arg(Called(part)).arg(contrast)));
+    }
+}
+
+void tst_look::linesOfTheTagTreeAreSeen_data()
+{
+    QTest::addColumn<QPalette>("palette");
+    QTest::newRow("light") << QApplication::style()->standardPalette();
+    QTest::newRow("dark") << DarkPalette();
+}
+
+void tst_look::linesOfTheTagTreeAreSeen()
+{
+    QFETCH(const QPalette, palette);
+    constexpr double visible = 3;
+    QApplication::setPalette(palette);
+    EveryWindow every;
+    const auto* const tree = Find<QTreeWidget>(every.Show("main"), "TreeView1");
+    // Left of the texts there are only lines and boxes.
+    const QRect first = tree->visualItemRect(tree->topLevelItem(0));
+    const QRect left(0, 0, first.left(), tree->viewport()->height());
+    const QImage lines = tree->viewport()->grab(left).toImage();
+    QVERIFY2(BestContrast(lines) >= visible, qPrintable(QString::number(BestContrast(lines))));
+}
+
+void tst_look::wordsThatAreNotFoundAreReadable()
+{
+    constexpr double readable = 4.5;
+    for (const QPalette& palette : { QApplication::style()->standardPalette(), DarkPalette() }) {
+        QApplication::setPalette(palette);
+        EveryWindow every;
+        QWidget* const window = every.Show("help-contents");
+        TypeIn(window, "txtFind", "no such words");
+        const QImage before = Find<QLineEdit>(window, "txtFind")->grab().toImage();
+        QTest::keyClick(Find<QLineEdit>(window, "txtFind"), Qt::Key_Return);
+        const QImage after = Find<QLineEdit>(window, "txtFind")->grab().toImage();
+        QVERIFY(after != before);
+        QVERIFY2(BestContrast(after) >= readable, qPrintable(QString::number(BestContrast(after))));
+    }
+}
+
+void tst_look::iconsStandOut_data()
+{
+    QTest::addColumn<QString>("file");
+    EveryWindow every; // makes the icons known
+    (void)every.Show("help-contents");
+    for (const QString& place : { QStringLiteral(":/icons/"), QStringLiteral(":/help-icons/") }) {
+        for (const QString& name : QDir(place).entryList({ QStringLiteral("*.svg") })) {
+            // These are pictures, with a ground of their own.
+            if (name != u"logo.svg" && name != u"splash.svg") {
+                QTest::newRow(qPrintable(name)) << place + name;
+            }
+        }
+    }
+}
+
+/** On light and on dark windows a good part of an icon is told from the window. */
+void tst_look::iconsStandOut()
+{
+    QFETCH(const QString, file);
+    constexpr double visible = 3;
+    constexpr double enough = 0.3;
+    const QImage icon = QIcon(file).pixmap({ 24, 24 }, 2).toImage().convertToFormat(QImage::Format_ARGB32);
+    for (const QPalette& palette : { QApplication::style()->standardPalette(), DarkPalette() }) {
+        const QRgb window = palette.color(QPalette::Window).rgb();
+        int drawn = 0;
+        int seen = 0;
+        for (int y = 0; y < icon.height(); ++y) {
+            for (int x = 0; x < icon.width(); ++x) {
+                if (qAlpha(icon.pixel(x, y)) == 255) {
+                    ++drawn;
+                    seen += Contrast(icon.pixel(x, y), window) >= visible ? 1 : 0;
+                }
+            }
+        }
+        QVERIFY(drawn > 0);
+        QVERIFY2(seen >= enough * drawn, qPrintable(QString::number(100 * seen / drawn)));
+    }
+}
+
+namespace {
+
+/** What of `part` its size leaves no room for; empty when all is well. */
+QString CutOff(const QWidget* part)
+{
+    QSize needed;
+    if (const auto* const label = qobject_cast<const QLabel*>(part)) {
+        if (label->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) {
+            return {}; // shows what fits of a path
+        }
+        needed = label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+    } else if (const auto* const button = qobject_cast<const QAbstractButton*>(part)) {
+        needed = button->minimumSizeHint();
+    } else if (const auto* const group = qobject_cast<const QGroupBox*>(part)) {
+        needed = group->minimumSizeHint();
+    } else if (qobject_cast<const QLineEdit*>(part) != nullptr) {
+        needed = { 0, part->minimumSizeHint().height() };
+    } else if (const auto* const bar = qobject_cast<const QTabBar*>(part)) {
+        needed = bar->sizeHint();
+    } else {
+        return {};
+    }
+    if (part->width() >= needed.width() && part->height() >= needed.height()) {
+        return {};
+    }
+    return QStringLiteral("%1 has %2 x %3 of %4 x %5")
+        .arg(Called(part))
+        .arg(part->width())
+        .arg(part->height())
+        .arg(needed.width())
+        .arg(needed.height());
+}
+
+/** Whether `part` lies within all that it lies in, but for what can be scrolled to. */
+bool IsInSight(const QWidget* part)
+{
+    for (const QWidget* outer = part; !outer->isWindow(); outer = outer->parentWidget()) {
+        const QWidget* const scrolled = outer->parentWidget()->parentWidget();
+        if (scrolled != nullptr && qobject_cast<const QScrollArea*>(scrolled) != nullptr) {
+            return true;
+        }
+        if (!outer->parentWidget()->rect().contains(outer->geometry())) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void tst_look::largeTextIsNotCut_data()
+{
+    QTest::addColumn<QByteArray>("window");
+    QTest::addColumn<qreal>("points");
+    for (const qreal points : { 9.0, 11.0, 13.5, 18.0 }) {
+        for (const char* const name : { "splash", "main", "links", "editor", "attributes", "link-0", "link-1",
+                                        "link-2", "link-3", "link-4", "script-options", "preferences",
+                                        "help-contents", "help-index", "help-search", "font", "question" }) {
+            QTest::addRow("%s at %g", name, points) << QByteArray(name) << points;
+        }
+    }
+}
+
+void tst_look::largeTextIsNotCut()
+{
+    QFETCH(const QByteArray, window);
+    QFETCH(const qreal, points);
+    QFont font = font_;
+    font.setPointSizeF(points);
+    QApplication::setFont(font);
+    EveryWindow every;
+    QWidget* const shown = every.Show(window);
+    const QWidgetList parts = TextParts(shown);
+    QVERIFY(!parts.isEmpty());
+    QStringList cut;
+    for (const QWidget* const part : parts) {
+        if (!CutOff(part).isEmpty()) {
+            cut << CutOff(part);
+        } else if (!IsInSight(part)) {
+            cut << Called(part) + u" reaches out of the window";
+        }
+    }
+    QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
+}
+
+void tst_look::headersFitTheirText()
+{
+    EveryWindow every;
+    QWidget* const editor = every.Show("editor");
+    const auto* const header = Find<QTreeWidget>(editor, "ListView1")->header();
+    const auto fits = [header] {
+        bool all = true;
+        for (int column = 0; column < header->count(); ++column) {
+            all = all && header->sectionSize(column) >= header->sectionSizeHint(column);
+        }
+        return all;
+    };
+    QVERIFY(fits());
+    QFont larger = editor->font();
+    larger.setPointSizeF(larger.pointSizeF() * 2);
+    editor->setFont(larger);
+    QTRY_VERIFY(fits());
+}
+
+void tst_look::missingFontsHaveStandIns_data()
+{
+    QTest::addColumn<QString>("family");
+    QTest::newRow("Tahoma") << QStringLiteral("Tahoma");
+    QTest::newRow("MS Sans Serif") << QStringLiteral("MS Sans Serif");
+}
+
+void tst_look::missingFontsHaveStandIns()
+{
+    QFETCH(const QString, family);
+    const EveryWindow every;
+    if (QFontDatabase::hasFamily(family)) {
+        QCOMPARE(QFontInfo(QFont(family)).family(), family);
+        return;
+    }
+    for (const QString& standIn : QFont::substitutes(family)) {
+        if (QFontDatabase::hasFamily(standIn)) {
+            QCOMPARE(QFontInfo(QFont(family)).family().toLower(), standIn.toLower());
+            return;
+        }
+    }
+    QSKIP("no stand-in is installed here");
+}
+
+QTEST_MAIN(tst_look)
+#include "tst_look.moc"
