@@ -74,22 +74,30 @@ inline QSize RoomOnScreen(const QWidget* window)
     return window->screen()->availableSize() - QSize(0, titleBar);
 }
 
-/** The size that `window` has by design, grown with its text to the room that its contents need. */
+/**
+ * The size that `window` has by design, grown with its text to the room that its contents need, and no larger
+ * than its screen.
+ */
 inline QSize GrownSize(const QWidget* window)
 {
-    const QSize size = (window->size() * TextGrowth(window)).expandedTo(window->minimumSizeHint());
-    const bool isWrapped = window->layout() != nullptr && window->layout()->hasHeightForWidth();
-    return isWrapped ? size.expandedTo({ 0, window->layout()->totalHeightForWidth(size.width()) }) : size;
+    const QSize room = RoomOnScreen(window);
+    const QSize size =
+        (window->size() * TextGrowth(window)).expandedTo(window->minimumSizeHint()).boundedTo(room);
+    if (window->layout() == nullptr || !window->layout()->hasHeightForWidth()) {
+        return size;
+    }
+    // The narrower it is, the more lines its texts take.
+    return size.expandedTo({ 0, window->layout()->totalHeightForWidth(size.width()) }).boundedTo(room);
 }
 
 /**
- * Moves `window`, grown with its text, to the middle of its screen. It becomes no larger than that; what is
- * too large all the same keeps its title bar in sight.
+ * Moves `window`, grown with its text, to the middle of its screen. What is larger than the screen all the
+ * same keeps its title bar in sight.
  */
 inline void CentreOnScreen(QWidget* window)
 {
     window->ensurePolished();
-    window->resize(GrownSize(window).boundedTo(RoomOnScreen(window)));
+    window->resize(GrownSize(window));
     const QRect screen = window->screen()->geometry();
     window->move(
         screen.left() + std::max((screen.width() - window->width()) / 2, 0),

@@ -2,6 +2,7 @@
 #include "tests/support/DialogRobot.h"
 
 #include <QContextMenuEvent>
+#include <QFileInfo>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTextEdit>
@@ -201,7 +202,7 @@ void tst_keyboard::pictureIsScrolledByKeys()
     EveryWindow every;
     DialogRobot robot;
     QWidget* const editor = every.Show("editor");
-    robot.ChooseFile(QStringLiteral(CARTOLEN_PICTURE));
+    robot.ChooseFile(QFileInfo(QStringLiteral(CARTOLEN_PICTURE)).absoluteFilePath());
     Choose(Qt::Key_F, Qt::Key_O);
     robot.WaitUntilDone();
     QVERIFY(ReturnTo(editor));
@@ -234,7 +235,7 @@ void tst_keyboard::wholeMapIsMadeByKeys()
     Choose(Qt::Key_I, Qt::Key_I);
     auto* const editor = Find<frmImageMap>(main, "frmImageMap");
     QVERIFY(ReturnTo(editor));
-    robot.ChooseFile(QStringLiteral(CARTOLEN_PICTURE));
+    robot.ChooseFile(QFileInfo(QStringLiteral(CARTOLEN_PICTURE)).absoluteFilePath());
     Choose(Qt::Key_F, Qt::Key_O);
     robot.WaitUntilDone();
     QVERIFY(ReturnTo(editor));
