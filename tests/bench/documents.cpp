@@ -19,6 +19,8 @@
 namespace {
 
 const QByteArray line = "<p>Some text that a page is made of, long enough.</p>\r\n";
+/** More lines than a window shows. */
+constexpr int screenful = 60;
 
 QByteArray PageOf(int megabytes)
 {
@@ -138,7 +140,7 @@ DocumentCosts BenchDocument(int megabytes, const Cost& bareKey, const Cost& bare
         QStringLiteral("a key in") + size + QStringLiteral("in an empty document"), CostOfKey(editor.Text()),
         bareKey, 2);
     PrintRow(
-        QStringLiteral("wrap a word in a tag in") + size + QStringLiteral("in a document of one line"),
+        QStringLiteral("wrap a word in a tag in") + size + QStringLiteral("in a document of one screenful"),
         CostOfTag(PageOf(megabytes)), bareTag, 2);
     const Cost saved = CostOf(
         [&editor, &path] { (void)WriteWholeFile(path, AnsiCodePage::Encode(editor.Text()) + "\r\n"); });
@@ -211,7 +213,7 @@ void BenchInsert()
 void BenchDocuments()
 {
     const Cost bareKey = CostOfKey(QString());
-    const Cost bareTag = CostOfTag(line);
+    const Cost bareTag = CostOfTag(line.repeated(screenful));
     const DocumentCosts small = BenchDocument(1, bareKey, bareTag);
     const DocumentCosts large = BenchDocument(10, bareKey, bareTag);
     PrintGrowth(QStringLiteral("open 10 MB; ten times opening 1 MB"), large.opened, small.opened, 10);
