@@ -1,0 +1,1 @@
+// CMake compiles headers in advance only for something that has a source file.
