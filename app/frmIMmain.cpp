@@ -96,6 +96,7 @@ frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     CreateCommands();
     CreateStatusBar();
     PlaceToolbar();
+    GrowWithText();
     ConnectControls();
     ui_->MapsText1->setFocus();
 }
@@ -146,10 +147,17 @@ void frmIMmain::PlaceToolbar()
 {
     ui_->Frame1->resize(ui_->Frame1->width(), ui_->Toolbar1->sizeHint().height());
     const int top = ui_->Frame1->geometry().bottom() + 1 + belowToolbar;
+    ui_->SSTab1->move(ui_->SSTab1->x(), top);
+    ui_->MapsText1->move(ui_->MapsText1->x(), top);
+}
+
+/** Makes the source's letters, and the room for the tags beside it, larger on a desktop with large text. */
+void frmIMmain::GrowWithText()
+{
     const qreal growth = TextGrowth(this);
     const int tabWidth = static_cast<int>(ui_->SSTab1->width() * growth);
-    ui_->SSTab1->setGeometry(ui_->SSTab1->x(), top, tabWidth, ui_->SSTab1->height());
-    ui_->MapsText1->move(ui_->SSTab1->x() + tabWidth, top);
+    ui_->SSTab1->resize(tabWidth, ui_->SSTab1->height());
+    ui_->MapsText1->move(ui_->SSTab1->x() + tabWidth, ui_->MapsText1->y());
     QFont source = ui_->MapsText1->font();
     source.setPointSizeF(source.pointSizeF() * growth);
     ui_->MapsText1->setFont(source);

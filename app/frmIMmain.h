@@ -92,6 +92,7 @@ private:
     void CreateCommands();
     void CreateStatusBar();
     void PlaceToolbar();
+    void GrowWithText();
     void ConnectControls();
     template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
     void BuildTagTree();
