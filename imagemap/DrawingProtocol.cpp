@@ -3,6 +3,7 @@
 #include "shared/Rounding.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -74,6 +75,10 @@ void DrawingProtocol::SelectCursor()
 
 void DrawingProtocol::MouseDown(int button, float x, float y)
 {
+    if (button == leftButton) {
+        isLeftHeld_ = true;
+        isReleaseVoid_ = false;
+    }
     if (tool_ == DrawingTool::Cursor) {
         return;
     }
@@ -129,7 +134,9 @@ void DrawingProtocol::EndPolygon()
 void DrawingProtocol::MouseUp(int button, float x, float y)
 {
     FigureStore& store = imgMap_.Store;
-    if (tool_ == DrawingTool::Cursor) {
+    const bool isVoid = button == leftButton && std::exchange(isReleaseVoid_, false);
+    isLeftHeld_ = isLeftHeld_ && button != leftButton;
+    if (tool_ == DrawingTool::Cursor || isVoid) {
         return;
     }
     if (tool_ == DrawingTool::Line) {
@@ -147,6 +154,8 @@ void DrawingProtocol::MouseUp(int button, float x, float y)
 
 void DrawingProtocol::CommitFigure()
 {
+    // Between the sides and their next one another figure would break the polygon in two.
+    GiveUpSides();
     PaintForGood();
     imgMap_.Store.AppendFigure();
     ShowFigureCount();
@@ -279,6 +288,14 @@ void DrawingProtocol::ShowFigureCount()
 
 void DrawingProtocol::RedrawFigures()
 {
+    PaintAllFigures();
+    if (imgMap_.Store.FigureCount == 0 && !IsDrawing()) {
+        ShowEmptyState();
+    }
+}
+
+void DrawingProtocol::PaintAllFigures()
+{
     FigureStore& store = imgMap_.Store;
     view_.BeginPaintingAll();
     for (int i = 0; i < store.FigureCount; ++i) {
@@ -288,9 +305,6 @@ void DrawingProtocol::RedrawFigures()
     }
     view_.EndPaintingAll();
     ShowFigureCount();
-    if (store.FigureCount == 0 && !IsDrawing()) {
-        ShowEmptyState();
-    }
 }
 
 void DrawingProtocol::ShowEmptyState()
@@ -319,7 +333,7 @@ void DrawingProtocol::DeleteLastFigure()
 {
     FigureStore& store = imgMap_.Store;
     const FigureRecord* const last = store.LastFigure();
-    if (last == nullptr) {
+    if (last == nullptr || (IsDrawing() && !store.HasUnfinishedPolygon())) {
         AbandonDrawing();
         return;
     }
@@ -344,11 +358,37 @@ void DrawingProtocol::StopDrawing()
 
 void DrawingProtocol::AbandonDrawing()
 {
-    if (!IsDrawing() && !imgMap_.Store.HasUnfinishedPolygon()) {
+    if (!IsInProgress()) {
         return;
     }
     StopDrawing();
     imgMap_.Store.ResetCurrentPolygon();
+    DisableWithoutFigures();
+}
+
+void DrawingProtocol::GiveUpDrawing()
+{
+    if (!IsInProgress()) {
+        return;
+    }
+    isReleaseVoid_ = isLeftHeld_;
+    StopDrawing();
+    GiveUpSides();
+    DisableWithoutFigures();
+}
+
+void DrawingProtocol::GiveUpSides()
+{
+    if (!imgMap_.Store.HasUnfinishedPolygon()) {
+        return;
+    }
+    imgMap_.Store.RemoveCurrentPolygon();
+    view_.ClearDrawing();
+    PaintAllFigures();
+}
+
+void DrawingProtocol::DisableWithoutFigures()
+{
     if (imgMap_.Store.FigureCount == 0) {
         ClearPositionLabels();
         view_.EnableFigureCommands(false);

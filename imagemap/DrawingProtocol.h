@@ -57,12 +57,18 @@ public:
 
     /**
      * Removes the last rectangle, circle or whole polygon with its row; an unfinished polygon has no row yet.
-     * Whatever is being drawn is given up, with an empty store that alone.
+     * While a figure is being drawn of which nothing is committed, that alone is given up.
      */
     void DeleteLastFigure();
 
     /** Gives up the figure in progress and the sides of an unfinished polygon as the next one's start. */
     void AbandonDrawing();
+
+    /** Whether something is being drawn, or sides of a polygon wait for the next. */
+    [[nodiscard]] bool IsInProgress() const { return IsDrawing() || imgMap_.Store.HasUnfinishedPolygon(); }
+
+    /** Gives up the figure in progress, a polygon with all its sides; everything finished stays. */
+    void GiveUpDrawing();
 
 private:
     [[nodiscard]] bool IsDrawing() const { return imgMap_.Store.DrawState != drawIdle; }
@@ -77,6 +83,9 @@ private:
     void PressInLineMode(int button);
     void CommitFigure();
     void StopDrawing();
+    void PaintAllFigures();
+    void GiveUpSides();
+    void DisableWithoutFigures();
     void EndPolygon();
     void ShowEmptyState();
     void ShowFigureCount();
@@ -87,4 +96,6 @@ private:
     ImgMap& imgMap_;
     DrawingView& view_;
     DrawingTool tool_ = DrawingTool::Cursor;
+    bool isLeftHeld_ = false;
+    bool isReleaseVoid_ = false; ///< what the button held was pressed for is given up
 };

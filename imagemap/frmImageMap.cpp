@@ -225,6 +225,8 @@ void frmImageMap::OpenImage()
         return;
     }
     GoToProgramFolder(imgMap_);
+    // Rows can outlive their figures.
+    ui_->ListView1->clear();
     ShowHourglass();
     ShowPicture(*path);
     ShowDefaultPointer();
@@ -258,6 +260,7 @@ void frmImageMap::NewImageMap()
 {
     if (imgMap_.Store.FigureCount == 0) {
         AbandonDrawing();
+        ui_->ListView1->clear();
     } else if (DiscardMap()) {
         ShowModeHeader();
     }

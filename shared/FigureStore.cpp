@@ -65,6 +65,13 @@ void FigureStore::ResetCurrentPolygon()
     CurrentPolygonLineCount = 0;
 }
 
+void FigureStore::RemoveCurrentPolygon()
+{
+    FigureCount = std::max(0, FigureCount - CurrentPolygonLineCount);
+    PolygonLineCount = std::max(0, PolygonLineCount - CurrentPolygonLineCount);
+    ResetCurrentPolygon();
+}
+
 void FigureStore::RemoveLast()
 {
     const FigureRecord* const last = LastFigure();

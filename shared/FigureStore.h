@@ -77,6 +77,9 @@ struct FigureStore
     /** Forgets the sides of the current polygon; they stay in the other arrays. */
     void ResetCurrentPolygon();
 
+    /** Takes the sides of the current polygon, which must be the last figures, out of all arrays. */
+    void RemoveCurrentPolygon();
+
     /**
      * Removes the last rectangle or circle, or the sides of the last polygon, whose end is found by the end
      * mark of the polygon before it. That mark goes too, so a polygon drawn and removed after this takes the

@@ -220,9 +220,18 @@ private Q_SLOTS:
     void deletingAPolygonErasesThePreviousEndMark();
     void deletingAHalfDrawnPolygonRemovesNoRow_data();
     void deletingAHalfDrawnPolygonRemovesNoRow();
-    void deletingWhileTheFirstSideIsDrawnRemovesThePreviousFigure();
+    void deletingWhileNothingIsCommittedGivesOnlyThatUp_data();
+    void deletingWhileNothingIsCommittedGivesOnlyThatUp();
     void deletingFromAnEmptyStoreAbandonsTheDrawing();
-    void deletingAFigureDrawnOverAHalfDrawnPolygonRemovesItsRow();
+    void figureOfAnotherKindGivesUpAHalfDrawnPolygon_data();
+    void figureOfAnotherKindGivesUpAHalfDrawnPolygon();
+
+    // Giving up.
+    void givingUpTakesAPolygonWithAllItsSides();
+    void givingUpTheFirstFigureKeepsTheModesDefault();
+    void givingUpKeepsThePolygonBefore();
+    void givingUpNothingChangesNothing();
+    void releaseAfterGivingUpStartsNothing();
 
     // Abandoning and closing the dialog.
     void abandoningForgetsTheHalfDrawnPolygon();
@@ -1287,19 +1296,38 @@ void TestDrawingProtocol::deletingAHalfDrawnPolygonRemovesNoRow()
     QCOMPARE(editor_->view.rows.constLast().Coordinates, QString("110, 10, 190, 20, 150, 80"));
 }
 
-void TestDrawingProtocol::deletingWhileTheFirstSideIsDrawnRemovesThePreviousFigure()
+void TestDrawingProtocol::deletingWhileNothingIsCommittedGivesOnlyThatUp_data()
 {
+    QTest::addColumn<int>("kind");
+    QTest::newRow("rectangle") << int(kindRectangle);
+    QTest::newRow("circle") << int(kindCircle);
+    QTest::newRow("first side of a polygon") << int(kindLine);
+}
+
+void TestDrawingProtocol::deletingWhileNothingIsCommittedGivesOnlyThatUp()
+{
+    QFETCH(const int, kind);
     editor_->LinkEveryFigure();
     editor_->protocol.SelectTool(kindRectangle);
     editor_->Drag({ 1, 2 }, { 30, 40 });
-    editor_->protocol.SelectTool(kindLine);
-    editor_->Click({ 50, 50 });
+    editor_->protocol.SelectTool(kind);
+    editor_->Press({ 50, 50 });
+    if (kind == kindLine) {
+        editor_->Release({ 50, 50 });
+    }
     editor_->Move({ 60, 60 });
+    QVERIFY(editor_->view.rubber);
+    editor_->protocol.DeleteLastFigure();
+    QCOMPARE(editor_->Counts(), (Counts{ 1, 0, 0 }));
+    QCOMPARE(editor_->Store().DrawState, drawIdle);
+    QCOMPARE(editor_->view.rows.size(), 1);
+    QVERIFY(!editor_->view.rubber);
+    QCOMPARE(editor_->view.painted.size(), 1);
+    QVERIFY(editor_->view.areCommandsEnabled);
+    // The next time it takes the area.
     editor_->protocol.DeleteLastFigure();
     QCOMPARE(editor_->Counts(), (Counts{ 0, 0, 0 }));
     QVERIFY(editor_->view.rows.isEmpty());
-    QVERIFY(!editor_->view.rubber);
-    QVERIFY(!editor_->view.areCommandsEnabled);
 }
 
 void TestDrawingProtocol::deletingFromAnEmptyStoreAbandonsTheDrawing()
@@ -1322,18 +1350,124 @@ void TestDrawingProtocol::deletingFromAnEmptyStoreAbandonsTheDrawing()
     QVERIFY(editor_->view.linkPrompts.isEmpty());
 }
 
-void TestDrawingProtocol::deletingAFigureDrawnOverAHalfDrawnPolygonRemovesItsRow()
+void TestDrawingProtocol::figureOfAnotherKindGivesUpAHalfDrawnPolygon_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("sides");
+    QTest::newRow("rectangle over one side") << int(kindRectangle) << 1;
+    QTest::newRow("circle over three sides") << int(kindCircle) << 3;
+}
+
+void TestDrawingProtocol::figureOfAnotherKindGivesUpAHalfDrawnPolygon()
+{
+    QFETCH(const int, kind);
+    QFETCH(const int, sides);
+    editor_->LinkEveryFigure();
+    editor_->DrawPolygon({ { 200, 10 }, { 290, 20 }, { 250, 80 } });
+    editor_->protocol.SelectTool(kindLine);
+    for (int corner = 0; corner <= sides; ++corner) {
+        editor_->DrawSides({ QPointF(90 + corner, 20) });
+    }
+    QCOMPARE(editor_->Counts(), (Counts{ 1 + sides, 1 + sides, sides }));
+    editor_->protocol.SelectTool(kind);
+    editor_->Move({ 150, 120 });
+    editor_->Release({ 150, 120 });
+    QCOMPARE(editor_->view.rows.size(), 2);
+    QCOMPARE(editor_->Counts(), (Counts{ 2, 1, 0 }));
+    QCOMPARE(ShapeOf(editor_->Figure(1)), (Shape{ kind, 90 + sides, 20, 150, 120 }));
+    QCOMPARE(editor_->view.painted.size(), 2);
+    // The polygon before is still told by its end mark.
+    QCOMPARE(editor_->Store().PolygonLines[0].Link, QString("a.html"));
+    editor_->DrawPolygon({ { 110, 10 }, { 190, 20 }, { 150, 80 } });
+    QCOMPARE(editor_->view.rows.constLast().Coordinates, QString("110, 10, 190, 20, 150, 80"));
+    editor_->protocol.DeleteLastFigure();
+    editor_->protocol.DeleteLastFigure();
+    QCOMPARE(editor_->Counts(), (Counts{ 1, 1, 0 }));
+    QCOMPARE(editor_->view.rows.size(), 1);
+}
+
+void TestDrawingProtocol::givingUpTakesAPolygonWithAllItsSides()
 {
     editor_->LinkEveryFigure();
+    editor_->protocol.SelectTool(kindRectangle);
+    editor_->Drag({ 1, 2 }, { 30, 40 });
+    editor_->protocol.SelectTool(kindLine);
+    editor_->DrawSides({ { 10, 10 }, { 90, 20 }, { 50, 80 } });
+    editor_->Move({ 70, 70 });
+    QVERIFY(editor_->protocol.IsInProgress());
+    editor_->protocol.GiveUpDrawing();
+    QVERIFY(!editor_->protocol.IsInProgress());
+    QCOMPARE(editor_->Counts(), (Counts{ 1, 0, 0 }));
+    QCOMPARE(editor_->view.rows.size(), 1);
+    QVERIFY(!editor_->view.rubber);
+    QCOMPARE(editor_->view.painted.size(), 1);
+    QCOMPARE(editor_->view.Figures(), QString("1"));
+    QVERIFY(editor_->view.areCommandsEnabled);
+    editor_->DrawPolygon({ { 110, 10 }, { 190, 20 }, { 150, 80 } });
+    QCOMPARE(editor_->view.rows.constLast().Coordinates, QString("110, 10, 190, 20, 150, 80"));
+}
+
+void TestDrawingProtocol::givingUpTheFirstFigureKeepsTheModesDefault()
+{
+    for (const int kind : { int(kindRectangle), int(kindCircle), int(kindLine) }) {
+        init();
+        editor_->imgMap.ModeDefault = "default";
+        editor_->protocol.SelectTool(kind);
+        editor_->Click({ 10, 10 });
+        editor_->Press({ 10, 10 });
+        editor_->Move({ 50, 50 });
+        editor_->view.onLink = nullptr;
+        if (kind != kindLine) {
+            editor_->CloseLink();
+            editor_->imgMap.ModeDefault = "default";
+            editor_->Press({ 10, 10 });
+            editor_->Move({ 50, 50 });
+        }
+        editor_->protocol.GiveUpDrawing();
+        QCOMPARE(editor_->Counts(), (Counts{ 0, 0, 0 }));
+        QCOMPARE(editor_->Store().DrawState, drawIdle);
+        QVERIFY(!editor_->view.rubber);
+        QVERIFY(editor_->view.painted.isEmpty());
+        QVERIFY(!editor_->view.areCommandsEnabled);
+        QCOMPARE(editor_->view.Figures(), QString());
+        QCOMPARE(editor_->imgMap.ModeDefault, QString("default"));
+        QCOMPARE(editor_->view.linkPrompts.size(), kind == kindLine ? 0 : 1);
+    }
+}
+
+void TestDrawingProtocol::givingUpKeepsThePolygonBefore()
+{
+    editor_->LinkEveryFigure();
+    editor_->DrawPolygon({ { 10, 10 }, { 90, 20 }, { 50, 80 }, { 20, 70 } });
+    editor_->DrawSides({ { 110, 10 }, { 190, 20 }, { 150, 80 } });
+    editor_->protocol.GiveUpDrawing();
+    QCOMPARE(editor_->Counts(), (Counts{ 2, 2, 0 }));
+    QCOMPARE(editor_->Store().PolygonLines[1].Link, QString("a.html"));
+    QCOMPARE(editor_->view.rows.size(), 1);
+}
+
+void TestDrawingProtocol::givingUpNothingChangesNothing()
+{
+    editor_->view.areCommandsEnabled = true;
+    editor_->Move({ 12, 34 });
+    QVERIFY(!editor_->protocol.IsInProgress());
+    editor_->protocol.GiveUpDrawing();
+    QVERIFY(editor_->view.areCommandsEnabled);
+    QCOMPARE(editor_->view.Cursor(), QString("12,34"));
+    QCOMPARE(editor_->view.clearings, 0);
+}
+
+void TestDrawingProtocol::releaseAfterGivingUpStartsNothing()
+{
     editor_->protocol.SelectTool(kindLine);
     editor_->DrawSides({ { 10, 10 }, { 90, 20 } });
-    editor_->protocol.SelectTool(kindRectangle);
-    editor_->Release({ 90, 20 });
-    QCOMPARE(editor_->view.rows.size(), 1);
-    QCOMPARE(editor_->Counts(), (Counts{ 2, 1, 1 }));
-    editor_->protocol.DeleteLastFigure();
-    QCOMPARE(editor_->Store().FigureCount, 1);
-    QVERIFY(editor_->view.rows.isEmpty());
+    editor_->Press({ 50, 80 });
+    editor_->protocol.GiveUpDrawing();
+    editor_->Release({ 50, 80 });
+    QCOMPARE(editor_->Store().DrawState, drawIdle);
+    QCOMPARE(editor_->Counts(), (Counts{ 0, 0, 0 }));
+    editor_->Click({ 50, 80 });
+    QCOMPARE(editor_->Store().DrawState, drawDrawing);
 }
 
 void TestDrawingProtocol::abandoningForgetsTheHalfDrawnPolygon()
@@ -1467,8 +1601,10 @@ void TestDrawingProtocol::StartRandomEvent(std::mt19937& random)
         editor_->protocol.SelectCursor();
     } else if (action < 995) {
         editor_->protocol.DeleteLastFigure();
-    } else if (action < 999) {
+    } else if (action < 998) {
         editor_->protocol.RedrawFigures();
+    } else if (action < 999) {
+        editor_->protocol.GiveUpDrawing();
     } else if (below(20) == 0) {
         editor_->DeleteMap();
     }

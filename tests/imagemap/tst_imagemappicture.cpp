@@ -45,8 +45,13 @@ private Q_SLOTS:
     void newImageMapKeepsPictureAndAttributes();
     void newImageMapTakesTheModesPlainHeaderButKeepsItsDefault();
     void newImageMapWithoutFiguresAsksNothing();
+    void rowsLeftOverGoWithoutAQuestion_data();
+    void rowsLeftOverGoWithoutAQuestion();
+    void cancelledOpeningKeepsRowsLeftOver();
 
 private:
+    void LeaveRowWithoutFigures();
+
     std::unique_ptr<EditorFixture> test_;
 };
 
@@ -341,6 +346,52 @@ void tst_imagemappicture::newImageMapWithoutFiguresAsksNothing()
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
     QCOMPARE(test_->EnabledButtons(), buttonsWithPicture);
+}
+
+/** A polygon drawn after one was deleted takes the first with it when it is deleted, but only its own row. */
+void tst_imagemappicture::LeaveRowWithoutFigures()
+{
+    test_->OpenPicture();
+    const QList<QPoint> corners = { { 10, 10 }, { 90, 20 }, { 50, 80 }, { 20, 70 } };
+    test_->DrawPolygon(corners);
+    test_->DrawPolygon(corners);
+    test_->ClickButton(14);
+    test_->DrawPolygon(corners);
+    test_->ClickButton(14);
+    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+}
+
+void tst_imagemappicture::rowsLeftOverGoWithoutAQuestion_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::newRow("New") << 2;
+    QTest::newRow("Open") << 3;
+}
+
+void tst_imagemappicture::rowsLeftOverGoWithoutAQuestion()
+{
+    QFETCH(const int, button);
+    LeaveRowWithoutFigures();
+    if (button == 3) {
+        test_->OpenPicture({ 250, 150 });
+    } else {
+        // A figure that is started enables the button.
+        test_->ClickAt({ 20, 20 });
+        test_->ClickButton(2);
+    }
+    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QVERIFY(test_->robot.Boxes().isEmpty());
+    test_->DrawCircle({ 100, 100 }, { 120, 110 });
+    QCOMPARE(test_->Row(0).at(0), QStringLiteral(" No: 1 Circle"));
+}
+
+void tst_imagemappicture::cancelledOpeningKeepsRowsLeftOver()
+{
+    LeaveRowWithoutFigures();
+    test_->robot.Cancel();
+    test_->ClickButton(3);
+    QCOMPARE(test_->List()->topLevelItemCount(), 1);
 }
 
 QTEST_MAIN(tst_imagemappicture)
