@@ -6,6 +6,7 @@
 #include "help/HelpWindow.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/CommandTables.h"
+#include "shared/ElidedLabel.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
 
@@ -13,6 +14,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QTextBlock>
 
 namespace {
 
@@ -130,14 +132,11 @@ void frmIMmain::CreateStatusBar()
 {
     panel1_ = new QLabel(QStringLiteral("CAPS"), this);
     panel2_ = new QLabel(this);
-    panel3_ = new QLabel(this);
+    panel3_ = new ElidedLabel(this);
     panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
     panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
     panel3_->setObjectName(QStringLiteral("StatusBar1_Panel3"));
     panel1_->setEnabled(false);
-    panel3_->setTextFormat(Qt::PlainText);
-    // A long path must not widen the window.
-    panel3_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui_->StatusBar1->addWidget(panel1_);
     ui_->StatusBar1->addWidget(panel2_);
     ui_->StatusBar1->addWidget(panel3_, 1);
@@ -295,9 +294,12 @@ void frmIMmain::mnuTPref_Click()
     ShowOnce(options_, [this] { return new frmMapOptions(imgMap_, *ui_->MapsText1, this); });
 }
 
-void frmIMmain::InsertAtCaret(const QString& text)
+int frmIMmain::InsertAtCaret(const QString& text)
 {
+    const int start = ui_->MapsText1->textCursor().selectionStart();
+    const int line = ui_->MapsText1->document()->findBlock(start).blockNumber() + 1;
     ui_->MapsText1->ReplaceSelection(text);
+    return line;
 }
 
 void frmIMmain::ExitProgram()

@@ -63,7 +63,7 @@ public:
     void ShowAbout();
     void ExitProgram();
 
-    void InsertAtCaret(const QString& text) override;
+    int InsertAtCaret(const QString& text) override;
 
     [[nodiscard]] bool DocumentChanged() const { return documentChanged_; }
 

@@ -4,7 +4,10 @@
 #include <QIODevice>
 #include <algorithm>
 #include <array>
+#include <bitset>
 #include <cstring>
+#include <map>
+#include <span>
 #include <vector>
 
 namespace {
@@ -140,6 +143,39 @@ bool IsCredible(QSize size, qint64 dataBytes, qint64 pixelsPerByte)
            (pixels <= pixelsTaken || dataBytes >= pixels / pixelsPerByte);
 }
 
+/** What the scans of a JPEG have told of its coefficients, which can come in parts and in several steps. */
+class ScannedCoefficients
+{
+public:
+    /** The scan of `components`, for the coefficients `first` to `last`, leaves so many bits to be told. */
+    void Add(std::span<const uchar> components, int first, int last, int bitsLeft);
+
+    /** Whether every coefficient of `count` components was told to its last bit. */
+    [[nodiscard]] bool AreComplete(int count) const;
+
+private:
+    static constexpr int coefficients = 64;
+
+    std::map<uchar, std::bitset<coefficients>> told_; ///< by component
+};
+
+void ScannedCoefficients::Add(std::span<const uchar> components, int first, int last, int bitsLeft)
+{
+    for (const uchar component : components) {
+        std::bitset<coefficients>& told = told_[component];
+        for (int i = first; bitsLeft == 0 && i <= std::min(last, coefficients - 1); ++i) {
+            told.set(static_cast<size_t>(i));
+        }
+    }
+}
+
+bool ScannedCoefficients::AreComplete(int count) const
+{
+    return static_cast<int>(told_.size()) == count &&
+           std::all_of(
+               told_.begin(), told_.end(), [](const auto& component) { return component.second.all(); });
+}
+
 /** Follows a JPEG from marker to marker. */
 class JpegWalk
 {
@@ -183,6 +219,7 @@ private:
     ByteSource& source_;
     QSize size_;
     int components_ = 0;
+    ScannedCoefficients told_;
     bool inSeveralScans_ = false;
     qint64 scans_ = 0;
     qint64 scanBytes_ = 0;
@@ -206,6 +243,13 @@ std::optional<PictureOutline> JpegWalk::Walk()
         const uchar marker = NextMarker();
         if (marker == endOfImage) {
             return Outline();
+        }
+        if (marker == 0 && told_.AreComplete(components_)) {
+            std::optional<PictureOutline> outline = Outline();
+            if (outline) {
+                outline->lacksEndMark = true;
+            }
+            return outline;
         }
         if (!ReadSegment(marker)) {
             return {};
@@ -267,10 +311,22 @@ bool JpegWalk::ReadFrame(uchar marker)
 
 bool JpegWalk::ReadScan()
 {
+    constexpr int componentsAtMost = 4;
     ++scans_;
-    if (source_.Byte() < components_) {
+    const int count = source_.Byte();
+    if (count < components_) {
         inSeveralScans_ = true;
     }
+    std::array<uchar, componentsAtMost> scanned{};
+    const auto taken = static_cast<size_t>(std::min(count, componentsAtMost));
+    for (size_t i = 0; i < taken; ++i) {
+        scanned[i] = source_.Byte();
+        source_.Skip(1);
+    }
+    const int first = source_.Byte();
+    const int last = source_.Byte();
+    const int bitsLeft = source_.Byte() & 0xF;
+    told_.Add(std::span(scanned).first(taken), first, last, bitsLeft);
     // A narrow picture is decoded in blocks of up to 32 pixels a side, whatever it keeps of them.
     const auto padded = [](int extent) { return (qint64(extent) + 31) / 32 * 32; };
     const qint64 visits = scans_ * padded(size_.width()) * padded(size_.height());
@@ -288,7 +344,10 @@ std::optional<PictureOutline> JpegWalk::Outline() const
     if (scans_ == 0 || !IsCredible(size_, scanBytes_, jpegPixelsPerByte)) {
         return {};
     }
-    return PictureOutline{ PictureKind::Jpeg, size_, QRect(QPoint(), size_), source_.Position() };
+    return PictureOutline{ .kind = PictureKind::Jpeg,
+                           .size = size_,
+                           .firstFrame = QRect(QPoint(), size_),
+                           .dataEnd = source_.Position() };
 }
 
 /**
@@ -465,7 +524,7 @@ std::optional<PictureOutline> GifWalk::ReadFrame()
     if (end == 0 || !IsCredible(whole, dataBytes_, gifPixelsPerByte)) {
         return {};
     }
-    return PictureOutline{ PictureKind::Gif, whole, frame, end };
+    return PictureOutline{ .kind = PictureKind::Gif, .size = whole, .firstFrame = frame, .dataEnd = end };
 }
 
 /** The end of the sub-block that fills the frame; nought when none does or the last sub-block is missing. */

@@ -19,14 +19,17 @@ enum class PictureKind { Jpeg, Gif };
 struct PictureOutline
 {
     PictureKind kind = PictureKind::Jpeg;
-    QSize size;         ///< before any turning; a GIF's canvas is widened until it holds the first frame
-    QRect firstFrame;   ///< the part of the picture that the file has pixels for
+    QSize size;       ///< before any turning; a GIF's canvas is widened until it holds the first frame
+    QRect firstFrame; ///< the part of the picture that the file has pixels for
+    bool lacksEndMark =
+        false;          ///< a JPEG that ends behind its scans; only decoding tells whether these are whole
     qint64 dataEnd = 0; ///< from this offset on there is nothing that the picture, or its first frame, needs
 };
 
 /**
  * Walks through the file behind `device`, which stands at its start, decoding nothing and holding little
- * of it in memory. Returns nothing unless it is a JPEG or GIF picture that is there up to its end, and
- * that cannot make a decoder work or allocate out of all proportion to what a true picture would.
+ * of it in memory. Returns nothing unless it is a JPEG or GIF picture that is there up to its end, a JPEG's
+ * end mark aside, and that cannot make a decoder work or allocate out of all proportion to what a true
+ * picture would.
  */
 [[nodiscard]] std::optional<PictureOutline> CheckPicture(QIODevice& device);

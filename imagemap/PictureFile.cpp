@@ -8,6 +8,7 @@
 #include <QImageReader>
 #include <QtEndian>
 #include <algorithm>
+#include <array>
 #include <optional>
 
 namespace {
@@ -45,9 +46,61 @@ QImage Decode(QIODevice& device, const QByteArray& format)
     return reader.read(&image) ? image : QImage();
 }
 
+/**
+ * What a decoder takes for more of a scan that has not ended, and passes over behind one that has: `bits`,
+ * and the marks of all restarts with some more behind each.
+ */
+QByteArray MoreOfAScan(const QByteArray& bits)
+{
+    constexpr int pieces = 16;
+    constexpr int restarts = 8;
+    constexpr int firstRestart = 0xD0;
+    QByteArray more = bits.repeated(pieces);
+    for (int piece = 0; piece < pieces; ++piece) {
+        more.append('\xFF').append(static_cast<char>(firstRestart + piece % restarts)).append(bits);
+    }
+    return more;
+}
+
+QImage DecodeBytes(QByteArray bytes, const QByteArray& format)
+{
+    QBuffer buffer(&bytes);
+    return buffer.open(QIODevice::ReadOnly) ? Decode(buffer, format) : QImage();
+}
+
+/** Decodes a JPEG that lacks its end mark, and nothing else: more of its last scan would make no difference.
+ */
+QImage DecodeWithoutEndMark(QFile& file)
+{
+    static constexpr std::array moreBits = { "fedba7f36de4913bc25ba7136de4913b",
+                                             "5ba7136de4913bc25ba7136de4913bfe" };
+    const QByteArray endMark = QByteArrayLiteral("\xFF\xD9");
+    QByteArray bytes = file.readAll();
+    if (bytes.endsWith('\xFF')) {
+        // Half of the end mark, or a byte of a scan: that is written with a nought behind it.
+        bytes.append('\0');
+    }
+    const auto hashOf = [](QImage image) {
+        // Rows of other formats end in bytes that mean nothing.
+        image.convertTo(QImage::Format_RGB32);
+        return qHashBits(image.constBits(), static_cast<size_t>(image.sizeInBytes()));
+    };
+    // A decoder goes on with noughts. The code that is cut off may mean the same with one other continuation,
+    // but not with two that differ from their first bits on.
+    std::array<size_t, 2> withMore = {};
+    std::transform(moreBits.begin(), moreBits.end(), withMore.begin(), [&](const char* bits) {
+        return hashOf(DecodeBytes(bytes + MoreOfAScan(QByteArray::fromHex(bits)) + endMark, "jpeg"));
+    });
+    QImage image = DecodeBytes(bytes + endMark, "jpeg");
+    const size_t hash = hashOf(image);
+    return std::all_of(withMore.begin(), withMore.end(), [hash](size_t other) { return other == hash; })
+               ? image
+               : QImage();
+}
+
 QImage DecodeJpeg(QFile& file, const PictureOutline& outline)
 {
-    QImage image = Decode(file, "jpeg");
+    QImage image = outline.lacksEndMark ? DecodeWithoutEndMark(file) : Decode(file, "jpeg");
     if (image.size() != outline.size && image.size() != outline.size.transposed()) {
         return {};
     }

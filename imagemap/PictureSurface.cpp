@@ -1,5 +1,7 @@
 #include "imagemap/PictureSurface.h"
 
+#include "imagemap/FigurePainting.h"
+
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -7,48 +9,19 @@
 
 namespace {
 
-/** The pixels a figure can touch. */
-QRect BoundsOf(const PaintedFigure& figure)
+/** How far beyond its bounds a figure with its edge reaches. */
+constexpr int edgeWidth = 1;
+/** Where the screen's pixels do not meet the picture's, those at the border belong to both sides of it. */
+constexpr int sharedBorder = 1;
+
+QRect Grown(const QRect& rect, int by)
 {
-    if (figure.kind == kindCircle) {
-        const int across = 2 * figure.radius + 1;
-        return { figure.x1 - figure.radius, figure.y1 - figure.radius, across, across };
-    }
-    return { QPoint(std::min(figure.x1, figure.x2), std::min(figure.y1, figure.y2)),
-             QPoint(std::max(figure.x1, figure.x2), std::max(figure.y1, figure.y2)) };
+    return rect.adjusted(-by, -by, by, by);
 }
 
-/** The outline with both corners on it, as four bars that share no pixel: inverting twice would undo. */
-void PaintBox(QPainter& painter, const QRect& box, const QColor& color)
+QRgb* PixelOf(QImage& image, int x, int y)
 {
-    painter.fillRect(QRect(box.topLeft(), QSize(box.width(), 1)), color);
-    if (box.height() > 1) {
-        painter.fillRect(QRect(box.bottomLeft(), QSize(box.width(), 1)), color);
-    }
-    const QSize side(1, box.height() - 2);
-    if (side.height() <= 0) {
-        return;
-    }
-    painter.fillRect(QRect(box.topLeft() + QPoint(0, 1), side), color);
-    if (box.width() > 1) {
-        painter.fillRect(QRect(box.topRight() + QPoint(0, 1), side), color);
-    }
-}
-
-/** Paints the outline of `figure`, one pixel wide. */
-void PaintOutline(QPainter& painter, const PaintedFigure& figure, const QColor& color)
-{
-    const QRect bounds = BoundsOf(figure);
-    if (figure.kind == kindRectangle || bounds.width() == 1 || bounds.height() == 1) {
-        PaintBox(painter, bounds, color);
-        return;
-    }
-    painter.setPen(QPen(color, 1));
-    if (figure.kind == kindCircle) {
-        painter.drawEllipse(QPoint(figure.x1, figure.y1), figure.radius, figure.radius);
-    } else {
-        painter.drawLine(figure.x1, figure.y1, figure.x2, figure.y2);
-    }
+    return reinterpret_cast<QRgb*>(image.scanLine(y)) + x;
 }
 
 qint64 PixelsOf(QSize size)
@@ -86,7 +59,15 @@ void PictureSurface::SetPicture(const QImage& picture)
     rubber_.reset();
     drawing_ = picture_;
     painted_.clear();
+    outlines_ = {};
+    edges_ = {};
     resize(picture_.size());
+    update();
+}
+
+void PictureSurface::SetForegroundColor(const QColor& color)
+{
+    foregroundColor_ = color;
     update();
 }
 
@@ -96,22 +77,41 @@ void PictureSurface::PaintFigure(const PaintedFigure& figure, Pen pen)
         EraseRubberFigure();
         rubber_ = figure;
     } else if (!drawing_.isNull()) {
-        QPainter painter(&drawing_);
-        PaintOutline(painter, figure, foregroundColor_);
-        const QRect part = BoundsOf(figure).adjusted(-1, -1, 1, 1) & drawing_.rect();
-        if (!part.isEmpty()) {
-            painted_ << part;
-        }
+        PaintForGood(figure);
     }
-    update(BoundsOf(figure));
+    UpdateFigure(figure);
+}
+
+void PictureSurface::PaintForGood(const PaintedFigure& figure)
+{
+    const QRect part = Grown(BoundsOf(figure), edgeWidth) & drawing_.rect();
+    if (part.isEmpty()) {
+        return;
+    }
+    if (outlines_.isNull()) {
+        outlines_ = EmptyMask(drawing_.size());
+        edges_ = outlines_;
+    }
+    QPainter painter(&drawing_);
+    PaintOutline(painter, figure, foregroundColor_);
+    QPainter outlines(&outlines_);
+    PaintOutline(outlines, figure, maskColor);
+    QPainter edges(&edges_);
+    PaintEdge(edges, figure, maskColor);
+    painted_ << part;
 }
 
 void PictureSurface::EraseRubberFigure()
 {
     if (rubber_) {
-        update(BoundsOf(*rubber_));
+        UpdateFigure(*rubber_);
         rubber_.reset();
     }
+}
+
+void PictureSurface::UpdateFigure(const PaintedFigure& figure)
+{
+    update(Grown(BoundsOf(figure), edgeWidth + sharedBorder));
 }
 
 void PictureSurface::ClearDrawing()
@@ -123,11 +123,17 @@ void PictureSurface::ClearDrawing()
     }
     if (pixels > PixelsOf(drawing_.size())) {
         drawing_ = picture_;
+        outlines_.fill(0);
+        edges_.fill(0);
     } else if (pixels > 0) {
         // A hundred megapixels are not copied again for the sake of some figures.
         QPainter painter(&drawing_);
+        QPainter outlines(&outlines_);
+        QPainter edges(&edges_);
         for (const QRect& part : painted_) {
             painter.drawImage(part, picture_, part);
+            outlines.fillRect(part, Qt::black);
+            edges.fillRect(part, Qt::black);
         }
     }
     painted_.clear();
@@ -137,19 +143,48 @@ void PictureSurface::ClearDrawing()
 void PictureSurface::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    const QRect exposed = event->rect() & drawing_.rect();
-    if (!rubber_ || !BoundsOf(*rubber_).intersects(exposed)) {
+    const QRect exposed = Grown(event->rect(), sharedBorder) & drawing_.rect();
+    const auto isExposed = [&exposed](const QRect& part) { return part.intersects(exposed); };
+    const bool hasRubber = rubber_ && isExposed(BoundsOf(*rubber_));
+    if (exposed.isEmpty() || (!hasRubber && std::none_of(painted_.begin(), painted_.end(), isExposed))) {
         painter.drawImage(exposed, drawing_, exposed);
         return;
     }
-    // Inverted in the picture's own pixels, so that the figure looks the same at every scaling.
+    // In the picture's own pixels, so that figures look the same at every scaling.
     QImage part = drawing_.copy(exposed);
-    QPainter inverter(&part);
-    inverter.translate(-exposed.topLeft());
-    inverter.setCompositionMode(QPainter::CompositionMode_Difference);
-    PaintOutline(inverter, *rubber_, Qt::white);
-    inverter.end();
+    LightenEdges(part, exposed);
+    if (hasRubber) {
+        ShowRubber(part, exposed);
+    }
     painter.drawImage(exposed, part);
+}
+
+/** Gives the outlines in `part`, which shows the picture's pixels in `place`, their light edges. */
+void PictureSurface::LightenEdges(QImage& part, const QRect& place) const
+{
+    if (edges_.isNull()) {
+        return;
+    }
+    const QRgb outline = foregroundColor_.rgb();
+    ForEachPixel(edges_, place, [&](int x, int y) {
+        // An edge lies under all outlines, also under those that were there before it.
+        if (outlines_.pixelIndex(x, y) == 0 && NeedsLightEdge(picture_.pixel(x, y), outline)) {
+            *PixelOf(part, x - place.left(), y - place.top()) = lightEdge;
+        }
+    });
+}
+
+void PictureSurface::ShowRubber(QImage& part, const QRect& place) const
+{
+    QImage mask = EmptyMask(part.size());
+    QPainter painter(&mask);
+    painter.translate(-place.topLeft());
+    PaintOutline(painter, *rubber_, maskColor);
+    painter.end();
+    ForEachPixel(mask, mask.rect(), [&part](int x, int y) {
+        QRgb* const pixel = PixelOf(part, x, y);
+        *pixel = RubberColor(*pixel);
+    });
 }
 
 void PictureSurface::mousePressEvent(QMouseEvent* event)

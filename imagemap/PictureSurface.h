@@ -10,7 +10,8 @@
 
 /**
  * The widget that shows the picture: one pixel of it is one pixel of the picture at any scaling of the
- * screen. Figures painted with the copy pen stay on it; one figure at a time follows the mouse.
+ * screen. Figures painted with the copy pen stay on it, with a light edge outside where the picture would
+ * swallow them; one figure at a time follows the mouse, inverted or in whatever colour can be seen.
  *
  * It only forwards the mouse, a double click as two presses; what a press means is decided elsewhere.
  */
@@ -26,8 +27,9 @@ public:
 
     [[nodiscard]] QColor ForegroundColor() const { return foregroundColor_; }
 
-    /** The colour of figures painted from now on. */
-    void SetForegroundColor(const QColor& color) { foregroundColor_ = color; }
+    /** The colour of figures painted from now on; those that are there keep theirs until they are painted
+     * anew. */
+    void SetForegroundColor(const QColor& color);
 
     void PaintFigure(const PaintedFigure& figure, Pen pen);
     void EraseRubberFigure();
@@ -48,8 +50,15 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void PaintForGood(const PaintedFigure& figure);
+    void UpdateFigure(const PaintedFigure& figure);
+    void LightenEdges(QImage& part, const QRect& place) const;
+    void ShowRubber(QImage& part, const QRect& place) const;
+
     QImage picture_;
     QImage drawing_;       ///< the picture with its figures; shares the picture's pixels until the first one
+    QImage outlines_;      ///< a mask of what figures were painted on; none before the first
+    QImage edges_;         ///< a mask of what lies just outside of figures
     QList<QRect> painted_; ///< where figures were painted since the drawing was the bare picture
     std::optional<PaintedFigure> rubber_;
     QColor foregroundColor_ = Qt::black;

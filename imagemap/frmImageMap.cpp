@@ -1,12 +1,16 @@
 #include "imagemap/frmImageMap.h"
 
 #include "codegen/MapMarkup.h"
+#include "imagemap/DrawingHints.h"
 #include "imagemap/PictureFile.h"
+#include "imagemap/ToolMarks.h"
 #include "imagemap/frmJSOptions.h"
 #include "linkdialog/frmIMLink.h"
 #include "shared/CommandTables.h"
+#include "shared/ElidedLabel.h"
 #include "shared/HelpViewer.h"
 #include "shared/Paths.h"
+#include "shared/RowDelegate.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmImageMap.h"
 
@@ -14,6 +18,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QShortcut>
 #include <QThread>
 #include <algorithm>
 
@@ -67,6 +72,9 @@ static_assert(IsToolbarInOrder(toolbarRows, toolbarPositions));
 constexpr int messageColumn = 4;
 /** Room for the columns before the message, in digits: a row's name, a link, a frame, some coordinates. */
 constexpr int columnDigits[messageColumn] = { 20, 22, 10, 20 };
+/** Room for the list with its headers, and to draw in. */
+constexpr QSize leastSize(760, 560);
+constexpr QStringView helpPage = u"image-map-editor";
 constexpr const char* noPictureText = "Open an Image !";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
@@ -108,6 +116,7 @@ frmImageMap::frmImageMap(ImgMap& imgMap, DocumentSink& document, HelpViewer& hel
     ui_->cmbAlign->setCurrentIndex(-1);
     NameParts(ui_->cmbAlign);
     CreateCommands();
+    CreateKeys();
     CreateStatusBar();
     CreateList();
     ConnectPicture();
@@ -119,27 +128,53 @@ void frmImageMap::CreateCommands()
 {
     FillMenuBar<frmImageMap>(ui_->MenuBar1, this, menuRows);
     FillToolbar<frmImageMap>(ui_->Toolbar1, this, toolbarRows);
+    for (const ToolMark& mark : toolMarks) {
+        ToolbarButton(ui_->Toolbar1, mark.position)->setCheckable(true);
+    }
+}
+
+void frmImageMap::CreateKeys()
+{
+    connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, &frmImageMap::ShowPageOfHelp);
+    escape_ = new QShortcut(Qt::Key_Escape, this);
+    connect(escape_, &QShortcut::activated, this, &frmImageMap::GiveUpDrawing);
 }
 
 void frmImageMap::CreateStatusBar()
 {
-    panel1_ = new QLabel(QString::fromLatin1(noPictureText), this);
-    panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
-    panel2_ = new QLabel(QString::fromLatin1(noPictureText), this);
-    panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
-    for (QLabel* const panel : { panel1_, panel2_ }) {
-        panel->setTextFormat(Qt::PlainText);
-        // A long file name must not widen the window.
-        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        ui_->StatusBar1->addWidget(panel, 1);
+    // The parts of the width that the panels take.
+    struct Panel
+    {
+        ElidedLabel*& label;
+        const char* name;
+        int part;
+    };
+    const std::array<Panel, 3> panels = { {
+        { panel1_, "StatusBar1_Panel1", 4 },
+        { panel2_, "StatusBar1_Panel2", 3 },
+        { panel3_, "StatusBar1_Panel3", 5 },
+    } };
+    for (const Panel& panel : panels) {
+        panel.label = new ElidedLabel(this);
+        panel.label->setObjectName(QString::fromLatin1(panel.name));
+        ui_->StatusBar1->addWidget(panel.label, panel.part);
     }
+    panel1_->setText(QString::fromLatin1(noPictureText));
+    panel2_->setText(QString::fromLatin1(noPictureText));
 }
 
 void frmImageMap::CreateList()
 {
-    ui_->ListView1->header()->setStretchLastSection(false);
+    QHeaderView* const header = ui_->ListView1->header();
+    header->setStretchLastSection(false);
     FitColumns();
-    ui_->ListView1->header()->installEventFilter(this);
+    connect(header, &QHeaderView::sectionResized, this, [this](int column) {
+        if (column != messageColumn) {
+            FitMessageColumn();
+        }
+    });
+    ui_->ListView1->setItemDelegate(new RowDelegate(ui_->ListView1));
+    header->installEventFilter(this);
     ui_->ListView1->installEventFilter(this);
     ui_->ListView1->viewport()->installEventFilter(this);
 }
@@ -148,11 +183,32 @@ void frmImageMap::FitColumns()
 {
     QHeaderView* const header = ui_->ListView1->header();
     const int digit = fontMetrics().horizontalAdvance(u'0');
+    // What the columns would like beyond their headers, they share out when there is not so much room.
+    std::array<int, messageColumn> wishes = {};
+    int wanted = 0;
+    int room = ui_->ListView1->viewport()->width() - header->sectionSizeHint(messageColumn);
     for (int column = 0; column < messageColumn; ++column) {
-        header->resizeSection(
-            column, std::max(header->sectionSizeHint(column), columnDigits[column] * digit));
+        const int needed = header->sectionSizeHint(column);
+        int& wish = wishes[static_cast<std::size_t>(column)];
+        wish = std::max(columnDigits[column] * digit - needed, 0);
+        wanted += wish;
+        room -= needed;
     }
-    header->resizeSection(messageColumn, header->sectionSizeHint(messageColumn));
+    const int given = std::clamp(room, 0, wanted);
+    for (int column = 0; column < messageColumn; ++column) {
+        const int wish = wishes[static_cast<std::size_t>(column)];
+        header->resizeSection(
+            column, header->sectionSizeHint(column) + (wanted > 0 ? wish * given / wanted : 0));
+    }
+    FitMessageColumn();
+}
+
+/** The last column takes the room that the others leave, and no less than its header needs. */
+void frmImageMap::FitMessageColumn()
+{
+    QHeaderView* const header = ui_->ListView1->header();
+    const int left = ui_->ListView1->viewport()->width() - header->sectionPosition(messageColumn);
+    header->resizeSection(messageColumn, std::max(header->sectionSizeHint(messageColumn), left));
 }
 
 void frmImageMap::ConnectPicture()
@@ -170,6 +226,8 @@ void frmImageMap::Form_Load()
 {
     GoToProgramFolder(imgMap_);
     CentreOnScreen(this);
+    setMinimumSize(
+        (leastSize * TextGrowth(this)).boundedTo(RoomOnScreen(this)).expandedTo(minimumSizeHint()));
     ToggleFlatLook(ui_->Toolbar1);
     AbandonDrawing();
     protocol_.SelectCursor();
@@ -189,8 +247,9 @@ bool frmImageMap::event(QEvent* event)
 
 bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool isDoubleClick =
-        watched == ui_->ListView1->viewport() && event->type() == QEvent::MouseButtonDblClick;
+    const bool isDoubleClick = watched == ui_->ListView1->viewport() &&
+                               event->type() == QEvent::MouseButtonDblClick &&
+                               static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
     const bool isEnter = watched == ui_->ListView1 && event->type() == QEvent::KeyPress &&
                          (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Return ||
                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Enter);
@@ -198,6 +257,9 @@ bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
         (event->type() == QEvent::Polish || event->type() == QEvent::FontChange)) {
         // The desktop may have a font of its own for headers, which comes when they are shown.
         QMetaObject::invokeMethod(this, &frmImageMap::FitColumns, Qt::QueuedConnection);
+    }
+    if (watched == ui_->ListView1->viewport() && event->type() == QEvent::Resize) {
+        FitMessageColumn();
     }
     if (watched == ui_->HScroll1 && event->type() == QEvent::KeyPress &&
         HScroll1_KeyDown(*static_cast<QKeyEvent*>(event))) {
@@ -247,6 +309,7 @@ void frmImageMap::ShowPicture(const QString& path)
     ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
     ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
     panel2_->setText(FileNameOnly(path));
+    panel2_->setToolTip(PlainToolTip(panel2_->text()));
     imgMap_.ImageUrl = path;
     PathToFileUrl(imgMap_.ImageUrl);
     ui_->Check1->setEnabled(true);
@@ -254,6 +317,7 @@ void frmImageMap::ShowPicture(const QString& path)
     if (protocol_.Tool() == DrawingTool::Cursor) {
         protocol_.SelectCursor();
     }
+    ShowHint();
 }
 
 void frmImageMap::NewImageMap()
@@ -261,6 +325,7 @@ void frmImageMap::NewImageMap()
     if (imgMap_.Store.FigureCount == 0) {
         AbandonDrawing();
         ui_->ListView1->clear();
+        ShowHint();
     } else if (DiscardMap()) {
         ShowModeHeader();
     }
@@ -289,7 +354,8 @@ void frmImageMap::GenerateMap()
     for (int i = 0; i < AreaCount(); ++i) {
         source.Areas << RowAt(i);
     }
-    document_.InsertAtCaret(GenerateMapFor(imgMap_.Mode, source));
+    const int line = document_.InsertAtCaret(GenerateMapFor(imgMap_.Mode, source));
+    panel3_->setText(InsertedHint(line));
 }
 
 void frmImageMap::CloseImageMapEditor()
@@ -305,6 +371,7 @@ void frmImageMap::DeleteMap()
     protocol_.ClearFigures();
     protocol_.ClearPositionLabels();
     ui_->ListView1->clear();
+    ShowHint();
 }
 
 void frmImageMap::AbandonDrawing()
@@ -416,8 +483,7 @@ void frmImageMap::ReplaceSelectedArea(const QString& link, const QString& messag
 void frmImageMap::SetMessageHeader(const QString& header)
 {
     ui_->ListView1->headerItem()->setText(messageColumn, header);
-    ui_->ListView1->header()->resizeSection(
-        messageColumn, ui_->ListView1->header()->sectionSizeHint(messageColumn));
+    FitColumns();
 }
 
 void frmImageMap::ShowModeHeader()
@@ -434,6 +500,12 @@ void frmImageMap::ShowHelp()
 {
     GoToProgramFolder(imgMap_);
     help_.ShowContents(this);
+}
+
+void frmImageMap::ShowPageOfHelp()
+{
+    GoToProgramFolder(imgMap_);
+    help_.ShowTopic(this, helpPage);
 }
 
 void frmImageMap::mnuJSOptions_Click()
@@ -467,4 +539,17 @@ void frmImageMap::EnableEntries(std::initializer_list<const char*> names, bool e
 void frmImageMap::ShowStatus(QStringView text)
 {
     panel1_->setText(text.toString());
+}
+
+void frmImageMap::ShowHint()
+{
+    const FigureStore& store = imgMap_.Store;
+    const DrawingMoment moment = { .hasPicture = PictureWidth() > 0,
+                                   .hasFigures = store.FigureCount > 0,
+                                   .isInProgress = protocol_.IsInProgress(),
+                                   .drawState = store.DrawState,
+                                   .tool = protocol_.Tool() };
+    panel3_->setText(DrawingHint(moment).toString());
+    // Where nothing is drawn the key is left to whoever has the focus.
+    escape_->setEnabled(moment.isInProgress && !isMessagePending_);
 }

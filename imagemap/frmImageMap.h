@@ -12,8 +12,10 @@ namespace Ui {
 class frmImageMap;
 }
 class HelpViewer;
+class ElidedLabel;
 class QLabel;
 class QScrollBar;
+class QShortcut;
 class frmIMLink;
 class frmJSOptions;
 
@@ -39,6 +41,7 @@ public:
     void GenerateMap();
     void CloseImageMapEditor();
     void ShowHelp();
+    void ShowPageOfHelp();
     void DeleteLastFigure();
     void EditAreaData();
     void EditSelectedArea();
@@ -54,7 +57,10 @@ public:
     /** Throws the whole map away: figures, labels and rows. The picture and its attributes stay. */
     void DeleteMap();
 
-    /** Gives up what is half drawn, so that the next polygon has no corner of it. */
+    /** Gives up what is half drawn, a polygon with all its sides. */
+    void GiveUpDrawing();
+
+    /** Forgets what is half drawn, so that the next polygon has no corner of it. */
     void AbandonDrawing();
 
     void ShowModeHeader() override;
@@ -100,8 +106,10 @@ private:
 
     void CreateStatusBar();
     void CreateCommands();
+    void CreateKeys();
     void CreateList();
     void FitColumns();
+    void FitMessageColumn();
     void ConnectPicture();
     void ShowPicture(const QString& path);
     void UpdateScrollBars();
@@ -109,6 +117,7 @@ private:
     void EnableButtons(std::initializer_list<int> positions, bool enable);
     void EnableEntries(std::initializer_list<const char*> names, bool enable);
     void ShowStatus(QStringView text);
+    void ShowHint();
     [[nodiscard]] bool DiscardMap();
     [[nodiscard]] AreaRow RowAt(int index) const;
     void EditArea(const QString& hint);
@@ -123,8 +132,11 @@ private:
     std::unique_ptr<Ui::frmImageMap> ui_;
     DrawingProtocol protocol_;
     std::array<QLabel*, drawingLabels.size()> labels_ = {};
-    QLabel* panel1_ = nullptr;
-    QLabel* panel2_ = nullptr;
+    ElidedLabel* panel1_ = nullptr;
+    ElidedLabel* panel2_ = nullptr;
+    ElidedLabel* panel3_ = nullptr;
+    QShortcut* escape_ = nullptr;
+    QPoint wheelRest_; ///< what the wheel turned beyond whole pixels, in pixels and parts of a notch
     QPointer<frmIMLink> linkDialog_;
     QPointer<frmJSOptions> jsOptions_;
     bool isMessagePending_ = false; ///< a dialog that the mouse asked for is about to open

@@ -1,8 +1,11 @@
 // The image map editor's picture: mouse, painting, scrolling and the dialogs that a drawing leads to.
 
+#include "imagemap/DrawingHints.h"
+#include "imagemap/ToolMarks.h"
 #include "imagemap/frmImageMap.h"
 #include "linkdialog/frmIMLink.h"
 #include "shared/CommandTables.h"
+#include "shared/ElidedLabel.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmImageMap.h"
 
@@ -40,6 +43,7 @@ void frmImageMap::PictureDisplay_MouseDown(int button, float x, float y)
 {
     if (!isMessagePending_) {
         protocol_.MouseDown(button, x, y);
+        ShowHint();
     }
 }
 
@@ -52,6 +56,7 @@ void frmImageMap::PictureDisplay_MouseUp(int button, float x, float y)
 {
     if (!isMessagePending_) {
         protocol_.MouseUp(button, x, y);
+        ShowHint();
     }
 }
 
@@ -62,8 +67,12 @@ void frmImageMap::PicNosac_Resize()
 
 void frmImageMap::PicNosac_Wheel(QPoint angle)
 {
-    ui_->HScroll1->setValue(ui_->HScroll1->value() - angle.x() * wheelSteps * scrollStep / wheelNotch);
-    ui_->VScroll1->setValue(ui_->VScroll1->value() - angle.y() * wheelSteps * scrollStep / wheelNotch);
+    // Fine wheels and touchpads turn by less than a pixel at a time.
+    wheelRest_ += angle * (wheelSteps * scrollStep);
+    const QPoint pixels(wheelRest_.x() / wheelNotch, wheelRest_.y() / wheelNotch);
+    wheelRest_ -= pixels * wheelNotch;
+    ui_->HScroll1->setValue(ui_->HScroll1->value() - pixels.x());
+    ui_->VScroll1->setValue(ui_->VScroll1->value() - pixels.y());
 }
 
 void frmImageMap::HScroll1_Change(int value)
@@ -114,6 +123,16 @@ void frmImageMap::SelectCursor()
 void frmImageMap::DeleteLastFigure()
 {
     protocol_.DeleteLastFigure();
+    ShowHint();
+}
+
+void frmImageMap::GiveUpDrawing()
+{
+    // A figure whose dialog is open, or about to be, is no longer being drawn.
+    if (!isMessagePending_ && linkDialog_ == nullptr) {
+        protocol_.GiveUpDrawing();
+        ShowHint();
+    }
 }
 
 void frmImageMap::PickFigureColor()
@@ -189,20 +208,10 @@ void frmImageMap::EnableFigureCommands(bool enable)
 
 void frmImageMap::ShowTool()
 {
-    struct Mark
-    {
-        const char* entry;
-        DrawingTool tool;
-    };
-    static constexpr std::array<Mark, 4> marks = { {
-        { "mnuFigNum_5", DrawingTool::Rectangle },
-        { "mnuFigNum_6", DrawingTool::Circle },
-        { "mnuFigNum_7", DrawingTool::Line },
-        { "mnuCursor", DrawingTool::Cursor },
-    } };
-    for (const Mark& mark : marks) {
-        QAction* const entry = ui_->MenuBar1->findChild<QAction*>(QString::fromLatin1(mark.entry));
-        entry->setChecked(mark.tool == protocol_.Tool());
+    for (const ToolMark& mark : toolMarks) {
+        const bool isChosen = mark.tool == protocol_.Tool();
+        ui_->MenuBar1->findChild<QAction*>(QString::fromLatin1(mark.entry))->setChecked(isChosen);
+        ToolbarButton(ui_->Toolbar1, mark.position)->setChecked(isChosen);
     }
     ShowDrawingMode();
 }
@@ -210,6 +219,7 @@ void frmImageMap::ShowTool()
 void frmImageMap::ShowDrawingMode()
 {
     ShowStatus(DrawingModeText(protocol_.Tool()));
+    ShowHint();
 }
 
 void frmImageMap::ReportFullStore(FullStoreText text)
@@ -221,6 +231,7 @@ void frmImageMap::ReportFullStore(FullStoreText text)
         [this, text] {
             ShowMessage(this, QMessageBox::Warning, FullStoreMessage(text));
             isMessagePending_ = false;
+            ShowHint();
         },
         Qt::QueuedConnection);
 }
@@ -243,6 +254,7 @@ void frmImageMap::OpenLinkDialog(const AreaRow* replaced)
     linkDialog_ = new frmIMLink(imgMap_, *this, this);
     linkDialog_->Form_Load(replaced);
     if (!linkDialog_->IsUnloaded()) {
+        panel3_->setText(linkingHint.toString());
         linkDialog_->show();
     }
 }

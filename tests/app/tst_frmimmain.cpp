@@ -738,7 +738,7 @@ void tst_frmimmain::mapGoesIntoTheDocumentAtTheCaret()
     test_->Editor()->LoadText(QStringLiteral("a\r\n[old]\r\nb"));
     test_->Editor()->Select(3, 5);
     DocumentSink& document = test_->window;
-    document.InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n"));
+    QCOMPARE(document.InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n")), 2);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("a\r\n<MAP>\r\n</MAP>\r\n\r\nb"));
     QCOMPARE(test_->Editor()->SelStart(), qsizetype(18));
     QVERIFY(test_->window.DocumentChanged());

@@ -162,11 +162,12 @@ public:
         QCoreApplication::processEvents();
     }
 
-    void InsertAtCaret(const QString& text) override
+    int InsertAtCaret(const QString& text) override
     {
         inserted = text;
         source_.ReplaceSelection(text);
         QCoreApplication::processEvents();
+        return 1;
     }
 
     QString inserted;

@@ -38,7 +38,7 @@ constexpr QSize shownPart(800, 600);
 class NoDocument : public DocumentSink
 {
 public:
-    void InsertAtCaret(const QString&) override {}
+    int InsertAtCaret(const QString&) override { return 1; }
 };
 
 /** A picture with as much detail as a photograph, so that its decoding is no special case. */

@@ -21,8 +21,13 @@
 class FakeDocument : public DocumentSink
 {
 public:
-    void InsertAtCaret(const QString& text) override { inserted << text; }
+    int InsertAtCaret(const QString& text) override
+    {
+        inserted << text;
+        return line;
+    }
 
+    int line = 1; ///< where the caret is
     QStringList inserted;
 };
 

@@ -40,6 +40,10 @@ private Q_SLOTS:
     void menusHaveTheirEntriesInOrder_data();
     void menusHaveTheirEntriesInOrder();
     void helpEntryShowsTheContents();
+    void helpKeyShowsTheEditorsPage();
+    void thirdPanelTellsToOpenAPicture();
+    void panelsStandInOrder();
+    void windowHasALeastSize();
     void toolbarHasItsButtonsAndSeparators();
     void toolbarButtonsShowPictures();
 
@@ -212,6 +216,45 @@ void tst_frmimagemap::helpEntryShowsTheContents()
     test_->Entry("mnuContents")->trigger();
     QCOMPARE(test_->help.Asked, QStringList({ QStringLiteral("contents") }));
     QCOMPARE(QDir::currentPath(), QDir(test_->imgMap.ProgramFolder).canonicalPath());
+}
+
+void tst_frmimagemap::helpKeyShowsTheEditorsPage()
+{
+    QVERIFY(test_->Start());
+    for (const char* const name : { "txtName", "ListView1", "Check1" }) {
+        test_->Find<QWidget>(name)->setFocus();
+        QTest::keyClick(test_->editor->windowHandle(), Qt::Key_F1);
+        QCOMPARE(test_->help.Asked, QStringList({ QStringLiteral("image-map-editor") }));
+        test_->help.Asked.clear();
+    }
+}
+
+void tst_frmimagemap::thirdPanelTellsToOpenAPicture()
+{
+    QCOMPARE(test_->Text("StatusBar1_Panel3"), QStringLiteral("First open a picture, a JPG or GIF file"));
+    test_->OpenPicture();
+    QCOMPARE(
+        test_->Text("StatusBar1_Panel3"), QStringLiteral("Choose Rectangle, Circle or Line to draw an area"));
+}
+
+void tst_frmimagemap::panelsStandInOrder()
+{
+    int right = -1;
+    for (const char* const name : { "StatusBar1_Panel1", "StatusBar1_Panel2", "StatusBar1_Panel3" }) {
+        const auto* const panel = test_->Find<QLabel>(name);
+        QVERIFY2(panel->x() > right, name);
+        QVERIFY2(panel->width() > 100, name);
+        right = panel->geometry().right();
+    }
+}
+
+void tst_frmimagemap::windowHasALeastSize()
+{
+    test_->editor->resize(10, 10);
+    QTRY_VERIFY(test_->editor->width() < 900);
+    QVERIFY(test_->editor->width() >= 600);
+    QVERIFY(test_->Find<QWidget>("PicNosac")->height() >= 150);
+    QVERIFY(test_->Find<QWidget>("ListView1")->height() >= 100);
 }
 
 void tst_frmimagemap::toolbarHasItsButtonsAndSeparators()

@@ -3,6 +3,7 @@
 #include "tests/imagemap/EditorFixture.h"
 #include "tests/imagemap/Places.h"
 
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QWheelEvent>
@@ -52,8 +53,20 @@ private Q_SLOTS:
     void cursorFreezesTheFigureInProgress();
     void scrollingShiftsOnlyTheView();
     void wheelScrollsThePicture();
+    void fineStepsOfTheWheelAddUp();
+
+    void toolbarShowsTheToolPressed();
+    void thirdPanelTellsWhatToDoNext();
+    void thirdPanelFollowsTheMovedFigure();
+    void escapeGivesUpWhatIsInProgress_data();
+    void escapeGivesUpWhatIsInProgress();
+    void escapeWithoutAFigureIsLeftToOthers();
+    void escapeTakesNothingThatIsBeingLinked();
 
 private:
+    void Turn(QPoint angle, Qt::KeyboardModifiers modifiers = {});
+    [[nodiscard]] QString Hint() const { return test_->Text("StatusBar1_Panel3"); }
+
     std::unique_ptr<EditorFixture> test_;
 };
 
@@ -583,28 +596,205 @@ void tst_imagemapdrawing::scrollingShiftsOnlyTheView()
     QCOMPARE(test_->Row(1).at(3), QStringLiteral("200, 100, 230, 120"));
 }
 
+void tst_imagemapdrawing::Turn(QPoint angle, Qt::KeyboardModifiers modifiers)
+{
+    const QPointF at(50, 50);
+    QWheelEvent event(
+        at, test_->Surface()->mapToGlobal(at), {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    // Only what comes from outside goes on to the widgets around.
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(test_->Surface(), &event);
+}
+
 void tst_imagemapdrawing::wheelScrollsThePicture()
 {
     test_->OpenPicture({ 1500, 1200 });
-    const auto turn = [this](QPoint angle, Qt::KeyboardModifiers modifiers) {
-        const QPointF at(50, 50);
-        QWheelEvent event(
-            at, test_->Surface()->mapToGlobal(at), {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase,
-            false);
-        // Only what comes from outside goes on to the widgets around.
-        QSpontaneKeyEvent::setSpontaneous(&event);
-        qApp->notify(test_->Surface(), &event);
-    };
-    turn({ 0, -240 }, {});
+    Turn({ 0, -240 });
     const int down = test_->Find<QScrollBar>("VScroll1")->value();
     QVERIFY(down > 0);
     QCOMPARE(test_->Surface()->pos(), QPoint(0, -down));
-    turn({ 0, -120 }, Qt::ShiftModifier);
+    Turn({ 0, -120 }, Qt::ShiftModifier);
     const int right = test_->Find<QScrollBar>("HScroll1")->value();
     QVERIFY(right > 0);
     QCOMPARE(test_->Surface()->pos(), QPoint(-right, -down));
-    turn({ 120, 240 }, {});
+    Turn({ 120, 240 });
     QCOMPARE(test_->Surface()->pos(), QPoint(0, 0));
+}
+
+void tst_imagemapdrawing::fineStepsOfTheWheelAddUp()
+{
+    test_->OpenPicture({ 1500, 1200 });
+    constexpr int steps = 60;
+    constexpr int notch = 120;
+    Turn({ 0, -notch });
+    const int notchPixels = -test_->Surface()->y();
+    QVERIFY(notchPixels > 0);
+    for (int i = 0; i < steps; ++i) {
+        Turn({ 0, -notch / steps });
+        Turn({ -notch / steps, 0 });
+    }
+    QCOMPARE(test_->Surface()->pos(), QPoint(-notchPixels, -2 * notchPixels));
+    // Back by steps that do not divide a notch.
+    for (int i = 0; i < 2 * notch; ++i) {
+        Turn({ 0, 1 });
+    }
+    QCOMPARE(test_->Surface()->y(), 0);
+}
+
+void tst_imagemapdrawing::toolbarShowsTheToolPressed()
+{
+    const auto pressed = [this] {
+        QList<int> positions;
+        const QList<QAction*> actions = test_->Find<QToolBar>("Toolbar1")->actions();
+        for (int i = 0; i < actions.size(); ++i) {
+            const auto* const button =
+                qobject_cast<QToolButton*>(test_->Find<QToolBar>("Toolbar1")->widgetForAction(actions[i]));
+            if (button != nullptr && button->isChecked()) {
+                positions << i + 1;
+            }
+        }
+        return positions;
+    };
+    QCOMPARE(pressed(), QList<int>{ 9 });
+    for (const int position : { 5, 6, 7, 9 }) {
+        test_->ClickButton(position);
+        QCOMPARE(pressed(), QList<int>{ position });
+        test_->ClickButton(position);
+        QCOMPARE(pressed(), QList<int>{ position });
+    }
+    test_->Entry("mnuFigNum_6")->trigger();
+    QCOMPARE(pressed(), QList<int>{ 6 });
+}
+
+void tst_imagemapdrawing::thirdPanelTellsWhatToDoNext()
+{
+    QCOMPARE(Hint(), QStringLiteral("Choose Rectangle, Circle or Line to draw an area"));
+    test_->ClickButton(5);
+    QCOMPARE(Hint(), QStringLiteral("Drag from one corner to the opposite one"));
+    test_->ClickButton(6);
+    QCOMPARE(Hint(), QStringLiteral("Drag from the centre outwards"));
+    test_->ClickButton(7);
+    QCOMPARE(Hint(), QStringLiteral("Click where the polygon begins"));
+    const QString polygon = QStringLiteral("A click ends a side, the right button the polygon");
+    for (const QPoint corner : { QPoint(20, 20), QPoint(80, 20), QPoint(80, 90) }) {
+        test_->Move(corner);
+        test_->ClickAt(corner);
+        QCOMPARE(Hint(), polygon);
+    }
+    QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Line, draw Polygons !"));
+    test_->ClickButton(9);
+    QCOMPARE(Hint(), QStringLiteral("Choose a tool to go on with the figure, Esc gives it up"));
+    test_->ClickButton(7);
+    QCOMPARE(Hint(), polygon);
+    test_->Move({ 20, 90 });
+    const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] {
+        test_->ClickAt({ 20, 90 }, Qt::RightButton);
+    });
+    QCOMPARE(Hint(), QStringLiteral("Enter where a click on the area leads"));
+    TypeIn(dialog, "cmbLink", "area.htm");
+    ClickIn(dialog, "SSCmdOK");
+    QCOMPARE(Hint(), QStringLiteral("Click where the polygon begins"));
+    test_->ClickButton(9);
+    QCOMPARE(Hint(), QStringLiteral("A double click on a row edits its link"));
+
+    test_->document.line = 17;
+    test_->ClickButton(16);
+    QCOMPARE(Hint(), QStringLiteral("Image map inserted in line 17 of the page"));
+    test_->ClickButton(14);
+    QCOMPARE(Hint(), QStringLiteral("Choose Rectangle, Circle or Line to draw an area"));
+}
+
+void tst_imagemapdrawing::thirdPanelFollowsTheMovedFigure()
+{
+    test_->ClickButton(5);
+    test_->Press({ 20, 20 });
+    const QString sizing = QStringLiteral("The right button held down moves the figure, Esc gives it up");
+    QCOMPARE(Hint(), sizing);
+    test_->Move({ 60, 50 });
+    test_->Press({ 60, 50 }, Qt::RightButton);
+    QCOMPARE(Hint(), QStringLiteral("Let go of the right button to go on with its size"));
+    test_->Release({ 60, 50 }, Qt::RightButton);
+    QCOMPARE(Hint(), sizing);
+    test_->robot.Cancel();
+    test_->Release({ 60, 50 });
+    test_->robot.WaitUntilDone();
+    QCOMPARE(Hint(), QStringLiteral("Drag from one corner to the opposite one"));
+}
+
+void tst_imagemapdrawing::escapeGivesUpWhatIsInProgress_data()
+{
+    QTest::addColumn<QByteArray>("focus");
+    for (const char* const name :
+         { "PictureDisplay", "txtName", "ListView1", "SSTab1", "HScroll1", "Check1" }) {
+        QTest::newRow(name) << QByteArray(name);
+    }
+}
+
+void tst_imagemapdrawing::escapeGivesUpWhatIsInProgress()
+{
+    QFETCH(const QByteArray, focus);
+    test_->DrawRectangle({ 110, 110 }, { 140, 140 });
+    const QImage before = test_->Pixels();
+    auto* const widget = test_->Find<QWidget>(focus.constData());
+    widget->setFocus();
+    const auto press = [this] { QTest::keyClick(test_->editor->windowHandle(), Qt::Key_Escape); };
+
+    test_->ClickButton(7);
+    for (const QPoint corner : { QPoint(20, 20), QPoint(80, 20), QPoint(80, 90) }) {
+        test_->Move(corner);
+        test_->ClickAt(corner);
+    }
+    test_->Move({ 20, 90 });
+    QCOMPARE(test_->imgMap.Store.FigureCount, 3);
+    press();
+    QCOMPARE(test_->Pixels(), before);
+    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 0);
+    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(Hint(), QStringLiteral("Click where the polygon begins"));
+
+    test_->ClickButton(6);
+    test_->Press({ 50, 50 });
+    test_->Move({ 70, 60 });
+    QVERIFY(test_->Pixels() != before);
+    press();
+    QCOMPARE(test_->Pixels(), before);
+    test_->Release({ 70, 60 });
+    test_->Settle();
+    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Circle !"));
+    test_->DrawPolygon({ { 40, 40 }, { 90, 40 }, { 90, 90 } });
+    QCOMPARE(test_->Row(1).at(3), QStringLiteral("40, 40, 90, 40, 90, 90"));
+}
+
+void tst_imagemapdrawing::escapeWithoutAFigureIsLeftToOthers()
+{
+    test_->DrawRectangle({ 110, 110 }, { 140, 140 });
+    const QImage before = test_->Pixels();
+    QTest::keyClick(test_->editor->windowHandle(), Qt::Key_Escape);
+    QCOMPARE(test_->Pixels(), before);
+    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QVERIFY(test_->editor->isVisible());
+    // The menu bar is left by it.
+    auto* const bar = test_->Find<QMenuBar>("MenuBar1");
+    bar->setFocus();
+    bar->setActiveAction(bar->actions().constFirst());
+    QTest::keyClick(bar, Qt::Key_Escape);
+    QTRY_VERIFY(bar->activeAction() == nullptr || !bar->hasFocus());
+}
+
+void tst_imagemapdrawing::escapeTakesNothingThatIsBeingLinked()
+{
+    test_->ClickButton(7);
+    QPointer<QDialog> dialog = test_->DialogOpenedBy([this] {
+        test_->ClickCorners({ { 20, 20 }, { 80, 20 }, { 80, 90 } });
+        // Before the dialog is there.
+        QTest::keyClick(test_->editor->windowHandle(), Qt::Key_Escape);
+    });
+    TypeIn(dialog, "cmbLink", "area.htm");
+    ClickIn(dialog, "SSCmdOK");
+    QCOMPARE(test_->Row(0).at(3), QStringLiteral("20, 20, 80, 20, 80, 90"));
 }
 
 QTEST_MAIN(tst_imagemapdrawing)

@@ -45,6 +45,12 @@ private Q_SLOTS:
     void doubleClickBesideTheRowsNeedsASelectedRow();
     void doubleClickOnTheEmptyListDoesNothing();
     void doubleClickEditsTheRow();
+    void doubleClickOfAnotherButtonEditsNothing_data();
+    void doubleClickOfAnotherButtonEditsNothing();
+    void headersAreWholeWithoutAScrollBar_data();
+    void headersAreWholeWithoutAScrollBar();
+    void lastColumnTakesTheRoomThatIsLeft();
+    void iconOfASelectedRowKeepsItsColours();
     void enterEditsTheSelectedRow();
     void rowCanBeEditedAgainAtOnce();
     void editDataEditsTheSelectedRow_data();
@@ -213,6 +219,87 @@ void tst_imagemaplist::doubleClickEditsTheRow()
     QTRY_VERIFY(dialog == nullptr);
     QCOMPARE(test_->Row(0).at(1), QStringLiteral("one.htm"));
     QCOMPARE(test_->Row(1).at(1), QStringLiteral("new.htm"));
+}
+
+void tst_imagemaplist::doubleClickOfAnotherButtonEditsNothing_data()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::newRow("right") << Qt::RightButton;
+    QTest::newRow("middle") << Qt::MiddleButton;
+}
+
+void tst_imagemaplist::doubleClickOfAnotherButtonEditsNothing()
+{
+    QFETCH(const Qt::MouseButton, button);
+    test_->DrawRectangle({ 10, 10 }, { 40, 40 });
+    SelectRow(0);
+    const QRect row = test_->List()->visualItemRect(test_->List()->topLevelItem(0));
+    QTest::mouseDClick(test_->List()->viewport(), button, {}, row.topLeft() + QPoint(20, 5));
+    test_->Settle();
+    QCOMPARE(test_->editor->findChildren<QDialog*>().size(), 0);
+    QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Rectangle !"));
+}
+
+void tst_imagemaplist::headersAreWholeWithoutAScrollBar_data()
+{
+    QTest::addColumn<int>("mode");
+    for (const int mode : { 0, 1, 2, 3, 4 }) {
+        QTest::addRow("mode %d", mode) << mode;
+    }
+}
+
+void tst_imagemaplist::headersAreWholeWithoutAScrollBar()
+{
+    QFETCH(const int, mode);
+    test_->imgMap.Mode = static_cast<JSMode>(mode);
+    test_->LoadEditor();
+    QVERIFY(test_->Start());
+    const QHeaderView* const header = test_->List()->header();
+    QTRY_COMPARE(header->length(), test_->List()->viewport()->width());
+    for (int column = 0; column < header->count(); ++column) {
+        QVERIFY(header->sectionSize(column) >= header->sectionSizeHint(column));
+    }
+    QVERIFY(!test_->List()->horizontalScrollBar()->isVisible());
+}
+
+void tst_imagemaplist::lastColumnTakesTheRoomThatIsLeft()
+{
+    QHeaderView* const header = test_->List()->header();
+    test_->editor->resize(test_->editor->size() + QSize(150, 0));
+    QTRY_COMPARE(header->length(), test_->List()->viewport()->width());
+    header->resizeSection(2, header->sectionSize(2) - 10);
+    QCOMPARE(header->length(), test_->List()->viewport()->width());
+    test_->editor->resize(test_->editor->size() - QSize(150, 0));
+    QTRY_VERIFY(header->length() == test_->List()->viewport()->width());
+}
+
+void tst_imagemaplist::iconOfASelectedRowKeepsItsColours()
+{
+    test_->DrawRectangle({ 10, 10 }, { 40, 40 });
+    QTreeWidget* const list = test_->List();
+    const QRect row = list->visualItemRect(list->topLevelItem(0));
+    const auto shown = [&] {
+        return list->viewport()->grab(QRect(row.topLeft(), QSize(24, row.height()))).toImage();
+    };
+    const auto count = [](const QImage& image, QColor colour) {
+        int pixels = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                pixels += image.pixelColor(x, y) == colour ? 1 : 0;
+            }
+        }
+        return pixels;
+    };
+    const QImage plain = shown();
+    const QImage icon = list->topLevelItem(0)->icon(0).pixmap(16, 16).toImage();
+    const QColor fill = icon.pixelColor(icon.rect().center());
+    QVERIFY(count(plain, fill) > 0);
+    SelectRow(0);
+    QVERIFY(list->topLevelItem(0)->isSelected());
+    const QImage selected = shown();
+    QVERIFY(selected != plain);
+    QCOMPARE(count(selected, fill), count(plain, fill));
+    QVERIFY(count(selected, list->palette().color(QPalette::Base)) > 0);
 }
 
 void tst_imagemaplist::enterEditsTheSelectedRow()

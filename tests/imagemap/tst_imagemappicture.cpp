@@ -1,5 +1,6 @@
 // Opening a picture in the image map editor, scrolling it, and starting a new map on it.
 
+#include "shared/ElidedLabel.h"
 #include "shared/Paths.h"
 #include "tests/imagemap/EditorFixture.h"
 
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void openingShowsThePictureAndItsSize();
     void openingAGifShowsIt();
     void openingTellsNameAndAddress();
+    void longNameIsElidedInTheMiddle();
     void openingKeepsAChosenTool();
     void openingOffersPicturesOnly();
     void smallPictureNeedsNoScrollBars();
@@ -100,6 +102,23 @@ void tst_imagemappicture::openingTellsNameAndAddress()
     QCOMPARE(test_->Find<QLabel>("StatusBar1_Panel2")->textFormat(), Qt::PlainText);
     QCOMPARE(test_->imgMap.ImageUrl, PathToFileUrl(path));
     QCOMPARE(QDir::current(), QDir(test_->imgMap.ProgramFolder));
+}
+
+void tst_imagemappicture::longNameIsElidedInTheMiddle()
+{
+    const QString name = QString(60, u'a') + QStringLiteral(" &amp; middle ") + QString(60, u'z') + ".jpg";
+    test_->Open(test_->WritePicture({ 50, 50 }, name));
+    const auto* const panel = static_cast<const ElidedLabel*>(test_->Find<QLabel>("StatusBar1_Panel2"));
+    QCOMPARE(panel->text(), name);
+    QCOMPARE(panel->toolTip(), name);
+    const QString shown = panel->ShownText();
+    QVERIFY(shown.startsWith(u"aaa") && shown.endsWith(u"z.jpg") && shown.contains(u'\u2026'));
+    QVERIFY(panel->fontMetrics().horizontalAdvance(shown) <= panel->width());
+    // What looks like markup is shown letter for letter.
+    QVERIFY(!Qt::mightBeRichText(PlainToolTip(name)));
+    QTextDocument tip;
+    tip.setHtml(PlainToolTip(QStringLiteral("<b>bold</b> &amp; x.jpg")));
+    QCOMPARE(tip.toPlainText(), QStringLiteral("<b>bold</b> &amp; x.jpg"));
 }
 
 void tst_imagemappicture::openingKeepsAChosenTool()

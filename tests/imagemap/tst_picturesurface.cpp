@@ -1,8 +1,11 @@
+#include "imagemap/FigurePainting.h"
 #include "imagemap/PictureSurface.h"
 #include "shared/FigureStore.h"
 
+#include <QPainter>
 #include <QRandomGenerator>
 #include <QTest>
+#include <cmath>
 
 namespace {
 
@@ -36,6 +39,13 @@ private Q_SLOTS:
     void clearingShowsTheBarePicture_data();
     void clearingShowsTheBarePicture();
     void clearedDrawingTakesFiguresAgain();
+    void rubberFigureShowsOnEveryGrey();
+    void rubberFigureKeepsInvertingWhereThatShows();
+    void outlineHasALightEdgeOutsideOnDarkGround_data();
+    void outlineHasALightEdgeOutsideOnDarkGround();
+    void outlineHasNoEdgeWhereItShows();
+    void edgeNeverCoversAnotherOutline();
+    void edgesGoWithTheirFigures();
 };
 
 void tst_picturesurface::clearingShowsTheBarePicture_data()
@@ -87,6 +97,163 @@ void tst_picturesurface::clearedDrawingTakesFiguresAgain()
     again.ClearDrawing();
     again.PaintFigure(box, Pen::Copy);
     QCOMPARE(ShownBy(again), ShownBy(once));
+}
+
+void tst_picturesurface::rubberFigureShowsOnEveryGrey()
+{
+    QImage greys(256, 10, QImage::Format_RGB32);
+    for (int x = 0; x < greys.width(); ++x) {
+        for (int y = 0; y < greys.height(); ++y) {
+            greys.setPixel(x, y, qRgb(x, x, x));
+        }
+    }
+    PictureSurface surface;
+    surface.SetPicture(greys);
+    surface.PaintFigure({ kindLine, 0, 5, 255, 5, 0 }, Pen::Invert);
+    const QImage shown = ShownBy(surface);
+    for (int x = 0; x < greys.width(); ++x) {
+        constexpr int seen = 56;
+        QVERIFY2(std::abs(qRed(shown.pixel(x, 5)) - x) >= seen, qPrintable(QString::number(x)));
+    }
+    surface.EraseRubberFigure();
+    QCOMPARE(ShownBy(surface), greys);
+}
+
+void tst_picturesurface::rubberFigureKeepsInvertingWhereThatShows()
+{
+    for (const QRgb ground : { 0xFF000000, 0xFFFFFFFF, 0xFF2050A0, 0xFF509678, 0xFFF0C040 }) {
+        QCOMPARE(RubberColor(ground), ground ^ 0xFFFFFFU);
+    }
+    QCOMPARE(RubberColor(0xFF7F7F7F), 0xFFFFFFFF);
+    QCOMPARE(RubberColor(0xFF808080), 0xFFFFFFFF);
+}
+
+void tst_picturesurface::outlineHasALightEdgeOutsideOnDarkGround_data()
+{
+    QTest::addColumn<PaintedFigure>("figure");
+    QTest::addColumn<QColor>("color");
+    for (const QColor& color : { QColor(Qt::black), QColor(Qt::red), QColor(Qt::darkBlue) }) {
+        const QByteArray name = color.name().toLatin1();
+        QTest::addRow("rectangle in %s", name.constData()) << PaintedFigure{ 5, 30, 20, 90, 60, 0 } << color;
+        QTest::addRow("circle in %s", name.constData()) << PaintedFigure{ 6, 80, 70, 0, 0, 41 } << color;
+        QTest::addRow("small circle in %s", name.constData()) << PaintedFigure{ 6, 80, 70, 0, 0, 3 } << color;
+        QTest::addRow("line in %s", name.constData()) << PaintedFigure{ 7, 30, 20, 90, 47, 0 } << color;
+        QTest::addRow("steep line in %s", name.constData()) << PaintedFigure{ 7, 60, 90, 47, 12, 0 } << color;
+        QTest::addRow("point in %s", name.constData()) << PaintedFigure{ 5, 60, 60, 60, 60, 0 } << color;
+    }
+}
+
+/** Whether `place` lies within the figure, not on it: a line has no inside. */
+static bool IsInside(const PaintedFigure& figure, QPoint place)
+{
+    if (figure.kind == kindRectangle) {
+        return BoundsOf(figure).adjusted(1, 1, -1, -1).contains(place);
+    }
+    return figure.kind == kindCircle &&
+           std::hypot(place.x() - figure.x1, place.y() - figure.y1) < figure.radius;
+}
+
+void tst_picturesurface::outlineHasALightEdgeOutsideOnDarkGround()
+{
+    QFETCH(const PaintedFigure, figure);
+    QFETCH(const QColor, color);
+    const QRgb ground = qRgb(12, 16, 20);
+    QImage dark(200, 150, QImage::Format_RGB32);
+    dark.fill(ground);
+    QImage outline(dark);
+    QPainter painter(&outline);
+    PaintOutline(painter, figure, color);
+    painter.end();
+    PictureSurface surface;
+    surface.SetForegroundColor(color);
+    surface.SetPicture(dark);
+    surface.PaintFigure(figure, Pen::Copy);
+    const QImage shown = ShownBy(surface);
+    const auto isOnOutline = [&](QPoint place) {
+        return outline.rect().contains(place) && outline.pixel(place) == color.rgb();
+    };
+    const auto isBesideOutline = [&](QPoint place) {
+        return isOnOutline(place + QPoint(1, 0)) || isOnOutline(place - QPoint(1, 0)) ||
+               isOnOutline(place + QPoint(0, 1)) || isOnOutline(place - QPoint(0, 1));
+    };
+    const auto isAtCorner = [&](QPoint place) {
+        return isOnOutline(place + QPoint(1, 1)) || isOnOutline(place - QPoint(1, 1)) ||
+               isOnOutline(place + QPoint(-1, 1)) || isOnOutline(place - QPoint(-1, 1));
+    };
+    for (int y = 0; y < dark.height(); ++y) {
+        for (int x = 0; x < dark.width(); ++x) {
+            const QPoint place(x, y);
+            const QRgb pixel = shown.pixel(place);
+            if (isOnOutline(place)) {
+                QCOMPARE(pixel, color.rgb());
+            } else if (isBesideOutline(place) && !IsInside(figure, place)) {
+                QCOMPARE(pixel, qRgb(255, 255, 255));
+            } else if (IsInside(figure, place) || !isAtCorner(place)) {
+                QCOMPARE(pixel, ground);
+            }
+        }
+    }
+}
+
+void tst_picturesurface::outlineHasNoEdgeWhereItShows()
+{
+    QImage light(200, 150, QImage::Format_RGB32);
+    light.fill(qRgb(180, 200, 220));
+    PictureSurface surface;
+    surface.SetPicture(light);
+    surface.PaintFigure({ kindRectangle, 30, 20, 90, 60, 0 }, Pen::Copy);
+    QPainter painter(&light);
+    PaintOutline(painter, { kindRectangle, 30, 20, 90, 60, 0 }, Qt::black);
+    painter.end();
+    QCOMPARE(ShownBy(surface), light);
+}
+
+void tst_picturesurface::edgeNeverCoversAnotherOutline()
+{
+    QImage dark(200, 150, QImage::Format_RGB32);
+    dark.fill(qRgb(12, 16, 20));
+    // Side by side, crossing and within one another, in both orders.
+    QList<PaintedFigure> figures = {
+        { kindRectangle, 30, 20, 90, 60, 0 }, { kindRectangle, 91, 20, 150, 60, 0 },
+        { kindRectangle, 31, 21, 60, 50, 0 }, { kindCircle, 90, 60, 0, 0, 30 },
+        { kindLine, 10, 10, 150, 120, 0 },    { kindLine, 10, 11, 150, 121, 0 }
+    };
+    QImage first;
+    for (int order = 0; order < 2; ++order) {
+        PictureSurface surface;
+        surface.SetPicture(dark);
+        QImage outlines(dark);
+        for (const PaintedFigure& figure : figures) {
+            surface.PaintFigure(figure, Pen::Copy);
+            QPainter painter(&outlines);
+            PaintOutline(painter, figure, Qt::black);
+        }
+        const QImage shown = ShownBy(surface);
+        for (int y = 0; y < dark.height(); ++y) {
+            for (int x = 0; x < dark.width(); ++x) {
+                QVERIFY(outlines.pixel(x, y) != qRgb(0, 0, 0) || shown.pixel(x, y) == qRgb(0, 0, 0));
+            }
+        }
+        QVERIFY(first.isNull() || first == shown);
+        first = shown;
+        std::reverse(figures.begin(), figures.end());
+    }
+}
+
+void tst_picturesurface::edgesGoWithTheirFigures()
+{
+    QImage dark(200, 150, QImage::Format_RGB32);
+    dark.fill(qRgb(12, 16, 20));
+    PictureSurface surface;
+    surface.SetPicture(dark);
+    surface.PaintFigure({ kindRectangle, 30, 20, 90, 60, 0 }, Pen::Copy);
+    const QImage one = ShownBy(surface);
+    surface.PaintFigure({ kindCircle, 90, 60, 0, 0, 30 }, Pen::Copy);
+    QVERIFY(ShownBy(surface) != one);
+    surface.ClearDrawing();
+    QCOMPARE(ShownBy(surface), dark);
+    surface.PaintFigure({ kindRectangle, 30, 20, 90, 60, 0 }, Pen::Copy);
+    QCOMPARE(ShownBy(surface), one);
 }
 
 QTEST_MAIN(tst_picturesurface)
