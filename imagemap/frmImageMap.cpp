@@ -1,6 +1,7 @@
 #include "imagemap/frmImageMap.h"
 
 #include "codegen/MapMarkup.h"
+#include "imagemap/AreaHeader.h"
 #include "imagemap/DrawingHints.h"
 #include "imagemap/PictureFile.h"
 #include "imagemap/ToolMarks.h"
@@ -165,8 +166,8 @@ void frmImageMap::CreateStatusBar()
 
 void frmImageMap::CreateList()
 {
-    QHeaderView* const header = ui_->ListView1->header();
-    header->setStretchLastSection(false);
+    auto* const header = new AreaHeader(ui_->ListView1);
+    ui_->ListView1->setHeader(header);
     FitColumns();
     connect(header, &QHeaderView::sectionResized, this, [this](int column) {
         if (column != messageColumn) {

@@ -129,7 +129,8 @@ void frmImageMap::DeleteLastFigure()
 void frmImageMap::GiveUpDrawing()
 {
     // A figure whose dialog is open, or about to be, is no longer being drawn.
-    if (!isMessagePending_ && linkDialog_ == nullptr) {
+    const bool isLinking = isMessagePending_ || (linkDialog_ != nullptr && !linkDialog_->IsUnloaded());
+    if (!isLinking) {
         protocol_.GiveUpDrawing();
         ShowHint();
     }
