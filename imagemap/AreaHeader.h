@@ -2,12 +2,20 @@
 
 #include <QHeaderView>
 
-/** The area list's header: captions that would take too much of the list's width stand in two lines. */
+/** The area list's header, whose captions stand in as many lines as the list's width needs. */
 class AreaHeader : public QHeaderView
 {
 public:
     explicit AreaHeader(QWidget* parent);
 
+    /** Breaks the captions into as few lines, three at most, as let all columns fit into `width`. */
+    void FitInto(int width);
+
 protected:
     [[nodiscard]] QSize sectionSizeFromContents(int column) const override;
+
+private:
+    [[nodiscard]] int NeededWidth() const;
+
+    int lines_ = 1;
 };

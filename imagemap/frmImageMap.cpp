@@ -166,40 +166,42 @@ void frmImageMap::CreateStatusBar()
 
 void frmImageMap::CreateList()
 {
-    auto* const header = new AreaHeader(ui_->ListView1);
-    ui_->ListView1->setHeader(header);
+    header_ = new AreaHeader(ui_->ListView1);
+    ui_->ListView1->setHeader(header_);
     FitColumns();
-    connect(header, &QHeaderView::sectionResized, this, [this](int column) {
+    connect(header_, &QHeaderView::sectionResized, this, [this](int column) {
         if (column != messageColumn) {
             FitMessageColumn();
         }
     });
     ui_->ListView1->setItemDelegate(new RowDelegate(ui_->ListView1));
-    header->installEventFilter(this);
+    header_->installEventFilter(this);
     ui_->ListView1->installEventFilter(this);
     ui_->ListView1->viewport()->installEventFilter(this);
 }
 
 void frmImageMap::FitColumns()
 {
-    QHeaderView* const header = ui_->ListView1->header();
+    header_->FitInto(ui_->ListView1->viewport()->width());
     const int digit = fontMetrics().horizontalAdvance(u'0');
-    // What the columns would like beyond their headers, they share out when there is not so much room.
+    // The first column needs room for the rows' names once there are any. What the columns would like beyond
+    // their needs, they share out.
+    std::array<int, messageColumn> needs = {};
     std::array<int, messageColumn> wishes = {};
     int wanted = 0;
-    int room = ui_->ListView1->viewport()->width() - header->sectionSizeHint(messageColumn);
-    for (int column = 0; column < messageColumn; ++column) {
-        const int needed = header->sectionSizeHint(column);
-        int& wish = wishes[static_cast<std::size_t>(column)];
-        wish = std::max(columnDigits[column] * digit - needed, 0);
-        wanted += wish;
-        room -= needed;
+    int room = ui_->ListView1->viewport()->width() - header_->sectionSizeHint(messageColumn);
+    for (std::size_t i = 0; i < needs.size(); ++i) {
+        const int hint = header_->sectionSizeHint(static_cast<int>(i));
+        const int good = std::max(columnDigits[i] * digit, hint);
+        needs[i] = i == 0 && AreaCount() > 0 ? good : hint;
+        wishes[i] = good - needs[i];
+        wanted += wishes[i];
+        room -= needs[i];
     }
     const int given = std::clamp(room, 0, wanted);
-    for (int column = 0; column < messageColumn; ++column) {
-        const int wish = wishes[static_cast<std::size_t>(column)];
-        header->resizeSection(
-            column, header->sectionSizeHint(column) + (wanted > 0 ? wish * given / wanted : 0));
+    for (std::size_t i = 0; i < needs.size(); ++i) {
+        const int extra = wanted > 0 ? wishes[i] * given / wanted : 0;
+        header_->resizeSection(static_cast<int>(i), needs[i] + extra);
     }
     FitMessageColumn();
 }
@@ -207,9 +209,8 @@ void frmImageMap::FitColumns()
 /** The last column takes the room that the others leave, and no less than its header needs. */
 void frmImageMap::FitMessageColumn()
 {
-    QHeaderView* const header = ui_->ListView1->header();
-    const int left = ui_->ListView1->viewport()->width() - header->sectionPosition(messageColumn);
-    header->resizeSection(messageColumn, std::max(header->sectionSizeHint(messageColumn), left));
+    const int left = ui_->ListView1->viewport()->width() - header_->sectionPosition(messageColumn);
+    header_->resizeSection(messageColumn, std::max(header_->sectionSizeHint(messageColumn), left));
 }
 
 void frmImageMap::ConnectPicture()
@@ -260,7 +261,8 @@ bool frmImageMap::eventFilter(QObject* watched, QEvent* event)
         QMetaObject::invokeMethod(this, &frmImageMap::FitColumns, Qt::QueuedConnection);
     }
     if (watched == ui_->ListView1->viewport() && event->type() == QEvent::Resize) {
-        FitMessageColumn();
+        // Once there are rows, the columns are as the user wants them.
+        AreaCount() == 0 ? FitColumns() : FitMessageColumn();
     }
     if (watched == ui_->HScroll1 && event->type() == QEvent::KeyPress &&
         HScroll1_KeyDown(*static_cast<QKeyEvent*>(event))) {
@@ -469,6 +471,9 @@ void frmImageMap::AppendArea(const AreaRow& row)
     auto* const item =
         new QTreeWidgetItem(ui_->ListView1, { row.Text, row.Link, row.Target, row.Coordinates, row.Message });
     item->setIcon(0, SmallIcon(row.SmallIcon));
+    if (AreaCount() == 1) {
+        FitColumns();
+    }
     ui_->ListView1->scrollToItem(item);
 }
 

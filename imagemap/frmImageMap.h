@@ -12,6 +12,7 @@ namespace Ui {
 class frmImageMap;
 }
 class HelpViewer;
+class AreaHeader;
 class ElidedLabel;
 class QLabel;
 class QScrollBar;
@@ -132,6 +133,7 @@ private:
     std::unique_ptr<Ui::frmImageMap> ui_;
     DrawingProtocol protocol_;
     std::array<QLabel*, drawingLabels.size()> labels_ = {};
+    AreaHeader* header_ = nullptr;
     ElidedLabel* panel1_ = nullptr;
     ElidedLabel* panel2_ = nullptr;
     ElidedLabel* panel3_ = nullptr;

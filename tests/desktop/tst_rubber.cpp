@@ -6,8 +6,8 @@
 #include <QTest>
 
 /**
- * What the figure that follows the mouse leaves on the screen itself, at scalings where its pixels do not meet the
- * picture's. Grabbing a widget paints it anew and shows nothing of this.
+ * What the figure that follows the mouse leaves on the screen itself, at scalings where its pixels do not
+ * meet the picture's. Grabbing a widget paints it anew and shows nothing of this.
  */
 class tst_rubber : public QObject
 {

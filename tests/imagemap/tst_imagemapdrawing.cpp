@@ -737,6 +737,9 @@ void tst_imagemapdrawing::escapeGivesUpWhatIsInProgress()
     const QImage before = test_->Pixels();
     auto* const widget = test_->Find<QWidget>(focus.constData());
     widget->setFocus();
+    // The offscreen platform activates nothing when a dialog closes.
+    test_->editor->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(test_->editor));
     const auto press = [this] { QTest::keyClick(test_->editor->windowHandle(), Qt::Key_Escape); };
 
     test_->ClickButton(7);

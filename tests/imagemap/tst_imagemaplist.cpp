@@ -258,6 +258,11 @@ void tst_imagemaplist::headersAreWholeWithoutAScrollBar()
     QTRY_COMPARE(header->length(), test_->List()->viewport()->width());
     for (int column = 0; column < header->count(); ++column) {
         QVERIFY(header->sectionSize(column) >= header->sectionSizeHint(column));
+        const QString caption = test_->List()->headerItem()->text(column);
+        const QRect room(0, 0, header->sectionSize(column), header->height());
+        QVERIFY2(
+            room.contains(header->fontMetrics().boundingRect(room, Qt::TextWordWrap, caption)),
+            qPrintable(caption));
     }
     QVERIFY(!test_->List()->horizontalScrollBar()->isVisible());
 }
