@@ -6,6 +6,7 @@
 #include "help/HelpWindow.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/CommandTables.h"
+#include "shared/ElidedLabel.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
 
@@ -130,14 +131,14 @@ void frmIMmain::CreateStatusBar()
 {
     panel1_ = new QLabel(QStringLiteral("CAPS"), this);
     panel2_ = new QLabel(this);
-    panel3_ = new QLabel(this);
+    auto* const name = new ElidedLabel(this);
+    // Of a path, its beginning and the file's name tell most.
+    name->SetElideMode(Qt::ElideMiddle);
+    panel3_ = name;
     panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
     panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
     panel3_->setObjectName(QStringLiteral("StatusBar1_Panel3"));
     panel1_->setEnabled(false);
-    panel3_->setTextFormat(Qt::PlainText);
-    // A long path must not widen the window.
-    panel3_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui_->StatusBar1->addWidget(panel1_);
     ui_->StatusBar1->addWidget(panel2_);
     ui_->StatusBar1->addWidget(panel3_, 1);

@@ -3,6 +3,7 @@
 #include "app/frmIMmain.h"
 #include "shared/AnsiCodePage.h"
 #include "shared/DialogFilter.h"
+#include "shared/ElidedLabel.h"
 #include "shared/FileWriting.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
@@ -58,7 +59,7 @@ QString frmIMmain::DocumentName() const
 void frmIMmain::SetDocumentName(const QString& name)
 {
     panel3_->setText(name);
-    panel3_->setToolTip(name);
+    panel3_->setToolTip(PlainToolTip(name));
 }
 
 bool frmIMmain::IsNeverSaved() const
