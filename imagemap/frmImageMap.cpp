@@ -67,6 +67,9 @@ static_assert(IsToolbarInOrder(toolbarRows, toolbarPositions));
 constexpr int messageColumn = 4;
 /** Room for the columns before the message, in digits: a row's name, a link, a frame, some coordinates. */
 constexpr int columnDigits[messageColumn] = { 20, 22, 10, 20 };
+/** Room for a number of pixels or figures, and for a frame with two positions, in digits. */
+constexpr int countDigits = 5;
+constexpr int framedDigits = 18;
 constexpr const char* noPictureText = "Open an Image !";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
@@ -169,6 +172,7 @@ void frmImageMap::ConnectPicture()
 void frmImageMap::Form_Load()
 {
     GoToProgramFolder(imgMap_);
+    KeepRoomForNumbers();
     CentreOnScreen(this);
     ToggleFlatLook(ui_->Toolbar1);
     AbandonDrawing();
@@ -177,6 +181,23 @@ void frmImageMap::Form_Load()
     EnableFigureCommands(false);
     EnablePictureCommands(false);
     ShowModeHeader();
+}
+
+/** Keeps the room of the numbers that are still to come, so that nothing moves when they do. */
+void frmImageMap::KeepRoomForNumbers()
+{
+    ensurePolished();
+    const QSize digit(fontMetrics().horizontalAdvance(u'0'), fontMetrics().height());
+    for (QLabel* const count : { ui_->lblWidthPic, ui_->lblHeightPic, ui_->lblFigures }) {
+        count->setMinimumSize(digit.width() * countDigits, digit.height());
+    }
+    for (const DrawingLabelName& row : drawingLabels) {
+        QLabel* const label = labels_[static_cast<std::size_t>(row.label)];
+        label->setMinimumHeight(digit.height());
+        if (row.isPosition) {
+            label->parentWidget()->setMinimumWidth(digit.width() * framedDigits);
+        }
+    }
 }
 
 bool frmImageMap::event(QEvent* event)

@@ -101,6 +101,7 @@ private:
     void CreateStatusBar();
     void CreateCommands();
     void CreateList();
+    void KeepRoomForNumbers();
     void FitColumns();
     void ConnectPicture();
     void ShowPicture(const QString& path);
