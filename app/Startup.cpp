@@ -1,11 +1,13 @@
 #include "app/Startup.h"
 
+#include "app/LookStyle.h"
 #include "app/SessionGuard.h"
 #include "app/frmIMmain.h"
 #include "app/frmSplash.h"
 
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QIcon>
 
 /** The icons lie in a static library, from which nothing else would fetch them. */
@@ -14,13 +16,35 @@ static void LoadIcons()
     Q_INIT_RESOURCE(icons);
 }
 
+constexpr const char* windowFont = "Tahoma";
+
 /** Lets fonts that take as much room stand in for those of Windows where they are missing. */
 static void NameStandInFonts()
 {
     const QStringList standIns = { QStringLiteral("Liberation Sans"), QStringLiteral("Arimo"),
                                    QStringLiteral("Nimbus Sans"), QStringLiteral("DejaVu Sans Condensed") };
-    QFont::insertSubstitutions(QStringLiteral("Tahoma"), standIns);
+    QFont::insertSubstitutions(QString::fromLatin1(windowFont), standIns);
     QFont::insertSubstitutions(QStringLiteral("MS Sans Serif"), standIns);
+}
+
+/**
+ * Where a stand-in is taken for the windows' font, menus, tool tips, message boxes and the help take it too.
+ * Sizes stay the desktop's.
+ */
+static void UseOneTypeface()
+{
+    if (!QFontDatabase::hasFamily(QString::fromLatin1(windowFont))) {
+        QFont font = QApplication::font();
+        font.setFamilies({ QString::fromLatin1(windowFont) });
+        QApplication::setFont(font);
+    }
+}
+
+static void UseOwnLook()
+{
+    if (qobject_cast<LookStyle*>(QApplication::style()) == nullptr) {
+        QApplication::setStyle(new LookStyle);
+    }
 }
 
 Startup::Startup(ImgMap& imgMap, Desktop& desktop)
@@ -29,6 +53,8 @@ Startup::Startup(ImgMap& imgMap, Desktop& desktop)
 {
     LoadIcons();
     NameStandInFonts();
+    UseOneTypeface();
+    UseOwnLook();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cartolen.svg")));
 }
 

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QTextBlock>
+#include <QWindow>
 
 namespace {
 
@@ -86,6 +87,14 @@ static_assert(IsToolbarInOrder(toolbarRows, toolbarPositions));
 /** Room between the toolbar's frame and what stands below it, in pixels. */
 constexpr int belowToolbar = 4;
 
+/** What the user cannot make the window smaller than: there are its tools, some tags and some source. */
+constexpr QSize leastSize(520, 360);
+
+/** A window darker than this is a dark one. */
+constexpr int middleLightness = 128;
+/** How many times as fine as it is shown the logo is drawn. */
+constexpr qreal logoFineness = 3;
+
 } // namespace
 
 frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
@@ -98,6 +107,7 @@ frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     CreateCommands();
     CreateStatusBar();
     PlaceToolbar();
+    ShowLogo();
     GrowWithText();
     ConnectControls();
     ui_->MapsText1->setFocus();
@@ -132,7 +142,10 @@ void frmIMmain::CreateStatusBar()
 {
     panel1_ = new QLabel(QStringLiteral("CAPS"), this);
     panel2_ = new QLabel(this);
-    panel3_ = new ElidedLabel(this);
+    auto* const name = new ElidedLabel(this);
+    // Of a path, its beginning and the file's name tell most.
+    name->SetElideMode(Qt::ElideMiddle);
+    panel3_ = name;
     panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
     panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
     panel3_->setObjectName(QStringLiteral("StatusBar1_Panel3"));
@@ -148,6 +161,17 @@ void frmIMmain::PlaceToolbar()
     const int top = ui_->Frame1->geometry().bottom() + 1 + belowToolbar;
     ui_->SSTab1->move(ui_->SSTab1->x(), top);
     ui_->MapsText1->move(ui_->MapsText1->x(), top);
+}
+
+/** Shows the logo in the letters that stand out from the window. */
+void frmIMmain::ShowLogo()
+{
+    const bool isDark = palette().color(QPalette::Window).lightness() < middleLightness;
+    const QIcon logo(isDark ? QStringLiteral(":/icons/logo-dark.svg") : QStringLiteral(":/icons/logo.svg"));
+    for (QLabel* const picture : { ui_->Picture1, ui_->Picture2 }) {
+        // Fine enough for every screen: the label makes it as small as it is shown.
+        picture->setPixmap(logo.pixmap(picture->minimumSize(), logoFineness));
+    }
 }
 
 /** Makes the source's letters, and the room for the tags beside it, larger on a desktop with large text. */
@@ -177,7 +201,22 @@ bool frmIMmain::event(QEvent* event)
     if (event->type() == QEvent::WindowActivate) {
         ShowDefaultPointer();
     }
-    return QMainWindow::event(event);
+    const bool isHandled = QMainWindow::event(event);
+    if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest) {
+        KeepLeastSize();
+    }
+    return isHandled;
+}
+
+/**
+ * Tells the desktop how small the user may make the window. The window itself may have any size: its parts
+ * know what to do in less room.
+ */
+void frmIMmain::KeepLeastSize()
+{
+    if (windowHandle() != nullptr) {
+        windowHandle()->setMinimumSize((leastSize * TextGrowth(this)).boundedTo(RoomOnScreen(this)));
+    }
 }
 
 bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
@@ -305,6 +344,14 @@ int frmIMmain::InsertAtCaret(const QString& text)
 void frmIMmain::ExitProgram()
 {
     close();
+}
+
+void frmIMmain::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        ShowLogo();
+    }
 }
 
 void frmIMmain::closeEvent(QCloseEvent* event)

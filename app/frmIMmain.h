@@ -73,6 +73,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -92,7 +93,9 @@ private:
     void CreateCommands();
     void CreateStatusBar();
     void PlaceToolbar();
+    void ShowLogo();
     void GrowWithText();
+    void KeepLeastSize();
     void ConnectControls();
     template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
     void BuildTagTree();

@@ -1,11 +1,12 @@
 // The main window's tag tree: what it shows, previews and inserts.
 
+#include "app/LookStyle.h"
 #include "app/frmIMmain.h"
 #include "taglib/TagCatalogue.h"
 #include "ui_frmIMmain.h"
 
 #include <QKeyEvent>
-#include <QProxyStyle>
+#include <QStyleFactory>
 #include <QStyleOption>
 #include <array>
 
@@ -15,28 +16,36 @@ namespace {
 constexpr int indexRole = Qt::UserRole;
 constexpr int keyRole = Qt::UserRole + 1;
 
-/** The one style of Qt's own that draws the lines of a tree and boxes to open and close. */
-class TreeStyle : public QProxyStyle
+/** The style of the program with the lines of a tree and boxes to open and close. */
+class TreeStyle : public LookStyle
 {
 public:
-    TreeStyle()
-        : QProxyStyle(QStringLiteral("Windows"))
-    {
-    }
-
     void drawPrimitive(
         PrimitiveElement element, const QStyleOption* option, QPainter* painter,
         const QWidget* widget) const override
     {
         if (element != PE_IndicatorBranch) {
-            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            LookStyle::drawPrimitive(element, option, painter, widget);
             return;
         }
         // It draws them in a shade that is meant for light windows.
         QStyleOption lines(*option);
         lines.palette.setColor(QPalette::Dark, option->palette.color(QPalette::PlaceholderText));
-        QProxyStyle::drawPrimitive(element, &lines, painter, widget);
+        lines_->drawPrimitive(element, &lines, painter, widget);
     }
+
+    [[nodiscard]] int styleHint(
+        StyleHint hint, const QStyleOption* option, const QWidget* widget,
+        QStyleHintReturn* data) const override
+    {
+        // The lines stay as they are in the selected row.
+        return hint == SH_ItemView_ShowDecorationSelected ? 0
+                                                          : LookStyle::styleHint(hint, option, widget, data);
+    }
+
+private:
+    /** The one style of Qt's own that draws them. */
+    std::unique_ptr<QStyle> lines_{ QStyleFactory::create(QStringLiteral("Windows")) };
 };
 
 QString TextOf(std::string_view text)

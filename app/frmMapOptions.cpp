@@ -24,6 +24,8 @@ void frmMapOptions::Form_Load()
 {
     GoToProgramFolder(imgMap_);
     CentreOnScreen(this);
+    const bool isWrapped = editor_.lineWrapMode() == QPlainTextEdit::WidgetWidth;
+    (isWrapped ? ui_->optWrapToWin : ui_->optNoWordWrap)->setChecked(true);
     ui_->txtIndentValue->setFocus();
     ui_->txtIndentValue->selectAll();
 }

@@ -76,6 +76,9 @@ constexpr int columnDigits[messageColumn] = { 20, 22, 10, 20 };
 /** Room for the list with its headers, and to draw in. */
 constexpr QSize leastSize(760, 560);
 constexpr QStringView helpPage = u"image-map-editor";
+/** Room for a number of pixels or figures, and for a frame with two positions, in digits. */
+constexpr int countDigits = 5;
+constexpr int framedDigits = 18;
 constexpr const char* noPictureText = "Open an Image !";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
@@ -160,6 +163,8 @@ void frmImageMap::CreateStatusBar()
         panel.label->setObjectName(QString::fromLatin1(panel.name));
         ui_->StatusBar1->addWidget(panel.label, panel.part);
     }
+    // Of a file's name, beginning and ending tell most.
+    panel2_->SetElideMode(Qt::ElideMiddle);
     panel1_->setText(QString::fromLatin1(noPictureText));
     panel2_->setText(QString::fromLatin1(noPictureText));
 }
@@ -227,6 +232,7 @@ void frmImageMap::ConnectPicture()
 void frmImageMap::Form_Load()
 {
     GoToProgramFolder(imgMap_);
+    KeepRoomForNumbers();
     CentreOnScreen(this);
     setMinimumSize(
         (leastSize * TextGrowth(this)).boundedTo(RoomOnScreen(this)).expandedTo(minimumSizeHint()));
@@ -237,6 +243,23 @@ void frmImageMap::Form_Load()
     EnableFigureCommands(false);
     EnablePictureCommands(false);
     ShowModeHeader();
+}
+
+/** Keeps the room of the numbers that are still to come, so that nothing moves when they do. */
+void frmImageMap::KeepRoomForNumbers()
+{
+    ensurePolished();
+    const QSize digit(fontMetrics().horizontalAdvance(u'0'), fontMetrics().height());
+    for (QLabel* const count : { ui_->lblWidthPic, ui_->lblHeightPic, ui_->lblFigures }) {
+        count->setMinimumSize(digit.width() * countDigits, digit.height());
+    }
+    for (const DrawingLabelName& row : drawingLabels) {
+        QLabel* const label = labels_[static_cast<std::size_t>(row.label)];
+        label->setMinimumHeight(digit.height());
+        if (row.isPosition) {
+            label->parentWidget()->setMinimumWidth(digit.width() * framedDigits);
+        }
+    }
 }
 
 bool frmImageMap::event(QEvent* event)

@@ -109,6 +109,7 @@ private:
     void CreateCommands();
     void CreateKeys();
     void CreateList();
+    void KeepRoomForNumbers();
     void FitColumns();
     void FitMessageColumn();
     void ConnectPicture();

@@ -28,9 +28,10 @@ frmJSOptions::frmJSOptions(ImgMap& imgMap, HelpViewer& help, frmImageMap& editor
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
     options_ = { ui_->optJSOpt_0, ui_->optJSOpt_1, ui_->optJSOpt_2, ui_->optJSOpt_3, ui_->optJSOpt_4 };
-    for (QRadioButton* const option : options_) {
-        const QString label = u"lbl" + option->objectName().mid(3);
-        option->setAccessibleDescription(findChild<QLabel*>(label)->text());
+    explanations_ = { ui_->lblJSOpt_0, ui_->lblJSOpt_1, ui_->lblJSOpt_2, ui_->lblJSOpt_3, ui_->lblJSOpt_4 };
+    for (std::size_t i = 0; i < options_.size(); ++i) {
+        QRadioButton* const option = options_[i];
+        option->setAccessibleDescription(explanations_[i]->text());
         option->installEventFilter(this);
         connect(option, &QRadioButton::clicked, this, &frmJSOptions::optJSOpt_Click);
     }
@@ -44,8 +45,19 @@ frmJSOptions::~frmJSOptions() = default;
 void frmJSOptions::Form_Load()
 {
     GoToProgramFolder(imgMap_);
+    LineUpExplanations();
     CentreOnScreen(this);
     SelectCurrentMode();
+}
+
+/** Puts the first line of each explanation at the height of its option's text. */
+void frmJSOptions::LineUpExplanations()
+{
+    ensurePolished();
+    for (std::size_t i = 0; i < options_.size(); ++i) {
+        const int above = (options_[i]->sizeHint().height() - explanations_[i]->fontMetrics().height()) / 2;
+        explanations_[i]->setContentsMargins(0, std::max(above, 0), 0, 0);
+    }
 }
 
 void frmJSOptions::SelectCurrentMode()

@@ -10,6 +10,7 @@ namespace Ui {
 class frmJSOptions;
 }
 class HelpViewer;
+class QLabel;
 class QRadioButton;
 class frmImageMap;
 
@@ -39,11 +40,13 @@ private:
     void AskToSwitch(std::size_t index);
     void ApplyJSMode();
     void SelectCurrentMode();
+    void LineUpExplanations();
 
     ImgMap& imgMap_;
     HelpViewer& help_;
     frmImageMap& editor_;
     std::unique_ptr<Ui::frmJSOptions> ui_;
     std::array<QRadioButton*, jsModeTexts.size()> options_;
+    std::array<QLabel*, jsModeTexts.size()> explanations_;
     bool isQuestionPending_ = false;
 };

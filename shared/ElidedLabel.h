@@ -1,21 +1,26 @@
 #pragma once
 
+#include <QEvent>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
 #include <QTextDocument>
+#include <QToolTip>
 
 // Only windows include this; the library beside it needs no widgets.
 
-/** `text` as a tool tip that shows it letter for letter, also where it looks like markup. */
+/** `text` as a tool tip that shows it letter for letter, even where it looks like markup. */
 inline QString PlainToolTip(const QString& text)
 {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    return Qt::mightBeRichText(text)
+               ? QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(text.toHtmlEscaped())
+               : text;
 }
 
 /**
- * A line of plain text that leaves out its middle where the room is too narrow; text() stays whole. Never
- * asks for more room than it is given.
+ * One line of plain text in whatever room there is: what does not fit is left out at an ellipsis, and told in
+ * a tool tip. text() is always the whole.
  */
 class ElidedLabel : public QLabel
 {
@@ -24,24 +29,48 @@ public:
         : QLabel(parent)
     {
         setTextFormat(Qt::PlainText);
+        // A long text must not widen the window.
         setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+
+    /** Where the ellipsis stands; at the end unless told. */
+    void SetElideMode(Qt::TextElideMode mode)
+    {
+        mode_ = mode;
+        update();
     }
 
     /** What is shown of the text. */
     [[nodiscard]] QString ShownText() const
     {
-        return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        return fontMetrics().elidedText(text(), mode_, contentsRect().width());
+    }
+
+    /** As high without a text as with one, so that nothing moves when one comes. */
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return QLabel::sizeHint().expandedTo({ 0, fontMetrics().height() });
     }
 
 protected:
-    void paintEvent(QPaintEvent* event) override
+    void paintEvent(QPaintEvent*) override
     {
-        Q_UNUSED(event)
         QPainter painter(this);
         drawFrame(&painter);
         style()->drawItemText(
-            &painter, contentsRect(),
-            static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())), palette(), isEnabled(),
-            ShownText(), foregroundRole());
+            &painter, contentsRect(), static_cast<int>(alignment()) | Qt::TextSingleLine, palette(),
+            isEnabled(), ShownText(), foregroundRole());
     }
+
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && ShownText() != text()) {
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainToolTip(text()), this);
+            return true;
+        }
+        return QLabel::event(event);
+    }
+
+private:
+    Qt::TextElideMode mode_ = Qt::ElideRight;
 };
