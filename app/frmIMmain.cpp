@@ -6,6 +6,7 @@
 #include "help/HelpWindow.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/CommandTables.h"
+#include "shared/OneLineField.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
 
@@ -93,6 +94,7 @@ frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     , help_(std::make_unique<HelpDisplay>(imgMap))
 {
     ui_->setupUi(this);
+    HoldOneLine(this);
     CreateCommands();
     CreateStatusBar();
     PlaceToolbar();
@@ -195,6 +197,12 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
         if (watched == ui_->txtCTags && IsCommandKey(*static_cast<QKeyEvent*>(event))) {
             event->ignore();
             return true;
+        }
+        break;
+    case QEvent::MouseButtonDblClick:
+        if (watched == ui_->TreeView1->viewport() &&
+            static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
+            return true; // the tree would tell it as a double click like any other
         }
         break;
     case QEvent::MouseButtonPress:
