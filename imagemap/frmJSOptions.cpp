@@ -11,6 +11,16 @@
 
 namespace {
 
+/** Lets others ask an option which part of it a click takes. */
+class OptionArea : public QRadioButton
+{
+public:
+    [[nodiscard]] static bool Contains(const QRadioButton& option, const QPoint& place)
+    {
+        return (option.*&OptionArea::hitButton)(place);
+    }
+};
+
 constexpr const char* switchQuestion =
     "In order to switch Java Script options, your current Image Map must be deleted. "
     "Do you want to delete your Image Map?";
@@ -46,6 +56,7 @@ void frmJSOptions::Form_Load()
     GoToProgramFolder(imgMap_);
     CentreOnScreen(this);
     SelectCurrentMode();
+    options_[static_cast<std::size_t>(imgMap_.Mode)]->setFocus();
 }
 
 void frmJSOptions::SelectCurrentMode()
@@ -62,6 +73,7 @@ bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
     }
     const auto* const option = std::find(options_.begin(), options_.end(), watched);
     return option != options_.end() &&
+           OptionArea::Contains(**option, static_cast<QMouseEvent*>(event)->position().toPoint()) &&
            optJSOpt_MouseDown(static_cast<std::size_t>(option - options_.begin()));
 }
 
