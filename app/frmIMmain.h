@@ -119,8 +119,9 @@ private:
     [[nodiscard]] QString WriteTemporaryCopy(const QString& ending);
     void ShellRun(const QString& verb, const QString& target);
     void OpenAddress(const QString& address);
-    void Launch(const ShellRequest& request);
+    void Launch(const ShellRequest& request, int missingFolder);
     void ShowShellError(int code);
+    void ShowOwnAboutBox(const QString& text);
 
     ImgMap& imgMap_;
     Desktop& desktop_;
