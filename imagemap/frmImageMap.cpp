@@ -5,6 +5,7 @@
 #include "imagemap/frmJSOptions.h"
 #include "linkdialog/frmIMLink.h"
 #include "shared/CommandTables.h"
+#include "shared/FileDialog.h"
 #include "shared/HelpViewer.h"
 #include "shared/OneLineField.h"
 #include "shared/Paths.h"

@@ -1,5 +1,6 @@
 #include "linkdialog/frmIMLink.h"
 
+#include "shared/FileDialog.h"
 #include "shared/LinksFile.h"
 #include "shared/OneLineField.h"
 #include "shared/WindowHelpers.h"
