@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QLibrary>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -158,6 +160,33 @@ void Start(const QString& program, const Tool& tool, const QString& target, cons
     process->start(program, { argument });
 }
 
+/**
+ * Whether the lock of the X server's keyboard is on. Qt has brought the library along where it speaks to a
+ * server; it is not linked, so that a system without X needs none.
+ */
+std::optional<bool> IsLockedOnX(Display* display)
+{
+    using Window = unsigned long;
+    using FindRoot = Window (*)(Display*);
+    using QueryPointer = int (*)(Display*, Window, Window*, Window*, int*, int*, int*, int*, unsigned*);
+    constexpr unsigned lockMask = 1U << 1;
+    static QLibrary library(QStringLiteral("X11"), 6);
+    static const auto findRoot = reinterpret_cast<FindRoot>(library.resolve("XDefaultRootWindow"));
+    // What it tells of the pointer includes the keyboard's modifiers.
+    static const auto queryPointer = reinterpret_cast<QueryPointer>(library.resolve("XQueryPointer"));
+    if (findRoot == nullptr || queryPointer == nullptr) {
+        return std::nullopt;
+    }
+    Window root = 0;
+    Window child = 0;
+    std::array<int, 4> places = {};
+    unsigned modifiers = 0;
+    queryPointer(
+        display, findRoot(display), &root, &child, &places[0], &places[1], &places[2], &places[3],
+        &modifiers);
+    return (modifiers & lockMask) != 0;
+}
+
 class LinuxDesktop : public Desktop
 {
 public:
@@ -182,6 +211,15 @@ public:
     }
 
     bool ShowAboutBox(quintptr, const QString&, const QString&) override { return false; }
+
+    [[nodiscard]] std::optional<bool> IsCapsLockOn() const override
+    {
+        const auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+        auto* const x11 = application != nullptr
+                              ? application->nativeInterface<QNativeInterface::QX11Application>()
+                              : nullptr;
+        return x11 != nullptr && x11->display() != nullptr ? IsLockedOnX(x11->display()) : std::nullopt;
+    }
 };
 
 /**

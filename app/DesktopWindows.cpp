@@ -32,6 +32,12 @@ public:
         const HICON icon = LoadIconW(GetModuleHandleW(nullptr), L"IDI_ICON1");
         return ShellAboutW(reinterpret_cast<HWND>(window), Wide(application), Wide(details), icon) != 0;
     }
+
+    [[nodiscard]] std::optional<bool> IsCapsLockOn() const override
+    {
+        constexpr int toggled = 1;
+        return (GetKeyState(VK_CAPITAL) & toggled) != 0;
+    }
 };
 
 } // namespace

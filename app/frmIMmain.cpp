@@ -1,5 +1,6 @@
 #include "app/frmIMmain.h"
 
+#include "app/CapsLock.h"
 #include "app/WindowLayout.h"
 #include "app/frmMapOptions.h"
 #include "help/HelpDisplay.h"
@@ -122,8 +123,8 @@ void frmIMmain::ConnectControls()
     connect(ui_->btnSave, &QPushButton::clicked, this, &frmIMmain::btnSave_Click);
     connect(help_.get(), &HelpDisplay::LinkToOutside, this, &frmIMmain::Help_LinkToOutside);
     for (QObject* const watched : std::initializer_list<QObject*>{
-             ui_->MapsText1, ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags,
-             ui_->lblQTagsO, ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
+             ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags, ui_->lblQTagsO,
+             ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
         watched->installEventFilter(this);
     }
 }
@@ -136,7 +137,9 @@ void frmIMmain::CreateStatusBar()
     panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
     panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
     panel3_->setObjectName(QStringLiteral("StatusBar1_Panel3"));
-    panel1_->setEnabled(false);
+    const auto* const capsLock = new CapsLock(desktop_, this);
+    panel1_->setEnabled(capsLock->IsOn());
+    connect(capsLock, &CapsLock::Changed, panel1_, &QLabel::setEnabled);
     panel3_->setTextFormat(Qt::PlainText);
     // A long path must not widen the window.
     panel3_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -187,9 +190,7 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
-        if (watched == ui_->MapsText1) {
-            FollowCapsLock(*static_cast<QKeyEvent*>(event));
-        } else if (watched == ui_->TreeView1 && TreeView1_KeyDown(*static_cast<QKeyEvent*>(event))) {
+        if (watched == ui_->TreeView1 && TreeView1_KeyDown(*static_cast<QKeyEvent*>(event))) {
             return true;
         }
         break;
@@ -241,17 +242,6 @@ bool frmIMmain::IsCommandKey(const QKeyEvent& key) const
 {
     QAction* const entry = EntryOfKey(this, key);
     return entry != nullptr && !findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions().contains(entry);
-}
-
-void frmIMmain::FollowCapsLock(const QKeyEvent& key)
-{
-    // Qt does not tell the lock's state, but what a key typed does.
-    const QString text = key.text();
-    if (key.key() == Qt::Key_CapsLock) {
-        panel1_->setEnabled(!panel1_->isEnabled());
-    } else if (text.size() == 1 && text[0].isLetter() && text[0].toUpper() != text[0].toLower()) {
-        panel1_->setEnabled(text[0].isUpper() != key.modifiers().testFlag(Qt::ShiftModifier));
-    }
 }
 
 void frmIMmain::Form_Resize()

@@ -97,7 +97,6 @@ private:
     template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
     void BuildTagTree();
     void LoadSavedLinks();
-    void FollowCapsLock(const QKeyEvent& key);
     [[nodiscard]] bool IsCommandKey(const QKeyEvent& key) const;
     [[nodiscard]] bool TreeView1_KeyDown(const QKeyEvent& key);
     [[nodiscard]] int SelectedNode() const;
