@@ -3,6 +3,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 
 /** What the desktop is asked to do with a file or an address, in the terms of ShellExecute() of the Windows
  * API. */
@@ -36,6 +37,9 @@ public:
     /** Shows the system's own About box; false where there is none. */
     [[nodiscard]] virtual bool
     ShowAboutBox(quintptr window, const QString& application, const QString& details) = 0;
+
+    /** Whether the keyboard's Caps Lock is on; nothing where the system does not tell. */
+    [[nodiscard]] virtual std::optional<bool> IsCapsLockOn() const = 0;
 };
 
 /** Where the program finds and keeps its files; without trailing separators. */

@@ -2,16 +2,21 @@
 
 #include "app/Desktop.h"
 #include "app/ShellErrors.h"
+#include "shared/AnsiCodePage.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QLibrary>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <memory>
 #include <optional>
 #include <system_error>
 #include <unistd.h>
@@ -23,8 +28,9 @@ struct Tool
 {
     const char* verb;
     const char* program;
+    bool isPrinter = false;
 };
-constexpr auto tools = std::to_array<Tool>({ { "Open", "xdg-open" }, { "Print", "lp" } });
+constexpr auto tools = std::to_array<Tool>({ { "Open", "xdg-open" }, { "Print", "lp", true } });
 
 /** The exit code by which xdg-open says that a tool it needs is missing. */
 constexpr int toolMissing = 3;
@@ -95,10 +101,46 @@ void BecomeIndependent()
     std::signal(SIGXFSZ, SIG_DFL);
 }
 
-void Start(const QString& program, const QString& argument, const Desktop::Report& report)
+/**
+ * A file in UTF-8: the one at `path` where that makes no difference, or a copy by the file's own name, which
+ * becomes the title of the job, in a folder that lives with `process`. One that cannot be made is done
+ * without.
+ */
+QString CopyInUtf8(const QString& path, const QObject* process)
+{
+    QFile file(path);
+    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QByteArray text = AnsiCodePage::Decode(bytes).toUtf8();
+    if (text == bytes) {
+        return path;
+    }
+    const auto folder =
+        std::make_shared<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/cartolen-print-XXXXXX"));
+    QFile copy(folder->filePath(QFileInfo(path).fileName()));
+    if (!copy.open(QIODevice::WriteOnly) || copy.write(text) != text.size() || !copy.flush()) {
+        return path;
+    }
+    QObject::connect(process, &QObject::destroyed, process, [folder] { (void)folder->remove(); });
+    return copy.fileName();
+}
+
+/**
+ * Makes `process` print the file `path`: lp sends a file as it is and names the encoding of its locale with
+ * it, whatever that is here. Printers know few encodings besides UTF-8.
+ */
+QString ForPrinting(const QString& path, QProcess* process)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    process->setProcessEnvironment(environment);
+    return CopyInUtf8(path, process);
+}
+
+void Start(const QString& program, const Tool& tool, const QString& target, const Desktop::Report& report)
 {
     // It is nobody's: destroying it would end what it has started, and that may outlive this program.
     auto* const process = new QProcess;
+    const QString argument = tool.isPrinter ? ForPrinting(target, process) : target;
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
@@ -116,6 +158,33 @@ void Start(const QString& program, const QString& argument, const Desktop::Repor
         }
     });
     process->start(program, { argument });
+}
+
+/**
+ * Whether the lock of the X server's keyboard is on. Qt has brought the library along where it speaks to a
+ * server; it is not linked, so that a system without X needs none.
+ */
+std::optional<bool> IsLockedOnX(Display* display)
+{
+    using Window = unsigned long;
+    using FindRoot = Window (*)(Display*);
+    using QueryPointer = int (*)(Display*, Window, Window*, Window*, int*, int*, int*, int*, unsigned*);
+    constexpr unsigned lockMask = 1U << 1;
+    static QLibrary library(QStringLiteral("X11"), 6);
+    static const auto findRoot = reinterpret_cast<FindRoot>(library.resolve("XDefaultRootWindow"));
+    // What it tells of the pointer includes the keyboard's modifiers.
+    static const auto queryPointer = reinterpret_cast<QueryPointer>(library.resolve("XQueryPointer"));
+    if (findRoot == nullptr || queryPointer == nullptr) {
+        return std::nullopt;
+    }
+    Window root = 0;
+    Window child = 0;
+    std::array<int, 4> places = {};
+    unsigned modifiers = 0;
+    queryPointer(
+        display, findRoot(display), &root, &child, &places[0], &places[1], &places[2], &places[3],
+        &modifiers);
+    return (modifiers & lockMask) != 0;
 }
 
 class LinuxDesktop : public Desktop
@@ -138,10 +207,19 @@ public:
             report(shellNoAssociation);
             return;
         }
-        Start(program, target, report);
+        Start(program, *tool, target, report);
     }
 
     bool ShowAboutBox(quintptr, const QString&, const QString&) override { return false; }
+
+    [[nodiscard]] std::optional<bool> IsCapsLockOn() const override
+    {
+        const auto* const application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+        auto* const x11 = application != nullptr
+                              ? application->nativeInterface<QNativeInterface::QX11Application>()
+                              : nullptr;
+        return x11 != nullptr && x11->display() != nullptr ? IsLockedOnX(x11->display()) : std::nullopt;
+    }
 };
 
 /**

@@ -1,4 +1,5 @@
-// The desktop of Windows: its shell. Texts go over in the system's ANSI code page.
+// The desktop of Windows: its shell. Texts go over in UTF-16: the system's code page lacks characters that
+// names may have.
 
 #include "app/Desktop.h"
 
@@ -8,15 +9,19 @@
 
 namespace {
 
+const wchar_t* Wide(const QString& text)
+{
+    return reinterpret_cast<const wchar_t*>(text.utf16());
+}
+
 class WindowsDesktop : public Desktop
 {
 public:
     void Execute(const ShellRequest& request, const Report& report) override
     {
-        const HINSTANCE result = ShellExecuteA(
-            reinterpret_cast<HWND>(request.Window), request.Verb.toLocal8Bit().constData(),
-            request.Target.toLocal8Bit().constData(), request.Parameters.toLocal8Bit().constData(),
-            request.Folder.toLocal8Bit().constData(), request.ShowMode);
+        const HINSTANCE result = ShellExecuteW(
+            reinterpret_cast<HWND>(request.Window), Wide(request.Verb), Wide(request.Target),
+            Wide(request.Parameters), Wide(request.Folder), request.ShowMode);
         // The shell tells its code as a handle for the sake of programs much older than this one.
         report(static_cast<int>(reinterpret_cast<INT_PTR>(result)));
     }
@@ -24,10 +29,14 @@ public:
     bool ShowAboutBox(quintptr window, const QString& application, const QString& details) override
     {
         // The icon of app/windows/cartolen.rc.in; without one, as in the tests, the box shows the system's.
-        const HICON icon = LoadIconA(GetModuleHandleA(nullptr), "IDI_ICON1");
-        return ShellAboutA(
-                   reinterpret_cast<HWND>(window), application.toLocal8Bit().constData(),
-                   details.toLocal8Bit().constData(), icon) != 0;
+        const HICON icon = LoadIconW(GetModuleHandleW(nullptr), L"IDI_ICON1");
+        return ShellAboutW(reinterpret_cast<HWND>(window), Wide(application), Wide(details), icon) != 0;
+    }
+
+    [[nodiscard]] std::optional<bool> IsCapsLockOn() const override
+    {
+        constexpr int toggled = 1;
+        return (GetKeyState(VK_CAPITAL) & toggled) != 0;
     }
 };
 

@@ -33,12 +33,32 @@ const QLabel* DraggedLabel(const QDropEvent& event)
 
 bool IsLineEnd(QChar character)
 {
-    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
-           character == QChar::ParagraphSeparator;
+    return character == u'\n' || character == u'\r';
 }
 
-/** Every kind of line end as the one a document takes for a new line, in one pass over any length. */
-QString WithPlainLineEnds(const QString& text)
+/** What a document takes for a line end or the edge of a frame of its own, and cannot hold as a character. */
+bool IsOfLayout(QChar character)
+{
+    constexpr char16_t beginningOfFrame = 0xFDD0;
+    constexpr char16_t endOfFrame = 0xFDD1;
+    return character == QChar::LineSeparator || character == QChar::ParagraphSeparator ||
+           character == beginningOfFrame || character == endOfFrame;
+}
+
+/** Whether a document would make something else of `text`. */
+bool IsForDocument(const QString& text)
+{
+    return std::ranges::none_of(text, [](QChar c) { return IsLineEnd(c) || IsOfLayout(c); });
+}
+
+/** How a character outside the code page is saved. */
+constexpr QChar replacement = u'?';
+
+/**
+ * `text` as a document can hold it, in one pass over any length: every kind of line end as the one that it
+ * takes for a new line, and the characters of its layout as they would be saved.
+ */
+QString ForDocument(const QString& text)
 {
     QString lines(text.size(), Qt::Uninitialized);
     QChar* to = lines.data();
@@ -47,7 +67,7 @@ QString WithPlainLineEnds(const QString& text)
         if (*from == u'\r' && from + 1 != end && from[1] == u'\n') {
             continue;
         }
-        *to++ = IsLineEnd(*from) ? QChar(u'\n') : *from;
+        *to++ = IsLineEnd(*from) ? QChar(u'\n') : IsOfLayout(*from) ? replacement : *from;
     }
     lines.truncate(to - lines.constData());
     return lines;
@@ -123,7 +143,7 @@ QString SourceEditor::Text() const
 void SourceEditor::LoadText(const QString& text)
 {
     isLoading_ = true;
-    LoadLines(WithPlainLineEnds(text));
+    LoadLines(ForDocument(text));
     isLoading_ = false;
 }
 
@@ -215,7 +235,7 @@ void SourceEditor::ReplaceSelection(const QString& text)
     } else {
         cursor.beginEditBlock();
     }
-    cursor.insertText(WithPlainLineEnds(text));
+    cursor.insertText(ForDocument(text));
     cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -339,6 +359,8 @@ void SourceEditor::keyPressEvent(QKeyEvent* event)
     } else if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter would put in a character that no page can hold.
         ReplaceSelection(QStringLiteral("\n"));
+    } else if (std::ranges::any_of(event->text(), IsOfLayout)) {
+        ReplaceSelection(event->text());
     } else {
         QPlainTextEdit::keyPressEvent(event);
     }
@@ -346,13 +368,13 @@ void SourceEditor::keyPressEvent(QKeyEvent* event)
 
 void SourceEditor::inputMethodEvent(QInputMethodEvent* event)
 {
-    if (std::none_of(event->commitString().begin(), event->commitString().end(), IsLineEnd)) {
+    if (IsForDocument(event->commitString())) {
         QPlainTextEdit::inputMethodEvent(event);
         return;
     }
     QInputMethodEvent plain(event->preeditString(), event->attributes());
     plain.setCommitString(
-        WithPlainLineEnds(event->commitString()), event->replacementStart(), event->replacementLength());
+        ForDocument(event->commitString()), event->replacementStart(), event->replacementLength());
     QPlainTextEdit::inputMethodEvent(&plain);
 }
 

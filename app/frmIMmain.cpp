@@ -1,5 +1,6 @@
 #include "app/frmIMmain.h"
 
+#include "app/CapsLock.h"
 #include "app/WindowLayout.h"
 #include "app/frmMapOptions.h"
 #include "help/HelpDisplay.h"
@@ -7,6 +8,7 @@
 #include "imagemap/frmImageMap.h"
 #include "shared/CommandTables.h"
 #include "shared/ElidedLabel.h"
+#include "shared/OneLineField.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
 
@@ -104,6 +106,7 @@ frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     , help_(std::make_unique<HelpDisplay>(imgMap))
 {
     ui_->setupUi(this);
+    HoldOneLine(this);
     CreateCommands();
     CreateStatusBar();
     PlaceToolbar();
@@ -132,8 +135,8 @@ void frmIMmain::ConnectControls()
     connect(ui_->btnSave, &QPushButton::clicked, this, &frmIMmain::btnSave_Click);
     connect(help_.get(), &HelpDisplay::LinkToOutside, this, &frmIMmain::Help_LinkToOutside);
     for (QObject* const watched : std::initializer_list<QObject*>{
-             ui_->MapsText1, ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags,
-             ui_->lblQTagsO, ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
+             ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags, ui_->lblQTagsO,
+             ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
         watched->installEventFilter(this);
     }
 }
@@ -149,7 +152,9 @@ void frmIMmain::CreateStatusBar()
     panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
     panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
     panel3_->setObjectName(QStringLiteral("StatusBar1_Panel3"));
-    panel1_->setEnabled(false);
+    const auto* const capsLock = new CapsLock(desktop_, this);
+    panel1_->setEnabled(capsLock->IsOn());
+    connect(capsLock, &CapsLock::Changed, panel1_, &QLabel::setEnabled);
     ui_->StatusBar1->addWidget(panel1_);
     ui_->StatusBar1->addWidget(panel2_);
     ui_->StatusBar1->addWidget(panel3_, 1);
@@ -223,9 +228,7 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
-        if (watched == ui_->MapsText1) {
-            FollowCapsLock(*static_cast<QKeyEvent*>(event));
-        } else if (watched == ui_->TreeView1 && TreeView1_KeyDown(*static_cast<QKeyEvent*>(event))) {
+        if (watched == ui_->TreeView1 && TreeView1_KeyDown(*static_cast<QKeyEvent*>(event))) {
             return true;
         }
         break;
@@ -233,6 +236,12 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
         if (watched == ui_->txtCTags && IsCommandKey(*static_cast<QKeyEvent*>(event))) {
             event->ignore();
             return true;
+        }
+        break;
+    case QEvent::MouseButtonDblClick:
+        if (watched == ui_->TreeView1->viewport() &&
+            static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
+            return true; // the tree would tell it as a double click like any other
         }
         break;
     case QEvent::MouseButtonPress:
@@ -271,17 +280,6 @@ bool frmIMmain::IsCommandKey(const QKeyEvent& key) const
 {
     QAction* const entry = EntryOfKey(this, key);
     return entry != nullptr && !findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions().contains(entry);
-}
-
-void frmIMmain::FollowCapsLock(const QKeyEvent& key)
-{
-    // Qt does not tell the lock's state, but what a key typed does.
-    const QString text = key.text();
-    if (key.key() == Qt::Key_CapsLock) {
-        panel1_->setEnabled(!panel1_->isEnabled());
-    } else if (text.size() == 1 && text[0].isLetter() && text[0].toUpper() != text[0].toLower()) {
-        panel1_->setEnabled(text[0].isUpper() != key.modifiers().testFlag(Qt::ShiftModifier));
-    }
 }
 
 void frmIMmain::Form_Resize()

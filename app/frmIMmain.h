@@ -100,7 +100,6 @@ private:
     template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
     void BuildTagTree();
     void LoadSavedLinks();
-    void FollowCapsLock(const QKeyEvent& key);
     [[nodiscard]] bool IsCommandKey(const QKeyEvent& key) const;
     [[nodiscard]] bool TreeView1_KeyDown(const QKeyEvent& key);
     [[nodiscard]] int SelectedNode() const;
@@ -122,8 +121,9 @@ private:
     [[nodiscard]] QString WriteTemporaryCopy(const QString& ending);
     void ShellRun(const QString& verb, const QString& target);
     void OpenAddress(const QString& address);
-    void Launch(const ShellRequest& request);
+    void Launch(const ShellRequest& request, int missingFolder);
     void ShowShellError(int code);
+    void ShowOwnAboutBox(const QString& text);
 
     ImgMap& imgMap_;
     Desktop& desktop_;

@@ -2,8 +2,8 @@
 
 #include "app/frmIMmain.h"
 #include "shared/AnsiCodePage.h"
-#include "shared/DialogFilter.h"
 #include "shared/ElidedLabel.h"
+#include "shared/FileDialog.h"
 #include "shared/FileWriting.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
@@ -185,25 +185,19 @@ void frmIMmain::PromptSaveChanges()
 
 std::optional<QString> frmIMmain::AskForSavePath()
 {
-    QFileDialog dialog(this);
-    dialog.setObjectName(QStringLiteral("CommonDialog1"));
+    FileDialog dialog(this, QStringLiteral("CommonDialog1"), QFileDialog::AnyFile, documentFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    OfferFiles(dialog, documentFilter);
     dialog.setDefaultSuffix(QString::fromLatin1(defaultSuffix));
     dialog.setDirectory(imgMap_.ProgramFolder);
     dialog.selectFile(IsNeverSaved() ? QString::fromLatin1(newFileName) : DocumentName());
-    return ChosenFile(dialog);
+    return dialog.Choose();
 }
 
 std::optional<QString> frmIMmain::AskForOpenPath()
 {
-    QFileDialog dialog(this);
-    dialog.setObjectName(QStringLiteral("CommonDialog1"));
-    dialog.setFileMode(QFileDialog::AnyFile);
-    OfferFiles(dialog, documentFilter);
+    FileDialog dialog(this, QStringLiteral("CommonDialog1"), QFileDialog::AnyFile, documentFilter);
     dialog.setDirectory(imgMap_.ProgramFolder);
-    const std::optional<QString> path = ChosenFile(dialog);
+    const std::optional<QString> path = dialog.Choose();
     return path ? std::optional(WithDefaultSuffix(*path)) : std::nullopt;
 }
 

@@ -8,34 +8,41 @@
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
 
+#include <QIcon>
+#include <QLabel>
 #include <QUrl>
 
 namespace {
 
 constexpr int showMaximised = 3;
 constexpr const char* creditLine = "Made by the Cartolen authors";
+constexpr const char* licenceLine = "Free software under the MIT License";
+constexpr QSize aboutLogoSize(64, 64);
 
 } // namespace
 
 void frmIMmain::ShellRun(const QString& verb, const QString& target)
 {
-    Launch({ .Window = winId(),
-             .Verb = verb,
-             .Target = target,
-             .Parameters = QStringLiteral("0"),
-             .Folder = target,
-             .ShowMode = 0 });
+    // To the user the copy of a new document is missing, not the program's own folder for it, of which he
+    // knows nothing.
+    const int missingFolder = IsNeverSaved() ? shellFileNotFound : shellPathNotFound;
+    Launch(
+        { .Window = winId(),
+          .Verb = verb,
+          .Target = target,
+          .Parameters = QStringLiteral("0"),
+          .Folder = target,
+          .ShowMode = 0 },
+        missingFolder);
 }
 
-void frmIMmain::Launch(const ShellRequest& request)
+/** Tells of an error, of a missing folder as `missingFolder`. */
+void frmIMmain::Launch(const ShellRequest& request, int missingFolder)
 {
     const QPointer<frmIMmain> window(this);
-    const bool isNew = IsNeverSaved();
-    desktop_.Execute(request, [window, isNew](int code) {
+    desktop_.Execute(request, [window, missingFolder](int code) {
         if (window != nullptr && code < leastShellSuccess) {
-            // To the user the copy is missing, not the program's own folder for it, of which he knows
-            // nothing.
-            window->ShowShellError(isNew && code == shellPathNotFound ? shellFileNotFound : code);
+            window->ShowShellError(code == shellPathNotFound ? missingFolder : code);
         }
     });
 }
@@ -100,12 +107,14 @@ void frmIMmain::OpenHomePage()
 
 void frmIMmain::OpenAddress(const QString& address)
 {
-    Launch({ .Window = winId(),
-             .Verb = QStringLiteral("Open"),
-             .Target = address,
-             .Parameters = QString(),
-             .Folder = address,
-             .ShowMode = showMaximised });
+    Launch(
+        { .Window = winId(),
+          .Verb = QStringLiteral("Open"),
+          .Target = address,
+          .Parameters = QString(),
+          .Folder = address,
+          .ShowMode = showMaximised },
+        shellPathNotFound);
 }
 
 void frmIMmain::ShowAbout()
@@ -116,8 +125,24 @@ void frmIMmain::ShowAbout()
                                 .arg(CARTOLEN_MINOR)
                                 .arg(QString::fromLatin1(creditLine));
     if (!desktop_.ShowAboutBox(winId(), application, details)) {
-        ShowMessage(
-            this, QMessageBox::Information, application + u'\n' + details, QMessageBox::Ok,
-            QStringLiteral("About"));
+        ShowOwnAboutBox(application + u'\n' + details);
     }
+}
+
+void frmIMmain::ShowOwnAboutBox(const QString& text)
+{
+    QMessageBox box(QMessageBox::Information, QStringLiteral("About"), text, QMessageBox::Ok, this);
+    const QString address = homePage.toString();
+    box.setInformativeText(
+        QStringLiteral("%1<br><a href=\"%2\">%2</a>").arg(QString::fromLatin1(licenceLine), address));
+    // It stays a box of information to screen readers; only its picture is another.
+    if (auto* const picture = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
+        picture->setPixmap(
+            QIcon(QStringLiteral(":/icons/cartolen.svg")).pixmap(aboutLogoSize, devicePixelRatioF()));
+    }
+    if (auto* const links = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
+        links->setOpenExternalLinks(false);
+        connect(links, &QLabel::linkActivated, this, &frmIMmain::OpenAddress);
+    }
+    box.exec();
 }

@@ -115,10 +115,12 @@ void frmIMmain::TreeView1_DblClick()
         return;
     }
     const SourceEditor::UndoStep step(editor);
-    // The clipboard carries the selection: what is there afterwards is part of what the user counts on.
+    // It goes to the clipboard, since users count on what is there afterwards, but does not come from there:
+    // another program may have taken it over.
+    const QString selected = editor.SelText();
     CutText();
     editor.ReplaceSelection(TextOf(tag->Before));
-    PasteText();
+    editor.ReplaceSelection(selected);
     editor.ReplaceSelection(TextOf(tag->After));
     if (tag->Caret != caretAtEnd) {
         editor.Select(start + tag->Caret, 0);
@@ -133,6 +135,10 @@ bool frmIMmain::TreeView1_KeyDown(const QKeyEvent& key)
         return false;
     }
     QTreeWidgetItem* const node = ui_->TreeView1->currentItem();
+    if (SelectedNode() == 0 && node != nullptr) {
+        // A click beside all nodes selects none, but this one and its preview are still shown.
+        node->setSelected(true);
+    }
     if (node != nullptr && node->childCount() > 0) {
         node->setExpanded(!node->isExpanded());
     } else {

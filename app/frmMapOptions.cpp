@@ -2,6 +2,7 @@
 
 #include "app/IndentRules.h"
 #include "app/SourceEditor.h"
+#include "shared/OneLineField.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmMapOptions.h"
 
@@ -12,6 +13,7 @@ frmMapOptions::frmMapOptions(const ImgMap& imgMap, SourceEditor& editor, QWidget
     , ui_(std::make_unique<Ui::frmMapOptions>())
 {
     ui_->setupUi(this);
+    HoldOneLine(this);
     setAttribute(Qt::WA_DeleteOnClose);
     connect(ui_->txtIndentValue, &QLineEdit::textChanged, this, &frmMapOptions::txtIndentValue_Change);
     connect(ui_->cmdOK, &QPushButton::clicked, this, &frmMapOptions::cmdOK_Click);

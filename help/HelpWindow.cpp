@@ -1,5 +1,6 @@
 #include "help/HelpWindow.h"
 
+#include "shared/OneLineField.h"
 #include "ui_HelpWindow.h"
 
 #include <QAction>
@@ -54,6 +55,7 @@ HelpWindow::HelpWindow(const HelpBook& book, QWidget* owner)
     FillContents();
     FillIndex();
     CreateToolbar();
+    HoldOneLine(this);
     CreateKeys();
     ConnectLists();
     txtWords_Change();

@@ -100,7 +100,11 @@ void PageView::wheelEvent(QWheelEvent* event)
         return;
     }
     const int delta = event->angleDelta().y();
-    Zoom(delta / wheelStep != 0 ? delta / wheelStep : (delta > 0) - (delta < 0));
+    // Touchpads and fine wheels tell many small turns; what is left of one way is none of the other.
+    const bool isSameWay = (delta > 0) == (wheelRest_ > 0);
+    wheelRest_ = (isSameWay ? wheelRest_ : 0) + delta;
+    Zoom(wheelRest_ / wheelStep);
+    wheelRest_ %= wheelStep;
     event->accept();
 }
 

@@ -34,4 +34,5 @@ private:
     void Reread();
 
     int zoom_ = 0;
+    int wheelRest_ = 0; ///< turned with Ctrl, but not yet a whole step
 };

@@ -9,7 +9,9 @@
 #include "linkdialog/frmIMLink.h"
 #include "shared/CommandTables.h"
 #include "shared/ElidedLabel.h"
+#include "shared/FileDialog.h"
 #include "shared/HelpViewer.h"
+#include "shared/OneLineField.h"
 #include "shared/Paths.h"
 #include "shared/RowDelegate.h"
 #include "shared/WindowHelpers.h"
@@ -108,6 +110,7 @@ frmImageMap::frmImageMap(ImgMap& imgMap, DocumentSink& document, HelpViewer& hel
     , protocol_(imgMap, *this)
 {
     ui_->setupUi(this);
+    HoldOneLine(this);
     setAttribute(Qt::WA_DeleteOnClose);
     for (QScrollBar* const bar : { ui_->HScroll1, ui_->VScroll1 }) {
         bar->setFocusPolicy(Qt::TabFocus);

@@ -11,6 +11,16 @@
 
 namespace {
 
+/** Lets others ask an option which part of it a click takes. */
+class OptionArea : public QRadioButton
+{
+public:
+    [[nodiscard]] static bool Contains(const QRadioButton& option, const QPoint& place)
+    {
+        return (option.*&OptionArea::hitButton)(place);
+    }
+};
+
 constexpr const char* switchQuestion =
     "In order to switch Java Script options, your current Image Map must be deleted. "
     "Do you want to delete your Image Map?";
@@ -48,6 +58,7 @@ void frmJSOptions::Form_Load()
     LineUpExplanations();
     CentreOnScreen(this);
     SelectCurrentMode();
+    options_[static_cast<std::size_t>(imgMap_.Mode)]->setFocus();
 }
 
 /** Puts the first line of each explanation at the height of its option's text. */
@@ -74,6 +85,7 @@ bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
     }
     const auto* const option = std::find(options_.begin(), options_.end(), watched);
     return option != options_.end() &&
+           OptionArea::Contains(**option, static_cast<QMouseEvent*>(event)->position().toPoint()) &&
            optJSOpt_MouseDown(static_cast<std::size_t>(option - options_.begin()));
 }
 

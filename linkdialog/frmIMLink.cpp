@@ -1,6 +1,8 @@
 #include "linkdialog/frmIMLink.h"
 
+#include "shared/FileDialog.h"
 #include "shared/LinksFile.h"
+#include "shared/OneLineField.h"
 #include "shared/WindowHelpers.h"
 #include "ui_frmIMLink.h"
 
@@ -44,6 +46,7 @@ frmIMLink::frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner)
     , ui_(std::make_unique<Ui::frmIMLink>())
 {
     ui_->setupUi(this);
+    HoldOneLine(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::ApplicationModal);
     for (QComboBox* const box : { ui_->cmbLink, ui_->cmbTarget }) {

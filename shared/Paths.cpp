@@ -1,11 +1,26 @@
 #include "shared/Paths.h"
 
-#include <QDir>
 #include <algorithm>
+
+namespace {
+
+/** Whether `path` leads to a file from the root of a file system, so that "/" separates its folders. */
+bool IsWholePath(QStringView path)
+{
+    constexpr QStringView separators = u"/\\";
+    const auto isLetter = [](QChar character) {
+        return (character >= u'A' && character <= u'Z') || (character >= u'a' && character <= u'z');
+    };
+    return path.startsWith(u'/') ||
+           (path.size() > 2 && isLetter(path[0]) && path[1] == u':' && separators.contains(path[2]));
+}
+
+} // namespace
 
 QString FileNameOnly(const QString& path)
 {
-    return path.mid(std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(QDir::separator())) + 1);
+    const qsizetype slash = IsWholePath(path) ? path.lastIndexOf(u'/') : -1;
+    return path.mid(std::max(path.lastIndexOf(u'\\'), slash) + 1);
 }
 
 QString& PathToFileUrl(QString& path)

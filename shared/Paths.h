@@ -2,7 +2,10 @@
 
 #include <QString>
 
-/** The part of `path` after its last "\" or the system's own separator; `path` itself when it holds none. */
+/**
+ * The part of `path` after its last "\"; in one that starts with "/" or with a drive, "/" separates too. An
+ * address and a reference with "/" stay whole: in them it belongs to what the page refers to.
+ */
 [[nodiscard]] QString FileNameOnly(const QString& path);
 
 /**

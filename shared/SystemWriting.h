@@ -20,3 +20,6 @@
  * waited for.
  */
 [[nodiscard]] std::optional<QString> SyncToDisk(int handle);
+
+/** How many bytes the name of a file in `folder` may have; nothing where the system does not tell. */
+[[nodiscard]] std::optional<qsizetype> LongestFileName(const QString& folder);

@@ -67,3 +67,9 @@ std::optional<QString> SyncToDisk(int handle)
     }
     return std::nullopt;
 }
+
+std::optional<qsizetype> LongestFileName(const QString& folder)
+{
+    const long longest = pathconf(QFile::encodeName(folder).constData(), _PC_NAME_MAX);
+    return longest > 0 ? std::optional<qsizetype>(longest) : std::nullopt;
+}

@@ -19,3 +19,9 @@ std::optional<QString> SyncToDisk(int handle)
     }
     return qt_error_string(errno);
 }
+
+// The system's own dialogs tell it themselves.
+std::optional<qsizetype> LongestFileName(const QString&)
+{
+    return std::nullopt;
+}

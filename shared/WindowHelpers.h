@@ -1,13 +1,11 @@
 #pragma once
 
-#include "shared/DialogFilter.h"
 #include "shared/ImgMap.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -109,30 +107,4 @@ inline void NameParts(const QComboBox* box)
 {
     box->lineEdit()->setAccessibleName(box->accessibleName());
     box->view()->setAccessibleName(box->accessibleName());
-}
-
-/** The file that a modal dialog chose, in the system's own form, or nothing when it was cancelled. */
-inline std::optional<QString> ChosenFile(QFileDialog& dialog)
-{
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return std::nullopt;
-    }
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
-}
-
-/** Offers the choices of `filter`, each shown as its caption alone. */
-inline void OfferFiles(QFileDialog& dialog, QStringView filter)
-{
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(DialogNameFilters(filter));
-}
-
-/** Asks for a picture to open; nothing when the dialog was cancelled. */
-inline std::optional<QString> AskForPicture(QWidget* owner)
-{
-    QFileDialog dialog(owner);
-    dialog.setObjectName(QStringLiteral("CMDialog1"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    OfferFiles(dialog, pictureFilter);
-    return ChosenFile(dialog);
 }

@@ -40,6 +40,8 @@ private Q_SLOTS:
     void fileNameArrivesWhole();
     void addressArrivesAsItIs();
     void printingIsLeftToLp();
+    void printedCharactersComeOutRightInEveryLocale_data();
+    void printedCharactersComeOutRightInEveryLocale();
     void missingThingsAreToldBeforeAnythingIsStarted_data();
     void missingThingsAreToldBeforeAnythingIsStarted();
     void unreadableFileIsDenied();
@@ -141,6 +143,44 @@ void tst_desktoplinux::printingIsLeftToLp()
     QFile said(folder_->Path(QStringLiteral("said")));
     QVERIFY(said.open(QIODevice::ReadOnly));
     QCOMPARE(said.readAll(), QFile::encodeName(QDir::currentPath()) + "/-t.txt\n");
+}
+
+void tst_desktoplinux::printedCharactersComeOutRightInEveryLocale_data()
+{
+    QTest::addColumn<QByteArray>("locale");
+    QTest::newRow("UTF-8") << QByteArray("C.UTF-8");
+    QTest::newRow("ASCII") << QByteArray("C");
+    QTest::newRow("one that is not installed") << QByteArray("de_DE.ISO-8859-15");
+}
+
+void tst_desktoplinux::printedCharactersComeOutRightInEveryLocale()
+{
+    QFETCH(const QByteArray, locale);
+    // It tells the server the encoding of its locale, and sends the file as it is.
+    MakeTool(
+        "lp", "printf '%s\n' \"$(locale charmap)\" > said.part\n"
+              "printf '%s\n' \"${1##*/}\" >> said.part\n"
+              "cat \"$1\" >> said.part\n"
+              "mv said.part said\n");
+    QFile copy(folder_->Path(QStringLiteral("page_Temp.txt")));
+    QVERIFY(copy.open(QIODevice::WriteOnly));
+    const QByteArray bytes = "caf\xE9 \x80 \x93x\x94\r\n";
+    copy.write(bytes);
+    copy.close();
+    const QByteArray oldLocale = qgetenv("LC_ALL");
+    qputenv("LC_ALL", locale);
+    const int code = CodeOf("Print", QStringLiteral("page_Temp.txt"));
+    qputenv("LC_ALL", oldLocale);
+    QCOMPARE(code, leastShellSuccess);
+    QFile said(folder_->Path(QStringLiteral("said")));
+    QVERIFY(said.open(QIODevice::ReadOnly));
+    QCOMPARE(
+        QString::fromUtf8(said.readAll()),
+        QStringLiteral("UTF-8\npage_Temp.txt\ncaf\u00E9 \u20AC \u201Cx\u201D\r\n"));
+    // The copy stays as it was, and nothing else stays.
+    QVERIFY(copy.open(QIODevice::ReadOnly));
+    QCOMPARE(copy.readAll(), bytes);
+    QTRY_VERIFY(QDir(QDir::tempPath()).entryList({ QStringLiteral("cartolen-print-*") }).isEmpty());
 }
 
 void tst_desktoplinux::missingThingsAreToldBeforeAnythingIsStarted_data()

@@ -288,8 +288,6 @@ void tst_editing::pastedTextGetsCrLf_data()
     QTest::newRow("CR LF") << "x\r\ny";
     QTest::newRow("LF") << "x\ny";
     QTest::newRow("CR") << "x\ry";
-    QTest::newRow("paragraph separator") << QStringLiteral("x\u2029y");
-    QTest::newRow("line separator") << QStringLiteral("x\u2028y");
 }
 
 void tst_editing::pastedTextGetsCrLf()

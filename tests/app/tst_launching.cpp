@@ -3,6 +3,7 @@
 #include "app/ShellErrors.h"
 #include "app/TemporaryCopy.h"
 #include "tests/app/MainWindowFixture.h"
+#include "tests/support/Icons.h"
 
 #include <QDir>
 #include <memory>
@@ -51,7 +52,9 @@ private Q_SLOTS:
     void logosHaveAQuestionMarkPointer();
     void homePageThatCannotBeOpenedIsTold();
     void aboutIsTheSystemsBox();
+    void missingPathOfAnAddressIsToldAsSuch();
     void aboutIsABoxOfOurOwnWhereTheSystemHasNone();
+    void ownAboutBoxShowsLogoLicenceAndHomePage();
 
 private:
     void Fill(const QString& text);
@@ -402,6 +405,39 @@ void tst_launching::aboutIsABoxOfOurOwnWhereTheSystemHasNone()
     QCOMPARE(box.title, QStringLiteral("About"));
     QCOMPARE(box.text, QStringLiteral("Cartolen\nV4.0\nMade by the Cartolen authors"));
     QCOMPARE(box.icon, QMessageBox::Information);
+}
+
+void tst_launching::missingPathOfAnAddressIsToldAsSuch()
+{
+    QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
+    test_->desktop.Code = shellPathNotFound;
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    test_->window.OpenHomePage();
+    QCOMPARE(test_->robot.Boxes().constFirst().text, QStringLiteral("Path not found"));
+}
+
+void tst_launching::ownAboutBoxShowsLogoLicenceAndHomePage()
+{
+    LoadIcons();
+    test_->desktop.HasAboutBox = false;
+    QString details;
+    QSizeF logo;
+    test_->robot.Act([&details, &logo](QDialog& dialog) {
+        auto& box = static_cast<QMessageBox&>(dialog);
+        auto* const information = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+        const auto* const icon = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
+        details = box.informativeText();
+        logo = icon->pixmap().deviceIndependentSize();
+        Q_EMIT information->linkActivated(QStringLiteral("https://cartolen.example/"));
+        QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    test_->window.ShowAbout();
+    QVERIFY2(details.contains(u"MIT"), qPrintable(details));
+    QVERIFY2(details.contains(u"href=\"https://cartolen.example/\""), qPrintable(details));
+    QVERIFY(logo.width() >= 64);
+    // The address goes where all go.
+    QCOMPARE(test_->desktop.Requests.size(), 1);
+    QCOMPARE(test_->desktop.Requests.constFirst().Target, QStringLiteral("https://cartolen.example/"));
 }
 
 QTEST_MAIN(tst_launching)

@@ -72,7 +72,9 @@ private Q_SLOTS:
     void enterMakesALineEnd();
     void tabIsACharacterOfThePage();
     void keysOfMenuEntriesAreLeftToTheMenu();
-    void composedTextHasNoLineSeparators();
+    void composedLineEndsAreLineEnds();
+    void charactersOfTheLayoutAreShownAsTheyAreSaved_data();
+    void charactersOfTheLayoutAreShownAsTheyAreSaved();
 
     void pastingRichTextInsertsItsPlainText();
     void pastingFormattingWithoutTextInsertsNothing();
@@ -147,8 +149,6 @@ void tst_sourceeditor::everyLineEndBecomesCrLf_data()
                                      << "a\r\n\r\nb";
     QTest::newRow("all kinds") << "\ra\nb\r\nc\n"
                                << "\r\na\r\nb\r\nc\r\n";
-    QTest::newRow("line separator") << QStringLiteral("a\u2028b") << "a\r\nb";
-    QTest::newRow("paragraph separator") << QStringLiteral("a\u2029b") << "a\r\nb";
 }
 
 void tst_sourceeditor::everyLineEndBecomesCrLf()
@@ -358,13 +358,61 @@ void tst_sourceeditor::keysOfMenuEntriesAreLeftToTheMenu()
     }
 }
 
-void tst_sourceeditor::composedTextHasNoLineSeparators()
+void tst_sourceeditor::composedLineEndsAreLineEnds()
 {
     QInputMethodEvent event;
-    event.setCommitString(QStringLiteral("a\u2028b"));
+    event.setCommitString(QStringLiteral("a\r\nb\rc"));
     QApplication::sendEvent(editor_.get(), &event);
-    QCOMPARE(editor_->Text(), QStringLiteral("a\r\nb"));
-    QCOMPARE(editor_->TextLength(), qsizetype(4));
+    QCOMPARE(editor_->Text(), QStringLiteral("a\r\nb\r\nc"));
+    QCOMPARE(editor_->TextLength(), qsizetype(7));
+}
+
+void tst_sourceeditor::charactersOfTheLayoutAreShownAsTheyAreSaved_data()
+{
+    QTest::addColumn<char16_t>("code");
+    QTest::newRow("line separator") << char16_t(0x2028);
+    QTest::newRow("paragraph separator") << char16_t(0x2029);
+    QTest::newRow("beginning of a frame") << char16_t(0xFDD0);
+    QTest::newRow("end of a frame") << char16_t(0xFDD1);
+}
+
+void tst_sourceeditor::charactersOfTheLayoutAreShownAsTheyAreSaved()
+{
+    QFETCH(const char16_t, code);
+    const QString text = QString(u"a" + QString(QChar(code)) + u"b");
+    const QString kept = QStringLiteral("a?b");
+    QCOMPARE(AnsiCodePage::Encode(text), kept.toLatin1());
+    const auto isKept = [this, &kept] {
+        return editor_->Text() == kept && editor_->SelStart() == 3 && editor_->TextLength() == 3;
+    };
+
+    editor_->LoadText(text);
+    QCOMPARE(editor_->Text(), kept);
+
+    editor_->LoadText(QString());
+    editor_->ReplaceSelection(text);
+    QVERIFY2(isKept(), "replaced");
+
+    editor_->LoadText(QString());
+    QGuiApplication::clipboard()->setText(text);
+    QTest::keyClick(editor_.get(), Qt::Key_V, Qt::ControlModifier);
+    QVERIFY2(isKept(), "pasted");
+    editor_->undo();
+    QCOMPARE(editor_->Text(), QString());
+    editor_->redo();
+    QVERIFY2(isKept(), "pasted again");
+
+    editor_->LoadText(QString());
+    for (const QChar character : text) {
+        QTest::sendKeyEvent(QTest::Click, editor_.get(), Qt::Key_unknown, QString(character), Qt::NoModifier);
+    }
+    QVERIFY2(isKept(), "typed");
+
+    editor_->LoadText(QString());
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QApplication::sendEvent(editor_.get(), &event);
+    QVERIFY2(isKept(), "composed");
 }
 
 void tst_sourceeditor::pastingRichTextInsertsItsPlainText()

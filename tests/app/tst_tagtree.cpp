@@ -27,6 +27,9 @@ private Q_SLOTS:
     void doubleClickInsertsAtTheCaret();
     void doubleClickKeepsTheSelectedText_data();
     void doubleClickKeepsTheSelectedText();
+    void doubleClickPutsInWhatWasSelectedWhoeverTakesTheClipboard();
+    void doubleClickWithAnotherButtonInsertsNothing_data();
+    void doubleClickWithAnotherButtonInsertsNothing();
     void doubleClickOnACategoryOnlyOpensIt();
     void everyInsertionIsAStepOfUndoOfItsOwn();
     void insertionMarksTheDocumentAsChanged();
@@ -36,6 +39,7 @@ private Q_SLOTS:
     void enterInsertsAsADoubleClickDoes();
     void enterOpensAndClosesACategory();
     void enterWithNothingSelectedInsertsNothing();
+    void enterInsertsWhatIsShownAfterAClickBesideIt();
 
 private:
     QString AfterDoubleClick(const ExpectedTag& tag, const QString& selected);
@@ -244,6 +248,45 @@ void tst_tagtree::doubleClickKeepsTheSelectedText()
     QCOMPARE(editor->SelStart(), 7 + selected.size());
 }
 
+void tst_tagtree::doubleClickPutsInWhatWasSelectedWhoeverTakesTheClipboard()
+{
+    SourceEditor* const editor = test_->Editor();
+    editor->LoadText(QStringLiteral("abc"));
+    editor->Select(1, 1);
+    // As a program does that watches the clipboard and takes it over.
+    QClipboard* const clipboard = QGuiApplication::clipboard();
+    const auto watch = connect(clipboard, &QClipboard::dataChanged, this, [clipboard] {
+        if (clipboard->text() == u"b") {
+            clipboard->setText(QStringLiteral("foreign"));
+        }
+    });
+    test_->DoubleClick(test_->Node(QStringLiteral("C604")));
+    disconnect(watch);
+    QCOMPARE(editor->Text(), QStringLiteral("a<B>b</B>c"));
+    QCOMPARE(clipboard->text(), QStringLiteral("foreign"));
+}
+
+void tst_tagtree::doubleClickWithAnotherButtonInsertsNothing_data()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::newRow("right") << Qt::RightButton;
+    QTest::newRow("middle") << Qt::MiddleButton;
+    QTest::newRow("back") << Qt::BackButton;
+}
+
+void tst_tagtree::doubleClickWithAnotherButtonInsertsNothing()
+{
+    QFETCH(const Qt::MouseButton, button);
+    QTreeWidgetItem* const bold = test_->Node(QStringLiteral("C604"));
+    const QPoint place = test_->PlaceOf(bold);
+    QTest::mouseDClick(test_->Tree()->viewport(), button, {}, place);
+    QCOMPARE(test_->Editor()->Text(), QString());
+    QVERIFY(!test_->window.DocumentChanged());
+    // The next one of the left button works.
+    QTest::mouseDClick(test_->Tree()->viewport(), Qt::LeftButton, {}, place);
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("<B></B>"));
+}
+
 void tst_tagtree::doubleClickOnACategoryOnlyOpensIt()
 {
     SourceEditor* const editor = test_->Editor();
@@ -357,6 +400,32 @@ void tst_tagtree::enterWithNothingSelectedInsertsNothing()
     QTest::keyClick(test_->Tree(), Qt::Key_Return);
     QCOMPARE(test_->Editor()->Text(), QString());
     QVERIFY(!test_->window.DocumentChanged());
+}
+
+void tst_tagtree::enterInsertsWhatIsShownAfterAClickBesideIt()
+{
+    QTreeWidget* const tree = test_->Tree();
+    QTreeWidgetItem* const bold = test_->Node(QStringLiteral("C604"));
+    test_->Click(bold);
+    tree->topLevelItem(0)->setExpanded(false);
+    tree->topLevelItem(0)->setExpanded(true);
+    tree->setCurrentItem(bold);
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+        for (int child = 0; child < tree->topLevelItem(i)->childCount(); ++child) {
+            QTreeWidgetItem* const category = tree->topLevelItem(i)->child(child);
+            category->setExpanded(category == bold->parent());
+        }
+    }
+    test_->window.resize(test_->window.width(), 2000);
+    const QPoint below(40, tree->viewport()->height() - 5);
+    QVERIFY(tree->itemAt(below) == nullptr);
+    // No hand is quite still.
+    QTest::mousePress(tree->viewport(), Qt::LeftButton, {}, below);
+    QTest::mouseMove(tree->viewport(), below - QPoint(1, 1));
+    QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, below - QPoint(1, 1));
+    QCOMPARE(test_->Preview(), QStringLiteral("<B>|</B>"));
+    QTest::keyClick(tree, Qt::Key_Return);
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("<B></B>"));
 }
 
 QTEST_MAIN(tst_tagtree)

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void WordsAreFoundInThePage();
     void KeysEnlargeTheText();
     void TheWheelEnlargesTheText();
+    void FineStepsOfTheWheelAddUp();
     void TheColumnStaysReadable();
     void EscClosesFromEverywhere();
     void ShowingAgainKeepsThePage();
@@ -57,6 +58,8 @@ private Q_SLOTS:
     void EveryPageOfTheShippedBookIsShown();
 
 private:
+    /** Turns the wheel by `delta` eighths of a degree while Ctrl is held. */
+    void TurnWithCtrl(int delta) const;
     [[nodiscard]] PageView* Page() const { return Find<PageView>(window_.get(), "PageView1"); }
     [[nodiscard]] QString PageName() const { return book_.PageAt(Page()->source()); }
     [[nodiscard]] QTreeWidget* Keywords() const { return Find<QTreeWidget>(window_.get(), "treKeywords"); }
@@ -421,12 +424,38 @@ void TestHelpWindow::KeysEnlargeTheText()
 void TestHelpWindow::TheWheelEnlargesTheText()
 {
     const qreal normal = Page()->font().pointSizeF();
+    TurnWithCtrl(240);
+    QCOMPARE(Page()->font().pointSizeF(), normal + 2);
+}
+
+void TestHelpWindow::FineStepsOfTheWheelAddUp()
+{
+    const qreal normal = Page()->font().pointSizeF();
+    const auto turn = [this](int times, int delta) {
+        for (int i = 0; i < times; ++i) {
+            TurnWithCtrl(delta);
+        }
+    };
+    turn(59, 2);
+    QCOMPARE(Page()->font().pointSizeF(), normal);
+    turn(1, 2);
+    QCOMPARE(Page()->font().pointSizeF(), normal + 1);
+    turn(7, 50);
+    QCOMPARE(Page()->font().pointSizeF(), normal + 3);
+    // Back again takes a whole notch too, whatever was left of the way there.
+    turn(2, -59);
+    QCOMPARE(Page()->font().pointSizeF(), normal + 3);
+    turn(1, -2);
+    QCOMPARE(Page()->font().pointSizeF(), normal + 2);
+}
+
+void TestHelpWindow::TurnWithCtrl(int delta) const
+{
     const QPointF place = Page()->viewport()->rect().center();
     QWheelEvent turn(
-        place, Page()->viewport()->mapToGlobal(place), {}, { 0, 240 }, Qt::NoButton, Qt::ControlModifier,
+        place, Page()->viewport()->mapToGlobal(place), {}, { 0, delta }, Qt::NoButton, Qt::ControlModifier,
         Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(Page()->viewport(), &turn);
-    QCOMPARE(Page()->font().pointSizeF(), normal + 2);
 }
 
 void TestHelpWindow::TheColumnStaysReadable()

@@ -37,6 +37,8 @@ private Q_SLOTS:
     void firstOpeningSelectsDisabled();
     void loadingSelectsTheModeInForce_data();
     void loadingSelectsTheModeInForce();
+    void optionInForceHasTheFocus_data() { loadingSelectsTheModeInForce_data(); }
+    void optionInForceHasTheFocus();
     void loadingAppliesNothing();
 
     void clickSwitchesAtOnceWithoutFigures_data();
@@ -53,6 +55,7 @@ private Q_SLOTS:
     void doubleClickAsksOnce();
     void secondClickAsksAgainAfterNo();
     void otherMouseButtonsAskNothing();
+    void pressBesideTheOptionAsksNothing();
 
     void keyboardSwitchesAndLeavesTheFigures();
     void arrowKeysSwitchAtOnce();
@@ -202,6 +205,15 @@ void tst_frmjsoptions::loadingSelectsTheModeInForce()
     QCOMPARE(SelectedOption(), mode);
     QCOMPARE(test_->imgMap.Mode, static_cast<JSMode>(mode));
     dialog_->close();
+}
+
+void tst_frmjsoptions::optionInForceHasTheFocus()
+{
+    QFETCH(const int, mode);
+    test_->imgMap.Mode = static_cast<JSMode>(mode);
+    OpenOptions();
+    QVERIFY(QTest::qWaitForWindowActive(dialog_));
+    QCOMPARE(dialog_->focusWidget(), Option(mode));
 }
 
 void tst_frmjsoptions::loadingAppliesNothing()
@@ -421,6 +433,43 @@ void tst_frmjsoptions::otherMouseButtonsAskNothing()
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), 0);
     QCOMPARE(test_->imgMap.Mode, JSDisabled);
+    dialog_->close();
+}
+
+void tst_frmjsoptions::pressBesideTheOptionAsksNothing()
+{
+    // The places across the widest row where a click switches, while there is nothing to ask about.
+    OpenOptions();
+    QRadioButton* option = Option(4);
+    const auto place = [&option](int tenth) {
+        return QPoint(1 + tenth * (option->width() - 3) / 10, option->height() / 2);
+    };
+    QList<bool> switches;
+    for (int tenth = 0; tenth <= 10; ++tenth) {
+        Option(0)->click();
+        QTest::mouseClick(option, Qt::LeftButton, {}, place(tenth));
+        switches << option->isChecked();
+    }
+    QVERIFY(switches.contains(true));
+    Option(0)->click();
+    dialog_->close();
+
+    test_->DrawRectangle({ 10, 10 }, { 40, 40 });
+    OpenOptions();
+    option = Option(4);
+    for (int tenth = 0; tenth <= 10; ++tenth) {
+        const qsizetype before = test_->robot.Boxes().size();
+        if (switches[tenth]) {
+            test_->robot.AnswerBox(QMessageBox::No);
+        }
+        QTest::mouseClick(option, Qt::LeftButton, {}, place(tenth));
+        test_->Settle();
+        QCOMPARE(test_->robot.Boxes().size() > before, switches[tenth]);
+    }
+    // The column is as wide as its longest option, so a short one has such places in any style.
+    QTest::mouseClick(Option(0), Qt::LeftButton, {}, QPoint(Option(0)->width() - 2, Option(0)->height() / 2));
+    test_->Settle();
+    QCOMPARE(test_->robot.Boxes().size(), switches.count(true));
     dialog_->close();
 }
 

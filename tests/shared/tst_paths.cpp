@@ -40,6 +40,28 @@ void TestPaths::fileNameStandsBehindTheLastSeparator_data()
                                  << " my map.gif ";
     QTest::newRow("path as this system writes it")
         << QDir::toNativeSeparators("/home/u/map.gif") << "map.gif";
+    QTest::newRow("path of a system with the other separator") << "/home/u/map.gif"
+                                                               << "map.gif";
+    QTest::newRow("drive with the other separator") << "C:/pics/map.gif"
+                                                    << "map.gif";
+    QTest::newRow("drive with both separators") << R"(C:\my/pics/map.gif)"
+                                                << "map.gif";
+    QTest::newRow("separator of this system only at the end") << R"(/home/u\map.gif)"
+                                                              << "map.gif";
+    QTest::newRow("address") << "http://example.org/pics/off.gif"
+                             << "http://example.org/pics/off.gif";
+    QTest::newRow("reference from the page") << "pics/off.gif"
+                                             << "pics/off.gif";
+    QTest::newRow("reference from the folder above") << "../pics/off.gif"
+                                                     << "../pics/off.gif";
+    QTest::newRow("reference behind a folder") << R"(pics\a/off.gif)"
+                                               << "a/off.gif";
+    QTest::newRow("a word and a colon are no drive") << "ab:/pics/off.gif"
+                                                     << "ab:/pics/off.gif";
+    QTest::newRow("no letter is no drive") << "1:/pics/off.gif"
+                                           << "1:/pics/off.gif";
+    QTest::newRow("drive and a folder without its root") << "C:pics/off.gif"
+                                                         << "C:pics/off.gif";
 }
 
 void TestPaths::fileNameStandsBehindTheLastSeparator()

@@ -27,8 +27,11 @@ public:
         return HasAboutBox;
     }
 
+    [[nodiscard]] std::optional<bool> IsCapsLockOn() const override { return CapsLockOn; }
+
     QList<ShellRequest> Requests;
     QList<AboutBox> AboutBoxes;
     int Code = leastShellSuccess;
     bool HasAboutBox = true;
+    std::optional<bool> CapsLockOn;
 };
