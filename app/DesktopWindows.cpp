@@ -23,7 +23,8 @@ public:
 
     bool ShowAboutBox(quintptr window, const QString& application, const QString& details) override
     {
-        // The icon of app/windows/cartolen.rc.in; without one, as in the tests, the box shows the system's.
+        // The icon of packaging/windows/cartolen.rc.in; without one, as in the tests, the box shows the
+        // system's.
         const HICON icon = LoadIconA(GetModuleHandleA(nullptr), "IDI_ICON1");
         return ShellAboutA(
                    reinterpret_cast<HWND>(window), application.toLocal8Bit().constData(),
