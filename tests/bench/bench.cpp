@@ -1,6 +1,6 @@
 // Prints how the program's costs compare with their baselines, measured in the same run. Not a test: the
 // machine's mood must not fail a build. With "count" it prints what callgrind's counts belong to instead;
-// see tests/bench/instructions.
+// see tools/checks/instructions.
 
 #include "tests/bench/Bench.h"
 
