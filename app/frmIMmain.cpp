@@ -110,6 +110,9 @@ frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
     CreateCommands();
     CreateStatusBar();
     PlaceToolbar();
+    // A tag is known by its beginning.
+    ui_->lblQTagsO->SetElideMode(Qt::ElideRight);
+    ui_->lblQTagsC->SetElideMode(Qt::ElideRight);
     ShowLogo();
     GrowWithText();
     ConnectControls();
@@ -145,10 +148,7 @@ void frmIMmain::CreateStatusBar()
 {
     panel1_ = new QLabel(QStringLiteral("CAPS"), this);
     panel2_ = new QLabel(this);
-    auto* const name = new ElidedLabel(this);
-    // Of a path, its beginning and the file's name tell most.
-    name->SetElideMode(Qt::ElideMiddle);
-    panel3_ = name;
+    panel3_ = new ElidedLabel(this);
     panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
     panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
     panel3_->setObjectName(QStringLiteral("StatusBar1_Panel3"));

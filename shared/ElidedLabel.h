@@ -33,7 +33,7 @@ public:
         setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
 
-    /** Where the ellipsis stands; at the end unless told. */
+    /** Where the ellipsis stands; in the middle unless told. */
     void SetElideMode(Qt::TextElideMode mode)
     {
         mode_ = mode;
@@ -58,8 +58,9 @@ protected:
         QPainter painter(this);
         drawFrame(&painter);
         style()->drawItemText(
-            &painter, contentsRect(), static_cast<int>(alignment()) | Qt::TextSingleLine, palette(),
-            isEnabled(), ShownText(), foregroundRole());
+            &painter, contentsRect(),
+            static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | Qt::TextSingleLine,
+            palette(), isEnabled(), ShownText(), foregroundRole());
     }
 
     bool event(QEvent* event) override
@@ -72,5 +73,5 @@ protected:
     }
 
 private:
-    Qt::TextElideMode mode_ = Qt::ElideRight;
+    Qt::TextElideMode mode_ = Qt::ElideMiddle;
 };
