@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <algorithm>
 #include <new>
 
 namespace {
@@ -20,8 +21,40 @@ constexpr const char* newFileName = "newmap.htm";
 constexpr const char* defaultSuffix = "htm";
 /** How much of a document's name tells that it was never saved. */
 constexpr qsizetype neverSavedLength = 15;
-/** Larger files than this cannot be edited: a document's positions are 32-bit numbers. */
-constexpr qint64 largestDocument = qint64(1) << 30;
+/** Larger files than this cannot be edited: what the editor keeps of a text is counted in 32-bit numbers. */
+constexpr qint64 largestDocument = qint64(1) << 29;
+
+/** What the editor takes of memory in bytes, rounded up: in all, for a line, and to lay the longest one out.
+ */
+constexpr qsizetype bytesPerCharacter = 8;
+constexpr qsizetype bytesPerLine = 160;
+constexpr qsizetype bytesPerLaidOutCharacter = 64;
+
+/**
+ * Whether there is the memory that it takes to show `text`. It is asked for here, where having none can be
+ * told: within the editor the program would end.
+ */
+bool IsRoomFor(QStringView text)
+{
+    qsizetype lines = 1;
+    qsizetype longest = 0;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i <= text.size(); ++i) {
+        if (i == text.size() || text[i] == u'\n' || text[i] == u'\r') {
+            longest = std::max(longest, i - start);
+            start = i + 1;
+            ++lines;
+        }
+    }
+    try {
+        const QByteArray room(
+            text.size() * bytesPerCharacter + lines * bytesPerLine + longest * bytesPerLaidOutCharacter,
+            Qt::Uninitialized);
+        return !room.isEmpty();
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
 
 /** The text of the file `path`, or nothing when it cannot be read whole. */
 std::optional<QString> ReadDocument(const QString& path)
@@ -35,7 +68,8 @@ std::optional<QString> ReadDocument(const QString& path)
         if (file.error() != QFileDevice::NoError || bytes.size() < file.size()) {
             return std::nullopt;
         }
-        return AnsiCodePage::Decode(bytes);
+        const QString text = AnsiCodePage::Decode(bytes);
+        return IsRoomFor(text) ? std::optional(text) : std::nullopt;
     } catch (const std::bad_alloc&) {
         return std::nullopt;
     }

@@ -130,11 +130,13 @@ inline void ToggleFlatLook(QToolBar* toolbar)
     }
 }
 
-/** The menu entry of `window` whose key was pressed; null when there is none. */
+/** The entry of the menu bar of `window` whose key was pressed; null when there is none. */
 inline QAction* EntryOfKey(const QWidget* window, const QKeyEvent& key)
 {
     const QKeySequence pressed(key.keyCombination());
-    const QList<QAction*> actions = window->findChildren<QAction*>();
+    // Not the window's own children, among which are the windows that it owns, with entries of theirs.
+    const auto* const bar = window->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly);
+    const QList<QAction*> actions = bar != nullptr ? bar->findChildren<QAction*>() : QList<QAction*>();
     const auto entry = std::find_if(actions.begin(), actions.end(), [&pressed](const QAction* action) {
         return !pressed.isEmpty() && action->shortcut() == pressed;
     });

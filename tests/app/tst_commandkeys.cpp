@@ -2,6 +2,7 @@
 
 #include "app/frmMapOptions.h"
 #include "imagemap/frmImageMap.h"
+#include "shared/CommandTables.h"
 #include "tests/app/MainWindowFixture.h"
 
 #include <QClipboard>
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void editingKeysInTheListsWorkOnTheEditor_data();
     void editingKeysInTheListsWorkOnTheEditor();
     void editorsOtherClipboardKeysRunTheCommands();
+    void keysOfOtherWindowsAreNotThisOnes();
 
 private:
     static void Controls();
@@ -196,6 +198,23 @@ void tst_commandkeys::editorsOtherClipboardKeysRunTheCommands()
     test_->Press(Qt::Key_Insert, Qt::ShiftModifier);
     test_->Press(Qt::Key_Insert, Qt::ShiftModifier);
     QCOMPARE(Editor()->Text(), QStringLiteral("abbc"));
+}
+
+void tst_commandkeys::keysOfOtherWindowsAreNotThisOnes()
+{
+    // The image map editor belongs to the main window, as this one does.
+    QMainWindow other(&test_->window);
+    QAction* const theirs =
+        other.menuBar()->addMenu(QStringLiteral("Menu"))->addAction(QStringLiteral("Entry"));
+    theirs->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Right));
+    const QKeyEvent key(QEvent::KeyPress, Qt::Key_Right, Qt::ControlModifier);
+    QCOMPARE(EntryOfKey(&test_->window, key), nullptr);
+    QCOMPARE(EntryOfKey(&other, key), theirs);
+    const QKeyEvent save(QEvent::KeyPress, Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(EntryOfKey(&test_->window, save), test_->Find<QAction>("mnuFSave"));
+    const QKeyEvent inSubmenu(QEvent::KeyPress, Qt::Key_U, Qt::ControlModifier);
+    test_->Find<QAction>("mnuEUpperCase")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
+    QCOMPARE(EntryOfKey(&test_->window, inSubmenu), test_->Find<QAction>("mnuEUpperCase"));
 }
 
 QTEST_MAIN(tst_commandkeys)

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -44,6 +45,23 @@ bool MakeSocket(const QString& path)
     return isBound;
 }
 
+/** Lets the program have no more than `bytes` of memory for as long as it lives. */
+class LimitedMemory
+{
+public:
+    explicit LimitedMemory(rlim_t bytes)
+    {
+        getrlimit(RLIMIT_AS, &old_);
+        const rlimit limit = { .rlim_cur = bytes, .rlim_max = old_.rlim_max };
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    ~LimitedMemory() { setrlimit(RLIMIT_AS, &old_); }
+    Q_DISABLE_COPY_MOVE(LimitedMemory)
+
+private:
+    rlimit old_ = {};
+};
+
 /** What makes something strange of the name `path` in the folder `folder`. */
 using Make = std::function<bool(const QString& path)>;
 
@@ -72,6 +90,8 @@ private Q_SLOTS:
     void openingItTellsAndKeepsTheText();
     void savingToItTellsAndKeepsTheText_data();
     void savingToItTellsAndKeepsTheText();
+    void documentTooLargeForItsKindOrForMemoryIsTold_data();
+    void documentTooLargeForItsKindOrForMemoryIsTold();
     void pipeWithoutAReaderTakesNoPreview();
     void pipeThatNobodyEmptiesDoesNotHangTheWindow();
     void pipeThatIsReadGetsTheText();
@@ -236,6 +256,39 @@ void tst_strangefiles::savingToItTellsAndKeepsTheText()
     QCOMPARE(lstat(Native(InPages("page.htm")).constData(), &after), 0);
     QCOMPARE(after.st_ino, before.st_ino);
     QCOMPARE(QDir(Path("pages")).entryList(QDir::AllEntries | QDir::Hidden | QDir::System), names);
+}
+
+void tst_strangefiles::documentTooLargeForItsKindOrForMemoryIsTold_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<qint64>("memory");
+    constexpr qint64 mebibyte = 1024 * 1024;
+    QTest::newRow("nearly 1 GiB") << 1024 * mebibyte - 1 << 6144 * mebibyte;
+    QTest::newRow("less than that, but more than memory takes") << 256 * mebibyte << 1792 * mebibyte;
+}
+
+void tst_strangefiles::documentTooLargeForItsKindOrForMemoryIsTold()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the sanitizer needs all of the address space for itself");
+#endif
+    QFETCH(const qint64, size);
+    QFETCH(const qint64, memory);
+    test_->Type("x");
+    QVERIFY(WriteBytes(InPages("page.htm"), "old"));
+    QVERIFY(QFile::resize(InPages("page.htm"), size));
+    test_->robot.AnswerBox(QMessageBox::No);
+    test_->robot.ChooseFile(InPages("page.htm"));
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    {
+        const LimitedMemory limited(static_cast<rlim_t>(memory));
+        test_->Press(Qt::Key_O, Qt::ControlModifier);
+    }
+    QCOMPARE(test_->robot.Boxes().size(), 2);
+    QCOMPARE(test_->robot.Boxes().constLast().text, QString(u"Can't open file: " + InPages("page.htm")));
+    QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
+    test_->Type("y");
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("y"));
 }
 
 void tst_strangefiles::pipeWithoutAReaderTakesNoPreview()
