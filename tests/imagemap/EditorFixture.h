@@ -246,11 +246,14 @@ public:
         imgMap.Store.FigureCount = count;
     }
 
-    /** Lets anything come that is about to come. */
+    /** Lets anything come that is about to come: the windows post what they put off, and that may post more.
+     */
     static void Settle()
     {
-        constexpr int settleMilliseconds = 60;
-        QTest::qWait(settleMilliseconds);
+        constexpr int roundsAtMost = 5;
+        for (int i = 0; i < roundsAtMost; ++i) {
+            QTest::qWait(0);
+        }
     }
 
     [[nodiscard]] bool Closes()
