@@ -195,7 +195,8 @@ void CheckPaths(const QString& path)
     PathToFileUrl(url);
     Demand(!url.contains(u'\\'), "an address has no backslash");
     const QString name = FileNameOnly(path);
-    Demand(path.endsWith(name) && !name.contains(u'\\') && !name.contains(u'/'), "a name has no folders");
+    Demand(path.endsWith(name) && !name.contains(u'\\'), "a name has no folders");
+    Demand(!path.startsWith(u'/') || !name.contains(u'/'), "a name has no folders of a whole path");
 }
 
 } // namespace
