@@ -80,7 +80,7 @@ constexpr QSize leastSize(760, 560);
 constexpr QStringView helpPage = u"image-map-editor";
 /** Room for a number of pixels or figures, and for a frame with two positions, in digits. */
 constexpr int countDigits = 5;
-constexpr int framedDigits = 18;
+constexpr int framedDigits = 16;
 constexpr const char* noPictureText = "Open an Image !";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
