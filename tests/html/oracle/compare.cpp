@@ -151,10 +151,7 @@ private:
         if (isText) {
             TakeText(token);
         } else if (token.kind == HtmlToken::Kind::Comment) {
-            const QString data = PlainText(token.inside.In(text_));
-            found_ += { .kind = Kind::Comment,
-                        .place = token.whole,
-                        .data = token.isClosed ? data : CutComment(data) };
+            TakeComment(token);
         } else if (token.kind == HtmlToken::Kind::Doctype) {
             found_ += { .kind = Kind::Doctype, .place = token.whole };
         } else if (token.isClosed && !isNameless) {
@@ -182,6 +179,13 @@ private:
         }
         found_.last().data += data;
         found_.last().hasOnePlace = false;
+    }
+
+    void TakeComment(const HtmlToken& token)
+    {
+        const bool isCut = !token.isClosed && token.whole.In(text_).startsWith(u"<!--");
+        const QString data = PlainText(token.inside.In(text_));
+        found_ += { .kind = Kind::Comment, .place = token.whole, .data = isCut ? CutComment(data) : data };
     }
 
     void TakeTag(const HtmlToken& token, const HtmlState& state)

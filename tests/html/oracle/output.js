@@ -19,7 +19,10 @@ export class Output {
     }
 
     text(value) {
-        const bytes = Buffer.from(value, 'utf16le').swap16();
+        this.bytes(Buffer.from(value, 'utf16le').swap16());
+    }
+
+    bytes(bytes) {
         this.number(bytes.length);
         this.#makeRoom(bytes.length);
         this.#used += bytes.copy(this.#buffer, this.#used);
