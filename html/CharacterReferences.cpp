@@ -85,9 +85,9 @@ const CharacterName* LongestName(QStringView text)
         if (next == 0) {
             break;
         }
-        const auto found = std::ranges::equal_range(
-            candidates, next, {}, [length](const CharacterName& named) { return LetterOf(named, length); });
-        candidates = { found.begin(), found.end() };
+        const auto letter = [length](const CharacterName& named) { return LetterOf(named, length); };
+        candidates = { std::ranges::lower_bound(candidates, next, {}, letter),
+                       std::ranges::upper_bound(candidates, next, {}, letter) };
     }
     return longest;
 }

@@ -64,7 +64,8 @@ void TestCharacterReferences::everyNameIsKnown()
         const QString name = QString::fromLatin1(named.name.data(), qsizetype(named.name.size()));
         const QString complete = u'&' + name + u';';
         const QString open = u'&' + name + u' ';
-        const QString characters = QString::fromUcs4(named.characters.data(), named.characters[1] == 0 ? 1 : 2);
+        const QString characters =
+            QString::fromUcs4(named.characters.data(), named.characters[1] == 0 ? 1 : 2);
         QCOMPARE(DecodedText(complete), characters);
         QCOMPARE(DecodedValue(complete), characters);
         QCOMPARE(DecodedText(open) == QString(characters + u' '), !named.needsSemicolon);

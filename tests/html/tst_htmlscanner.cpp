@@ -169,7 +169,7 @@ void TestHtmlScanner::statesDifferWhereSomethingGoesOnOtherwise()
 
 void TestHtmlScanner::linesThatChangeNothingLeaveTheStateAsItIs()
 {
-    for (const QString& beginning :
+    for (const char* const beginning :
          { "", "<a ", "<a b='", "<!-- ", "<script>", "<script><!--", "<svg>", "<title>" }) {
         const HtmlState state = StateBehind({ beginning });
         QCOMPARE(StateBehind({ beginning, "" }), state);
