@@ -9,8 +9,8 @@
 /** Blanks and line ends; the carriage return too, which browsers make a line feed before. */
 [[nodiscard]] constexpr bool IsHtmlSpace(int character)
 {
-    return character == ' ' || character == '\n' || character == '\t' || character == '\r' ||
-           character == '\f';
+    return character <= ' ' && (character == ' ' || character == '\n' || character == '\t' ||
+                                character == '\r' || character == '\f');
 }
 
 [[nodiscard]] constexpr bool IsAsciiLetter(int character)

@@ -82,13 +82,6 @@ bool HtmlScanner::HasWord(qsizetype at, QLatin1String word) const
     return text_.size() - at >= word.size() && IsName(text_.sliced(at, word.size()), word);
 }
 
-/** Where `what` begins next, or the end of the text. */
-qsizetype HtmlScanner::Find(QStringView what) const
-{
-    const qsizetype found = text_.indexOf(what, at_);
-    return found < 0 ? text_.size() : found;
-}
-
 bool HtmlScanner::Emit(HtmlPartKind kind, qsizetype length, HtmlMode next)
 {
     part_ = { .place = { at_, length }, .kind = kind };
@@ -135,7 +128,7 @@ bool HtmlScanner::ReadData()
     if (angle == at_) {
         return ReadMarkup();
     }
-    return Emit(HtmlPartKind::Text, (angle < 0 ? text_.size() : angle) - at_, HtmlMode::Data);
+    return Emit(HtmlPartKind::Text, OrEnd(angle) - at_, HtmlMode::Data);
 }
 
 /** What a "<" begins that StartsMarkup(). */
@@ -206,8 +199,7 @@ bool HtmlScanner::ReadComment()
         if (At(end + 2 + bang) == '>') {
             break;
         }
-        const qsizetype next = text_.indexOf(u"--", end + 1);
-        end = next < 0 ? text_.size() : next;
+        end = OrEnd(text_.indexOf(u"--", end + 1));
     }
     const qsizetype closing = At(end + 2) == '!' ? 4 : 3;
     return ReadUpTo(HtmlPartKind::Comment, end, HtmlPartKind::CommentClose, closing);
@@ -215,11 +207,11 @@ bool HtmlScanner::ReadComment()
 
 bool HtmlScanner::ReadBogusComment()
 {
-    return ReadUpTo(HtmlPartKind::Comment, Find(u">"), HtmlPartKind::CommentClose, 1);
+    return ReadUpTo(HtmlPartKind::Comment, Find(u'>'), HtmlPartKind::CommentClose, 1);
 }
 
 /** Nothing in it hides its end, not even quotes. */
 bool HtmlScanner::ReadDoctype()
 {
-    return ReadUpTo(HtmlPartKind::Doctype, Find(u">"), HtmlPartKind::DoctypeClose, 1);
+    return ReadUpTo(HtmlPartKind::Doctype, Find(u'>'), HtmlPartKind::DoctypeClose, 1);
 }

@@ -117,7 +117,10 @@ private:
     [[nodiscard]] bool StartsMarkup(qsizetype behindAngle) const;
     [[nodiscard]] bool HasWord(qsizetype at, QLatin1String word) const;
     [[nodiscard]] bool IsEndTagAt(qsizetype at, QLatin1String name) const;
-    [[nodiscard]] qsizetype Find(QStringView what) const;
+    // Where that begins next, or the end of the text.
+    [[nodiscard]] qsizetype Find(QChar what) const { return OrEnd(text_.indexOf(what, at_)); }
+    [[nodiscard]] qsizetype Find(QStringView what) const { return OrEnd(text_.indexOf(what, at_)); }
+    [[nodiscard]] qsizetype OrEnd(qsizetype found) const { return found < 0 ? text_.size() : found; }
 
     QStringView text_;
     HtmlState state_;

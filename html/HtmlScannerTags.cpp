@@ -167,7 +167,7 @@ bool HtmlScanner::ReadUnquotedValue()
 
 bool HtmlScanner::ReadQuotedValue()
 {
-    const qsizetype end = Find(state_.mode == HtmlMode::DoubleQuotedValue ? u"\"" : u"'");
+    const qsizetype end = Find(state_.mode == HtmlMode::DoubleQuotedValue ? u'"' : u'\'');
     return end > at_ ? Emit(HtmlPartKind::AttributeValue, end - at_, state_.mode)
                      : Emit(HtmlPartKind::ClosingQuote, 1, HtmlMode::AfterQuotedValue);
 }

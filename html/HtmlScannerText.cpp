@@ -27,10 +27,9 @@ bool HtmlScanner::IsEndTagAt(qsizetype at, QLatin1String name) const
 bool HtmlScanner::ReadRawText()
 {
     const QLatin1String name = NameOf(state_.tag);
-    qsizetype end = Find(u"<");
+    qsizetype end = Find(u'<');
     while (end < text_.size() && !IsEndTagAt(end, name)) {
-        const qsizetype next = text_.indexOf(u'<', end + 1);
-        end = next < 0 ? text_.size() : next;
+        end = OrEnd(text_.indexOf(u'<', end + 1));
     }
     return ReadTextUpTo(end);
 }
@@ -69,8 +68,7 @@ bool HtmlScanner::IsScriptEnd(qsizetype at) const
 qsizetype HtmlScanner::PassScript(qsizetype at)
 {
     if (text_[at] != u'<') {
-        const qsizetype next = text_.indexOf(u'<', at);
-        return next < 0 ? text_.size() : next;
+        return OrEnd(text_.indexOf(u'<', at));
     }
     if (HasWord(at, QLatin1String("<!--"))) {
         state_.mode = HtmlMode::ScriptEscaped;

@@ -87,6 +87,7 @@ void Begin(HtmlToken& token, const HtmlPart& part)
 
 void AddToAttribute(HtmlAttribute& attribute, const HtmlPart& part, QStringView text)
 {
+    attribute.whole.length = part.place.End() - attribute.whole.offset;
     attribute.hasError = attribute.hasError || part.isError;
     switch (part.kind) {
     case HtmlPartKind::Equals:
@@ -113,8 +114,10 @@ void Add(HtmlToken& token, const HtmlPart& part, QStringView text)
         token.name = part.place;
         break;
     case HtmlPartKind::AttributeName:
-        token.attributes.push_back(
-            { .name = part.place, .value = { part.place.End(), 0 }, .hasError = part.isError });
+        token.attributes.push_back({ .whole = part.place,
+                                     .name = part.place,
+                                     .value = { part.place.End(), 0 },
+                                     .hasError = part.isError });
         break;
     case HtmlPartKind::SelfClosing:
         token.slash = part.place.offset;
@@ -134,11 +137,6 @@ void Add(HtmlToken& token, const HtmlPart& part, QStringView text)
 }
 
 } // namespace
-
-HtmlSpan HtmlAttribute::Whole() const
-{
-    return { name.offset, value.End() + (quote != 0 ? 1 : 0) - name.offset };
-}
 
 const HtmlAttribute* HtmlToken::Find(QStringView text, QLatin1String attribute) const
 {

@@ -7,15 +7,13 @@
 /** An attribute in the source. */
 struct HtmlAttribute
 {
+    HtmlSpan whole; ///< from its name to its closing quote
     HtmlSpan name;
     qsizetype equals = -1;    ///< where its "=" is, if it has one
     char16_t quote = 0;       ///< the kind of its quotes, if it has them
     HtmlSpan value;           ///< without the quotes; empty behind the name or the "=" if there is none
     bool isDuplicate = false; ///< another one of that name stands before it, so browsers do not see this one
     bool hasError = false;    ///< whether the standard calls something in it a parse error
-
-    /** All of it, from its name to its closing quote. */
-    [[nodiscard]] HtmlSpan Whole() const;
 };
 
 /** A tag, a comment or a run of text, with the places of what it is made of. */

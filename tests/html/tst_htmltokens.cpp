@@ -150,22 +150,22 @@ void TestHtmlTokens::everyPartOfATagHasItsPlace()
     QCOMPARE(shape.equals, text.indexOf(u'='));
     QCOMPARE(shape.quote, u'\'');
     QCOMPARE(shape.value.In(text), u"rect");
-    QCOMPARE(shape.Whole().In(text), u"shape = 'rect'");
+    QCOMPARE(shape.whole.In(text), u"shape = 'rect'");
 
     const HtmlAttribute& href = tag.attributes[1];
     QCOMPARE(href.quote, u'\0');
     QCOMPARE(href.value.In(text), u"a&amp;b");
-    QCOMPARE(href.Whole().In(text), u"href=a&amp;b");
+    QCOMPARE(href.whole.In(text), u"href=a&amp;b");
 
     const HtmlAttribute& alt = tag.attributes[2];
     QCOMPARE(alt.equals, -1);
-    QCOMPARE(alt.Whole().In(text), u"alt");
+    QCOMPARE(alt.whole.In(text), u"alt");
     QCOMPARE(alt.value, (HtmlSpan{ alt.name.End(), 0 }));
 
     const HtmlAttribute& nohref = tag.attributes[3];
     QCOMPARE(nohref.quote, u'"');
     QCOMPARE(nohref.value, (HtmlSpan{ text.indexOf(u'"') + 1, 0 }));
-    QCOMPARE(nohref.Whole().In(text), u"nohref=\"\"");
+    QCOMPARE(nohref.whole.In(text), u"nohref=\"\"");
 }
 
 void TestHtmlTokens::attributesHaveTheirPlaces_data()
@@ -185,6 +185,8 @@ void TestHtmlTokens::attributesHaveTheirPlaces_data()
     QTest::newRow("quote as a name") << "<a \"b\">" << QStringList{ "\"b\"" };
     QTest::newRow("names of Angular")
         << "<a *b=\"c\" [d]='e' (f)=g #h>" << QStringList{ "*b=\"c\"", "[d]='e'", "(f)=g", "#h" };
+    QTest::newRow("value cut off") << "<a b='c" << QStringList{ "b='c" };
+    QTest::newRow("cut off behind a quote") << "<a b='" << QStringList{ "b='" };
     QTest::newRow("end tag") << "<i></i b=c>" << QStringList();
 }
 
@@ -194,7 +196,7 @@ void TestHtmlTokens::attributesHaveTheirPlaces()
     QFETCH(const QStringList, attributes);
     QStringList found;
     for (const HtmlAttribute& attribute : TagIn(text).attributes) {
-        found += attribute.Whole().In(text).toString();
+        found += attribute.whole.In(text).toString();
     }
     QCOMPARE(found, attributes);
 }

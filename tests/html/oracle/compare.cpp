@@ -203,7 +203,7 @@ private:
                 const bool isUnfinished =
                     attribute.equals >= 0 && attribute.quote == 0 && attribute.value.length == 0;
                 tag.attributes += { NameOf(attribute.name.In(text_)), DecodedValue(attribute.value.In(text_)),
-                                    isUnfinished ? attribute.name : attribute.Whole() };
+                                    isUnfinished ? attribute.name : attribute.whole };
             }
         }
         found_ += tag;
