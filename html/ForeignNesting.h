@@ -3,11 +3,14 @@
 #include "html/HtmlNames.h"
 
 /**
- * Which elements of SVG and MathML are open. Inside them the HTML standard lets CDATA sections stand and
- * takes `style`, `title` and their like for ordinary elements, but for a few places where HTML goes on.
+ * Which elements of SVG and MathML are open. Inside them the HTML standard (html.spec.whatwg.org) lets CDATA
+ * sections stand and takes `style`, `title` and their like for ordinary elements, but for a few places where
+ * HTML goes on.
  *
- * Only the elements that matter are kept, sixteen levels deep, so that it is small and quick to compare. In
- * pages that nest wrongly, browsers also go by the HTML elements that are open, which are not known here.
+ * Only the elements that matter are kept, sixteen levels deep, so that it is small and quick to compare. The
+ * HTML elements that are open are not known. Browsers go by these too in pages that nest wrongly; here an end
+ * tag of HTML always ends SVG and MathML, and where HTML goes on there are no CDATA sections, not even in
+ * front of its first element. The place for HTML in `annotation-xml` is not known either.
  */
 class ForeignNesting
 {

@@ -39,6 +39,8 @@ struct HtmlState
 
     bool operator==(const HtmlState&) const = default;
 };
+// One is kept for every line of a document.
+static_assert(sizeof(HtmlState) == 16);
 
 /** What the end of a text is. */
 enum class HtmlEnd {
