@@ -2,6 +2,7 @@
 
 #include "app/SourceEditor.h"
 #include "app/frmIMmain.h"
+#include "html/HtmlTokens.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/AnsiCodePage.h"
 #include "shared/DocumentSink.h"
@@ -150,6 +151,38 @@ DocumentCosts BenchDocument(int megabytes, const Cost& bareKey, const Cost& bare
     return { opened, saved };
 }
 
+/** A page of tags, attributes and references, as maps are written. */
+QString MapsOf(int megabytes)
+{
+    const QString area = QStringLiteral(
+        "<area shape=\"rect\" coords=\"10,20,300,40\" href='page.html?a=1&amp;b=2' alt=\"An area\" />\r\n"
+        "<!-- more --><p class=note>Some text &amp; <b>more of it</b>, long enough.</p>\r\n");
+    return area.repeated(megabytes * qsizetype(megabyte) / area.size());
+}
+
+/** Taking a page to pieces; its baseline makes a text of its bytes. */
+void BenchTokens()
+{
+    const auto cost = [](const QString& text) {
+        return CostOf([&text] {
+            HtmlTokens tokens(text);
+            qsizetype attributes = 0;
+            for (HtmlToken token; tokens.Next(token);) {
+                attributes += qsizetype(token.attributes.size());
+            }
+            if (attributes == 0) {
+                qFatal("no attributes were found");
+            }
+        });
+    };
+    const QString text = MapsOf(10);
+    const QByteArray bytes = AnsiCodePage::Encode(text);
+    const Cost decoded = CostOf([&bytes] { (void)AnsiCodePage::Decode(bytes); });
+    const Cost tokens = cost(text);
+    PrintRow(QStringLiteral("find the tokens of 10 MB; decode them"), tokens, decoded, 8);
+    PrintGrowth(QStringLiteral("find the tokens of 10 MB; ten times of 1 MB"), tokens, cost(MapsOf(1)), 10);
+}
+
 /** A document open in an editor, with the caret in its middle; remembers what was put in last. */
 class OpenDocument : public DocumentSink
 {
@@ -223,4 +256,5 @@ void BenchDocuments()
         (void)BenchDocument(50, bareKey, bareTag);
     }
     BenchInsert();
+    BenchTokens();
 }
