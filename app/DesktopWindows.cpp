@@ -28,7 +28,8 @@ public:
 
     bool ShowAboutBox(quintptr window, const QString& application, const QString& details) override
     {
-        // The icon of packaging/windows/cartolen.rc.in; without one, as in the tests, the box shows the system's.
+        // The icon of packaging/windows/cartolen.rc.in; without one, as in the tests, the box shows the
+        // system's.
         const HICON icon = LoadIconW(GetModuleHandleW(nullptr), L"IDI_ICON1");
         return ShellAboutW(reinterpret_cast<HWND>(window), Wide(application), Wide(details), icon) != 0;
     }

@@ -1,7 +1,7 @@
 #include "app/SourceEditor.h"
 
-#include "shared/CommandTables.h"
-#include "shared/WindowHelpers.h"
+#include "widgets/CommandTable.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QClipboard>

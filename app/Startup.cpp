@@ -47,8 +47,9 @@ static void UseOwnLook()
     }
 }
 
-Startup::Startup(ImgMap& imgMap, Desktop& desktop)
+Startup::Startup(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
     : imgMap_(imgMap)
+    , map_(map)
     , desktop_(desktop)
 {
     LoadIcons();
@@ -70,7 +71,7 @@ void Startup::Begin()
 
 void Startup::ShowMainWindow()
 {
-    mainWindow_ = std::make_unique<frmIMmain>(imgMap_, desktop_);
+    mainWindow_ = std::make_unique<frmIMmain>(imgMap_, map_, desktop_);
     mainWindow_->Form_Load();
     splash_->hide();
     splash_.release()->deleteLater();

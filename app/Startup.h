@@ -7,6 +7,7 @@
 #include <memory>
 
 class Desktop;
+class MapDocument;
 class frmIMmain;
 class SessionGuard;
 class frmSplash;
@@ -17,7 +18,7 @@ class Startup : public QObject
     Q_OBJECT
 
 public:
-    Startup(ImgMap& imgMap, Desktop& desktop);
+    Startup(ImgMap& imgMap, MapDocument& map, Desktop& desktop);
     ~Startup() override;
 
     /** Shows the splash panel; the rest follows from the event loop. */
@@ -27,6 +28,7 @@ private:
     void ShowMainWindow();
 
     ImgMap& imgMap_;
+    MapDocument& map_;
     Desktop& desktop_;
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmIMmain> mainWindow_;

@@ -6,11 +6,10 @@
 #include "help/HelpDisplay.h"
 #include "help/HelpWindow.h"
 #include "imagemap/frmImageMap.h"
-#include "shared/CommandTables.h"
-#include "shared/ElidedLabel.h"
-#include "shared/OneLineField.h"
-#include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
+#include "widgets/ElidedLabel.h"
+#include "widgets/OneLineField.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -21,26 +20,26 @@
 
 namespace {
 
-using Row = MenuRow<frmIMmain>;
-using Button = ToolbarRow<frmIMmain>;
-using enum MenuRowKind;
+using Row = frmIMmain::Command;
+using enum CommandRowKind;
 
-constexpr auto menuRows = std::to_array<Row>({
+constexpr int toolbarPositions = 21;
+constexpr auto commandRows = std::to_array<Row>({
     { Menu, "mnuFile", "&File" },
-    { Entry, "mnuFNew", "&New", "Ctrl+N", &frmIMmain::NewDocument },
-    { Entry, "mnuFOpen", "&Open...", "Ctrl+O", &frmIMmain::OpenDocument },
-    { Entry, "mnuFSave", "&Save", "Ctrl+S", &frmIMmain::SaveDocument },
+    { Entry, "mnuFNew", "&New", "Ctrl+N", &frmIMmain::NewDocument, { 2, "New", "new" } },
+    { Entry, "mnuFOpen", "&Open...", "Ctrl+O", &frmIMmain::OpenDocument, { 3, "Open", "open" } },
+    { Entry, "mnuFSave", "&Save", "Ctrl+S", &frmIMmain::SaveDocument, { 4, "Save", "save" } },
     { Entry, "mnuFSaveAs", "Save &As...", "", &frmIMmain::SaveDocumentAs },
     { Separator, "mnuFSep1" },
-    { Entry, "mnuFPrint", "&Print...", "", &frmIMmain::PrintDocument },
+    { Entry, "mnuFPrint", "&Print...", "", &frmIMmain::PrintDocument, { 6, "Print", "print" } },
     { Separator, "mnuFSep2" },
-    { Entry, "mnuFExit", "&Exit", "Ctrl+E", &frmIMmain::ExitProgram },
+    { Entry, "mnuFExit", "&Exit", "Ctrl+E", &frmIMmain::ExitProgram, { 21, "Exit", "exit" } },
     { Menu, "mnuEdit", "&Edit" },
-    { Entry, "mnuEUndo", "&Undo", "Ctrl+Z", &frmIMmain::UndoEdit },
+    { Entry, "mnuEUndo", "&Undo", "Ctrl+Z", &frmIMmain::UndoEdit, { 11, "Undo", "undo" } },
     { Separator, "mnuESep1" },
-    { Entry, "mnuECut", "Cu&t", "Ctrl+X", &frmIMmain::CutText },
-    { Entry, "mnuECopy", "&Copy", "Ctrl+C", &frmIMmain::CopyText },
-    { Entry, "mnuEPaste", "&Paste", "", &frmIMmain::PasteText },
+    { Entry, "mnuECut", "Cu&t", "Ctrl+X", &frmIMmain::CutText, { 8, "Cut", "cut" } },
+    { Entry, "mnuECopy", "&Copy", "Ctrl+C", &frmIMmain::CopyText, { 9, "Copy", "copy" } },
+    { Entry, "mnuEPaste", "&Paste", "", &frmIMmain::PasteText, { 10, "Paste", "paste" } },
     { Entry, "mnuEDelete", "&Delete", "Del", &frmIMmain::mnuEDelete_Click },
     { Entry, "mnuESelectAll", "Select &All", "", &frmIMmain::mnuESelectAll_Click },
     { Separator, "mnuESep2" },
@@ -52,39 +51,37 @@ constexpr auto menuRows = std::to_array<Row>({
     { Entry, "mnuEProperCase", "&Proper Case", "", &frmIMmain::mnuEProperCase_Click },
     { EndSubmenu },
     { Menu, "mnuInsert", "&Insert" },
-    { Entry, "mnuIimagemaps", "&Image Maps...", "Ctrl+I", &frmIMmain::OpenImageMapEditor },
+    { Entry,
+      "mnuIimagemaps",
+      "&Image Maps...",
+      "Ctrl+I",
+      &frmIMmain::OpenImageMapEditor,
+      { 15, "Image Map", "image-map" } },
     { Separator, "mnuISep2" },
-    { Entry, "mnuICustomHTML", "Custom &HTML", "", &frmIMmain::InsertPageSkeleton },
+    { Entry,
+      "mnuICustomHTML",
+      "Custom &HTML",
+      "",
+      &frmIMmain::InsertPageSkeleton,
+      { 13, "Custom HTML", "custom-html" } },
     { Menu, "mnuTools", "&Tools" },
     { Entry, "mnuTPref", "&Preferences...", "Ctrl+P", &frmIMmain::mnuTPref_Click },
     { Separator, "mnuTSep1" },
-    { Entry, "mnuTPreview", "Preview with Default &Browser", "Ctrl+D", &frmIMmain::PreviewDocument },
+    { Entry,
+      "mnuTPreview",
+      "Preview with Default &Browser",
+      "Ctrl+D",
+      &frmIMmain::PreviewDocument,
+      { 17, "Preview with Default Browser", "preview" } },
     { Menu, "mnuHelp", "&Help" },
-    { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents },
+    { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents, { 19, "Help", "help" } },
     { Entry, "mnuHSearch", "&Search", "", &frmIMmain::ShowHelpSearch },
     { Separator, "mnuHSep1" },
     { Entry, "mnuHHome", "&Cartolen Home Page...", "", &frmIMmain::OpenHomePage },
     { Separator, "mnuHSep2" },
     { Entry, "mnuHAbout", "&About Cartolen...", "", &frmIMmain::ShowAbout },
 });
-
-constexpr int toolbarPositions = 21;
-constexpr auto toolbarRows = std::to_array<Button>({
-    { 2, "New", "new", &frmIMmain::NewDocument },
-    { 3, "Open", "open", &frmIMmain::OpenDocument },
-    { 4, "Save", "save", &frmIMmain::SaveDocument },
-    { 6, "Print", "print", &frmIMmain::PrintDocument },
-    { 8, "Cut", "cut", &frmIMmain::CutText },
-    { 9, "Copy", "copy", &frmIMmain::CopyText },
-    { 10, "Paste", "paste", &frmIMmain::PasteText },
-    { 11, "Undo", "undo", &frmIMmain::UndoEdit },
-    { 13, "Custom HTML", "custom-html", &frmIMmain::InsertPageSkeleton },
-    { 15, "Image Map", "image-map", &frmIMmain::OpenImageMapEditor },
-    { 17, "Preview with Default Browser", "preview", &frmIMmain::PreviewDocument },
-    { 19, "Help", "help", &frmIMmain::ShowHelpContents },
-    { 21, "Exit", "exit", &frmIMmain::ExitProgram },
-});
-static_assert(IsToolbarInOrder(toolbarRows, toolbarPositions));
+static_assert(IsToolbarWhole(commandRows, toolbarPositions));
 
 /** Room between the toolbar's frame and what stands below it, in pixels. */
 constexpr int belowToolbar = 4;
@@ -99,8 +96,9 @@ constexpr qreal logoFineness = 3;
 
 } // namespace
 
-frmIMmain::frmIMmain(ImgMap& imgMap, Desktop& desktop)
+frmIMmain::frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
     : imgMap_(imgMap)
+    , map_(map)
     , desktop_(desktop)
     , ui_(std::make_unique<Ui::frmIMmain>())
     , help_(std::make_unique<HelpDisplay>(imgMap))
@@ -123,8 +121,7 @@ frmIMmain::~frmIMmain() = default;
 
 void frmIMmain::CreateCommands()
 {
-    FillMenuBar<frmIMmain>(ui_->MenuBar1, this, menuRows);
-    FillToolbar<frmIMmain>(ui_->Toolbar1, this, toolbarRows);
+    commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
 }
 
 void frmIMmain::ConnectControls()
@@ -323,7 +320,7 @@ template<class Window, class Make> void frmIMmain::ShowOnce(QPointer<Window>& wi
 
 void frmIMmain::OpenImageMapEditor()
 {
-    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, *this, *help_, this); });
+    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, map_, *this, *help_, this); });
 }
 
 void frmIMmain::mnuTPref_Click()

@@ -2,6 +2,7 @@
 
 #include "shared/DocumentSink.h"
 #include "shared/ImgMap.h"
+#include "widgets/CommandTable.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -14,6 +15,7 @@ class frmIMmain;
 }
 class Desktop;
 class HelpDisplay;
+class MapDocument;
 class QKeyEvent;
 class QLabel;
 class QMouseEvent;
@@ -32,7 +34,9 @@ class frmIMmain : public QMainWindow, public DocumentSink
     Q_OBJECT
 
 public:
-    frmIMmain(ImgMap& imgMap, Desktop& desktop);
+    using Command = CommandRow<frmIMmain>;
+
+    frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop);
     ~frmIMmain() override;
 
     /** Prepares the window for its first showing; tells when the saved links cannot be read. */
@@ -126,8 +130,10 @@ private:
     void ShowOwnAboutBox(const QString& text);
 
     ImgMap& imgMap_;
+    MapDocument& map_;
     Desktop& desktop_;
     std::unique_ptr<Ui::frmIMmain> ui_;
+    CommandSet<Command> commands_;
     QLabel* panel1_ = nullptr;
     QLabel* panel2_ = nullptr;
     QLabel* panel3_ = nullptr;

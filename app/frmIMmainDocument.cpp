@@ -2,11 +2,11 @@
 
 #include "app/frmIMmain.h"
 #include "shared/AnsiCodePage.h"
-#include "shared/ElidedLabel.h"
-#include "shared/FileDialog.h"
 #include "shared/FileWriting.h"
-#include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
+#include "widgets/ElidedLabel.h"
+#include "widgets/FileDialog.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -5,8 +5,8 @@
 #include "app/TemporaryCopy.h"
 #include "app/frmIMmain.h"
 #include "help/HelpDisplay.h"
-#include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QIcon>
 #include <QLabel>

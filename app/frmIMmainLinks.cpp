@@ -3,8 +3,8 @@
 #include "app/frmIMmain.h"
 #include "shared/LinksFile.h"
 #include "shared/SavedLinks.h"
-#include "shared/WindowHelpers.h"
 #include "ui_frmIMmain.h"
+#include "widgets/WindowHelpers.h"
 
 QString frmIMmain::LinksPath() const
 {

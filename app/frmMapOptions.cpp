@@ -2,9 +2,9 @@
 
 #include "app/IndentRules.h"
 #include "app/SourceEditor.h"
-#include "shared/OneLineField.h"
-#include "shared/WindowHelpers.h"
 #include "ui_frmMapOptions.h"
+#include "widgets/OneLineField.h"
+#include "widgets/WindowHelpers.h"
 
 frmMapOptions::frmMapOptions(const ImgMap& imgMap, SourceEditor& editor, QWidget* owner)
     : QDialog(owner)

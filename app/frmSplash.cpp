@@ -1,7 +1,7 @@
 #include "app/frmSplash.h"
 
-#include "shared/WindowHelpers.h"
 #include "ui_frmSplash.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QIcon>
 #include <QPainter>

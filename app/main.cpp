@@ -1,5 +1,6 @@
 #include "app/Desktop.h"
 #include "app/Startup.h"
+#include "imagemap/model/MapDocument.h"
 
 #include <QApplication>
 #include <csignal>
@@ -21,11 +22,12 @@ int main(int argc, char* argv[])
     QApplication::setQuitOnLastWindowClosed(false);
 
     ImgMap imgMap;
+    MapDocument map;
     const ProgramFolders folders = PrepareProgramFolders(QApplication::applicationDirPath());
     imgMap.ProgramFolder = folders.Own;
     imgMap.HelpFolder = folders.Help;
     const std::unique_ptr<Desktop> desktop = MakeDesktop();
-    Startup startup(imgMap, *desktop);
+    Startup startup(imgMap, map, *desktop);
     startup.Begin();
     return QApplication::exec();
 }

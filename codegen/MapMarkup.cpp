@@ -5,24 +5,28 @@
 #include "shared/Paths.h"
 
 #include <QStringBuilder>
+#include <algorithm>
 #include <array>
 
 namespace {
 
 /** What stands in an AREA line behind its link and target, with its leading blank; may be empty. */
-using HandlerPiece = QString (*)(const AreaRow& area, qsizetype number);
+using HandlerPiece = QString (*)(const MapArea& area, qsizetype number);
 
 struct ShapeWord
 {
-    QStringView inRow;
-    QStringView inMarkup;
+    AreaShape shape;
+    QStringView word;
 };
 
-constexpr std::array<ShapeWord, 3> shapeWords = { {
-    { u"Rectangle", u"RECT" },
-    { u"Circle", u"CIRCLE" },
-    { u"Polygon", u"POLYGON" },
+constexpr std::array<ShapeWord, areaShapeNames.size()> shapeWords = { {
+    { AreaShape::Rectangle, u"RECT" },
+    { AreaShape::Circle, u"CIRCLE" },
+    { AreaShape::Polygon, u"POLYGON" },
 } };
+static_assert(std::equal(
+    shapeWords.begin(), shapeWords.end(), areaShapeNames.begin(),
+    [](const ShapeWord& word, const AreaShapeName& name) { return word.shape == name.shape; }));
 
 constexpr QStringView lineEnd = u"\r\n";
 constexpr QStringView mapEnd = u"</MAP>\r\n<!-- End Image Map-->";
@@ -53,21 +57,11 @@ QString ImageLine(const MapSource& source)
            lineEnd;
 }
 
-QString AreaOpening(const QString& rowText)
-{
-    for (const ShapeWord& shape : shapeWords) {
-        if (rowText.contains(shape.inRow)) {
-            return u"<AREA SHAPE=" % shape.inMarkup % u" COORDS=\"";
-        }
-    }
-    return {};
-}
-
-QString AreaLine(const AreaRow& area, const QString& handlers)
+QString AreaLine(const MapArea& area, const QString& handlers)
 {
     const QString target = area.Target.isEmpty() ? QString() : QString(u" TARGET=\"" % area.Target % u'"');
-    return AreaOpening(area.Text) % area.Coordinates % u"\" HREF=\"" % area.Link % u'"' % target % handlers %
-           u'>' % lineEnd;
+    return u"<AREA SHAPE=" % shapeWords[static_cast<std::size_t>(area.Shape)].word % u" COORDS=\"" %
+           CoordinatesText(area) % u"\" HREF=\"" % area.Link % u'"' % target % handlers % u'>' % lineEnd;
 }
 
 /** The part every mode shares: the picture, the map and its areas, up to the end comment. */
@@ -75,13 +69,13 @@ QString MapBlock(const MapSource& source, HandlerPiece handlers)
 {
     QString text = ImageLine(source) % u"<MAP NAME=\"" % source.MapName % u"\">" % lineEnd;
     qsizetype number = 0;
-    for (const AreaRow& area : source.Areas) {
+    for (const MapArea& area : source.Areas) {
         text += AreaLine(area, handlers(area, ++number));
     }
     return text + mapEnd;
 }
 
-QString StatusBarHandlers(const AreaRow& area, qsizetype)
+QString StatusBarHandlers(const MapArea& area, qsizetype)
 {
     if (area.Message.isEmpty()) {
         return {};
@@ -90,18 +84,18 @@ QString StatusBarHandlers(const AreaRow& area, qsizetype)
            u"';return true\" onMouseOut=\"window.status='';return true\" ALT=\"" % area.Message % u'"';
 }
 
-QString SwitchingImagesHandlers(const AreaRow&, qsizetype number)
+QString SwitchingImagesHandlers(const MapArea&, qsizetype number)
 {
     return u" onMouseOver=\"on('image" % QString::number(number) % u"');\"  onmouseout=\"off('origimage')\"";
 }
 
-QString TextAreaHandlers(const AreaRow&, qsizetype number)
+QString TextAreaHandlers(const MapArea&, qsizetype number)
 {
     return u" onMouseOver=\"writeTip(" % QString::number(number + 1) %
            u");return true\"  onmouseout=\"writeTip(1)\"";
 }
 
-QString ToolTipHandlers(const AreaRow& area, qsizetype)
+QString ToolTipHandlers(const MapArea& area, qsizetype)
 {
     return u" onMouseOver=\"showtip(this,event,'" % area.Message % u"')\" onmouseout=\"hidetip()\"";
 }
@@ -124,7 +118,7 @@ QString GenerateSwitchingImagesMap(const MapSource& source)
     QString text = OpeningComments() % Lines(MapScripts::switchingImagesHead) % u"origimage.src = \"" %
                    defaultPicture % u"\";" % lineEnd;
     qsizetype number = 0;
-    for (const AreaRow& area : source.Areas) {
+    for (const MapArea& area : source.Areas) {
         const QString name = u"image" % QString::number(++number) % u"on";
         text += name % u" = new Image();" % lineEnd % name % u".src = \"" %
                 ScriptPicture(source, area.Message) % u"\";" % lineEnd;
@@ -139,7 +133,7 @@ QString GenerateTextAreaMap(const MapSource& source)
     QString text = OpeningComments() % Lines(MapScripts::textAreaHead) % u"  TAreaTips[1] = \"" %
                    source.ModeDefault % u"\";" % lineEnd;
     qsizetype number = 1;
-    for (const AreaRow& area : source.Areas) {
+    for (const MapArea& area : source.Areas) {
         text += u"  TAreaTips[" % QString::number(++number) % u"] = \"" % area.Message % u"\";" % lineEnd;
     }
     return text % Lines(MapScripts::textAreaFunctions) % MapBlock(source, TextAreaHandlers) % lineEnd %

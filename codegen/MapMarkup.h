@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shared/AreaRow.h"
-#include "shared/JSMode.h"
+#include "imagemap/model/JSMode.h"
+#include "imagemap/model/MapArea.h"
 
 #include <QString>
 
@@ -19,7 +19,7 @@ struct MapSource
     QString PictureReference;   ///< goes into SRC
     bool FileNamesOnly = false; ///< pictures of the script are named without their folders
     QString ModeDefault;
-    AreaRows Areas;
+    MapAreas Areas;
 };
 
 /** The map with, for an area that has a message, handlers for the browser's status bar. */

@@ -1,7 +1,7 @@
 #include "help/HelpDisplay.h"
 
 #include "help/HelpWindow.h"
-#include "shared/WindowHelpers.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QWindow>
 

@@ -1,7 +1,7 @@
 #include "help/HelpWindow.h"
 
-#include "shared/OneLineField.h"
 #include "ui_HelpWindow.h"
+#include "widgets/OneLineField.h"
 
 #include <QAction>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imagemap/DrawingView.h"
+#include "imagemap/drawing/DrawingView.h"
 
 #include <QImage>
 #include <QRect>

@@ -6,6 +6,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -13,6 +14,8 @@ namespace {
 constexpr int edgeWidth = 1;
 /** Where the screen's pixels do not meet the picture's, those at the border belong to both sides of it. */
 constexpr int sharedBorder = 1;
+/** So many figures are repainted one by one; beyond that the whole surface is. */
+constexpr int patchesAtMost = 16;
 
 QRect Grown(const QRect& rect, int by)
 {
@@ -22,11 +25,6 @@ QRect Grown(const QRect& rect, int by)
 QRgb* PixelOf(QImage& image, int x, int y)
 {
     return reinterpret_cast<QRgb*>(image.scanLine(y)) + x;
-}
-
-qint64 PixelsOf(QSize size)
-{
-    return qint64(size.width()) * size.height();
 }
 
 int ButtonNumber(Qt::MouseButton button)
@@ -56,11 +54,8 @@ PictureSurface::PictureSurface(QWidget* parent)
 void PictureSurface::SetPicture(const QImage& picture)
 {
     picture_ = picture;
+    figures_.clear();
     rubber_.reset();
-    drawing_ = picture_;
-    painted_.clear();
-    outlines_ = {};
-    edges_ = {};
     resize(picture_.size());
     update();
 }
@@ -71,34 +66,24 @@ void PictureSurface::SetForegroundColor(const QColor& color)
     update();
 }
 
-void PictureSurface::PaintFigure(const PaintedFigure& figure, Pen pen)
+void PictureSurface::ShowFigures(const PaintedFigures& figures)
 {
-    if (pen == Pen::Invert) {
-        EraseRubberFigure();
-        rubber_ = figure;
-    } else if (!drawing_.isNull()) {
-        PaintForGood(figure);
+    const auto [gone, come] =
+        std::mismatch(figures_.cbegin(), figures_.cend(), figures.cbegin(), figures.cend());
+    if ((figures_.cend() - gone) + (figures.cend() - come) > patchesAtMost) {
+        update();
+    } else {
+        std::for_each(gone, figures_.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
+        std::for_each(come, figures.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
     }
-    UpdateFigure(figure);
+    figures_ = figures;
 }
 
-void PictureSurface::PaintForGood(const PaintedFigure& figure)
+void PictureSurface::ShowRubberFigure(const PaintedFigure& figure)
 {
-    const QRect part = Grown(BoundsOf(figure), edgeWidth) & drawing_.rect();
-    if (part.isEmpty()) {
-        return;
-    }
-    if (outlines_.isNull()) {
-        outlines_ = EmptyMask(drawing_.size());
-        edges_ = outlines_;
-    }
-    QPainter painter(&drawing_);
-    PaintOutline(painter, figure, foregroundColor_);
-    QPainter outlines(&outlines_);
-    PaintOutline(outlines, figure, maskColor);
-    QPainter edges(&edges_);
-    PaintEdge(edges, figure, maskColor);
-    painted_ << part;
+    EraseRubberFigure();
+    rubber_ = figure;
+    UpdateFigure(figure);
 }
 
 void PictureSurface::EraseRubberFigure()
@@ -114,71 +99,81 @@ void PictureSurface::UpdateFigure(const PaintedFigure& figure)
     update(Grown(BoundsOf(figure), edgeWidth + sharedBorder));
 }
 
-void PictureSurface::ClearDrawing()
+void PictureSurface::SetPointer(SurfacePointer pointer)
 {
-    rubber_.reset();
-    qint64 pixels = 0;
-    for (const QRect& part : painted_) {
-        pixels += PixelsOf(part.size());
+    const Qt::CursorShape shape = pointer == SurfacePointer::Cross ? Qt::CrossCursor : Qt::ArrowCursor;
+    if (cursor().shape() != shape) {
+        setCursor(shape);
     }
-    if (pixels > PixelsOf(drawing_.size())) {
-        drawing_ = picture_;
-        outlines_.fill(0);
-        edges_.fill(0);
-    } else if (pixels > 0) {
-        // A hundred megapixels are not copied again for the sake of some figures.
-        QPainter painter(&drawing_);
-        QPainter outlines(&outlines_);
-        QPainter edges(&edges_);
-        for (const QRect& part : painted_) {
-            painter.drawImage(part, picture_, part);
-            outlines.fillRect(part, Qt::black);
-            edges.fillRect(part, Qt::black);
-        }
-    }
-    painted_.clear();
-    update();
 }
 
 void PictureSurface::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    const QRect exposed = Grown(event->rect(), sharedBorder) & drawing_.rect();
-    const auto isExposed = [&exposed](const QRect& part) { return part.intersects(exposed); };
-    const bool hasRubber = rubber_ && isExposed(BoundsOf(*rubber_));
-    if (exposed.isEmpty() || (!hasRubber && std::none_of(painted_.begin(), painted_.end(), isExposed))) {
-        painter.drawImage(exposed, drawing_, exposed);
+    const QRect exposed = Grown(event->rect(), sharedBorder) & picture_.rect();
+    if (exposed.isEmpty()) {
+        return;
+    }
+    const PaintedFigures figures = FiguresIn(exposed);
+    const bool hasRubber = rubber_ && BoundsOf(*rubber_).intersects(exposed);
+    if (figures.isEmpty() && !hasRubber) {
+        painter.drawImage(exposed, picture_, exposed);
         return;
     }
     // In the picture's own pixels, so that figures look the same at every scaling.
-    QImage part = drawing_.copy(exposed);
-    LightenEdges(part, exposed);
+    QImage part = picture_.copy(exposed);
+    PaintFigures(part, exposed.topLeft(), figures);
     if (hasRubber) {
-        ShowRubber(part, exposed);
+        PaintRubber(part, exposed.topLeft());
     }
     painter.drawImage(exposed, part);
 }
 
-/** Gives the outlines in `part`, which shows the picture's pixels in `place`, their light edges. */
-void PictureSurface::LightenEdges(QImage& part, const QRect& place) const
+PaintedFigures PictureSurface::FiguresIn(const QRect& place) const
 {
-    if (edges_.isNull()) {
-        return;
-    }
-    const QRgb outline = foregroundColor_.rgb();
-    ForEachPixel(edges_, place, [&](int x, int y) {
-        // An edge lies under all outlines, also under those that were there before it.
-        if (outlines_.pixelIndex(x, y) == 0 && NeedsLightEdge(picture_.pixel(x, y), outline)) {
-            *PixelOf(part, x - place.left(), y - place.top()) = lightEdge;
-        }
-    });
+    PaintedFigures figures;
+    std::copy_if(
+        figures_.begin(), figures_.end(), std::back_inserter(figures), [&place](const PaintedFigure& figure) {
+            return Grown(BoundsOf(figure), edgeWidth).intersects(place);
+        });
+    return figures;
 }
 
-void PictureSurface::ShowRubber(QImage& part, const QRect& place) const
+/** Paints `figures` on `part`, which shows the picture from `place` on. */
+void PictureSurface::PaintFigures(QImage& part, QPoint place, const PaintedFigures& figures) const
+{
+    QImage outlines = EmptyMask(part.size());
+    QImage edges = outlines;
+    QPainter outlinePainter(&outlines);
+    QPainter edgePainter(&edges);
+    outlinePainter.translate(-place);
+    edgePainter.translate(-place);
+    for (const PaintedFigure& figure : figures) {
+        PaintOutline(outlinePainter, figure, maskColor);
+        PaintEdge(edgePainter, figure, maskColor);
+    }
+    outlinePainter.end();
+    edgePainter.end();
+    const QRgb outline = foregroundColor_.rgb();
+    ForEachPixel(edges, edges.rect(), [&part, &outlines, outline](int x, int y) {
+        // An edge lies under all outlines, also under those of other figures.
+        QRgb* const pixel = PixelOf(part, x, y);
+        if (outlines.pixelIndex(x, y) == 0 && NeedsLightEdge(*pixel, outline)) {
+            *pixel = lightEdge;
+        }
+    });
+    QPainter painter(&part);
+    painter.translate(-place);
+    for (const PaintedFigure& figure : figures) {
+        PaintOutline(painter, figure, foregroundColor_);
+    }
+}
+
+void PictureSurface::PaintRubber(QImage& part, QPoint place) const
 {
     QImage mask = EmptyMask(part.size());
     QPainter painter(&mask);
-    painter.translate(-place.topLeft());
+    painter.translate(-place);
     PaintOutline(painter, *rubber_, maskColor);
     painter.end();
     ForEachPixel(mask, mask.rect(), [&part](int x, int y) {

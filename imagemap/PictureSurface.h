@@ -1,41 +1,39 @@
 #pragma once
 
-#include "imagemap/DrawingView.h"
+#include "imagemap/drawing/DrawingView.h"
 
 #include <QColor>
 #include <QImage>
-#include <QList>
 #include <QWidget>
 #include <optional>
 
 /**
  * The widget that shows the picture: one pixel of it is one pixel of the picture at any scaling of the
- * screen. Figures painted with the copy pen stay on it, with a light edge outside where the picture would
- * swallow them; one figure at a time follows the mouse, inverted or in whatever colour can be seen.
+ * screen. Over the picture it shows the figures that it is given, and one that follows the mouse.
  *
  * It only forwards the mouse, a double click as two presses; what a press means is decided elsewhere.
  */
-class PictureSurface : public QWidget
+class PictureSurface : public QWidget, public DrawingSurface
 {
     Q_OBJECT
 
 public:
     explicit PictureSurface(QWidget* parent = nullptr);
 
-    /** Shows `picture` without any drawing and takes its size; a null picture leaves an empty surface. */
+    /** Shows `picture` without any figures and takes its size; a null picture leaves an empty surface. */
     void SetPicture(const QImage& picture);
 
     [[nodiscard]] QColor ForegroundColor() const { return foregroundColor_; }
 
-    /** The colour of figures painted from now on; those that are there keep theirs until they are painted
-     * anew. */
+    /** The colour of all figures. */
     void SetForegroundColor(const QColor& color);
 
-    void PaintFigure(const PaintedFigure& figure, Pen pen);
-    void EraseRubberFigure();
-
-    /** Takes all figures off the picture. */
-    void ClearDrawing();
+    [[nodiscard]] int PictureWidth() const override { return picture_.width(); }
+    [[nodiscard]] int PictureHeight() const override { return picture_.height(); }
+    void ShowFigures(const PaintedFigures& figures) override;
+    void ShowRubberFigure(const PaintedFigure& figure) override;
+    void EraseRubberFigure() override;
+    void SetPointer(SurfacePointer pointer) override;
 
 Q_SIGNALS:
     void MouseDown(int button, float x, float y);
@@ -50,16 +48,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void PaintForGood(const PaintedFigure& figure);
     void UpdateFigure(const PaintedFigure& figure);
-    void LightenEdges(QImage& part, const QRect& place) const;
-    void ShowRubber(QImage& part, const QRect& place) const;
+    [[nodiscard]] PaintedFigures FiguresIn(const QRect& place) const;
+    void PaintFigures(QImage& part, QPoint place, const PaintedFigures& figures) const;
+    void PaintRubber(QImage& part, QPoint place) const;
 
     QImage picture_;
-    QImage drawing_;       ///< the picture with its figures; shares the picture's pixels until the first one
-    QImage outlines_;      ///< a mask of what figures were painted on; none before the first
-    QImage edges_;         ///< a mask of what lies just outside of figures
-    QList<QRect> painted_; ///< where figures were painted since the drawing was the bare picture
+    PaintedFigures figures_;
     std::optional<PaintedFigure> rubber_;
     QColor foregroundColor_ = Qt::black;
 };

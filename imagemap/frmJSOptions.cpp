@@ -1,9 +1,9 @@
 #include "imagemap/frmJSOptions.h"
 
-#include "imagemap/frmImageMap.h"
+#include "imagemap/model/MapDocument.h"
 #include "shared/HelpViewer.h"
-#include "shared/WindowHelpers.h"
 #include "ui_frmJSOptions.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QLabel>
 #include <QMouseEvent>
@@ -27,11 +27,11 @@ constexpr const char* switchQuestion =
 
 } // namespace
 
-frmJSOptions::frmJSOptions(ImgMap& imgMap, HelpViewer& help, frmImageMap& editor)
-    : QDialog(&editor)
+frmJSOptions::frmJSOptions(ImgMap& imgMap, MapDocument& map, HelpViewer& help, QWidget* owner)
+    : QDialog(owner)
     , imgMap_(imgMap)
+    , map_(map)
     , help_(help)
-    , editor_(editor)
     , ui_(std::make_unique<Ui::frmJSOptions>())
 {
     ui_->setupUi(this);
@@ -58,7 +58,7 @@ void frmJSOptions::Form_Load()
     LineUpExplanations();
     CentreOnScreen(this);
     SelectCurrentMode();
-    options_[static_cast<std::size_t>(imgMap_.Mode)]->setFocus();
+    options_[static_cast<std::size_t>(map_.Mode())]->setFocus();
 }
 
 /** Puts the first line of each explanation at the height of its option's text. */
@@ -73,7 +73,7 @@ void frmJSOptions::LineUpExplanations()
 
 void frmJSOptions::SelectCurrentMode()
 {
-    options_[static_cast<std::size_t>(imgMap_.Mode)]->setChecked(true);
+    options_[static_cast<std::size_t>(map_.Mode())]->setChecked(true);
 }
 
 bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
@@ -91,8 +91,8 @@ bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
 
 bool frmJSOptions::optJSOpt_MouseDown(std::size_t index)
 {
-    if (imgMap_.Store.FigureCount == 0) {
-        editor_.AbandonDrawing();
+    if (map_.Figures().FigureCount == 0) {
+        map_.GiveUpDrawing();
         ApplyJSMode();
         return false;
     }
@@ -113,8 +113,8 @@ void frmJSOptions::AskToSwitch(std::size_t index)
         SelectCurrentMode();
         return;
     }
-    editor_.DeleteMap();
-    imgMap_.ModeDefault.clear();
+    map_.Clear();
+    map_.ForgetModeDefault();
     options_[index]->setChecked(true);
     options_[index]->setFocus();
     ApplyJSMode();
@@ -129,8 +129,7 @@ void frmJSOptions::ApplyJSMode()
 {
     for (std::size_t i = 0; i < options_.size(); ++i) {
         if (options_[i]->isChecked()) {
-            imgMap_.Mode = static_cast<JSMode>(i);
-            editor_.ShowModeHeader();
+            map_.SetMode(static_cast<JSMode>(i));
             return;
         }
     }
@@ -145,10 +144,4 @@ void frmJSOptions::cmdHelp_Click()
 {
     GoToProgramFolder(imgMap_);
     help_.ShowTopic(this, u"javascript-options");
-}
-
-void frmJSOptions::done(int result)
-{
-    editor_.ShowDrawingMode();
-    QDialog::done(result);
 }

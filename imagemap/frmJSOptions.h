@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagemap/model/JSMode.h"
 #include "shared/ImgMap.h"
 
 #include <QDialog>
@@ -10,9 +11,9 @@ namespace Ui {
 class frmJSOptions;
 }
 class HelpViewer;
+class MapDocument;
 class QLabel;
 class QRadioButton;
-class frmImageMap;
 
 /** Chooses the JavaScript mode. A choice applies at once; OK only closes the dialog. Modal. */
 class frmJSOptions : public QDialog
@@ -20,7 +21,7 @@ class frmJSOptions : public QDialog
     Q_OBJECT
 
 public:
-    frmJSOptions(ImgMap& imgMap, HelpViewer& help, frmImageMap& editor);
+    frmJSOptions(ImgMap& imgMap, MapDocument& map, HelpViewer& help, QWidget* owner);
     ~frmJSOptions() override;
 
     /** Centres the dialog and selects the option of the mode in force; applies nothing. */
@@ -32,7 +33,6 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void done(int result) override;
 
 private:
     /** The guard against switching under an existing map; true when the press must not become a click. */
@@ -43,8 +43,8 @@ private:
     void LineUpExplanations();
 
     ImgMap& imgMap_;
+    MapDocument& map_;
     HelpViewer& help_;
-    frmImageMap& editor_;
     std::unique_ptr<Ui::frmJSOptions> ui_;
     std::array<QRadioButton*, jsModeTexts.size()> options_;
     std::array<QLabel*, jsModeTexts.size()> explanations_;

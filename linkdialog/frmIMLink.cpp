@@ -1,10 +1,11 @@
 #include "linkdialog/frmIMLink.h"
 
-#include "shared/FileDialog.h"
+#include "imagemap/model/MapDocument.h"
 #include "shared/LinksFile.h"
-#include "shared/OneLineField.h"
-#include "shared/WindowHelpers.h"
 #include "ui_frmIMLink.h"
+#include "widgets/FileDialog.h"
+#include "widgets/OneLineField.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QScrollBar>
 #include <cmath>
@@ -39,10 +40,10 @@ void GrowChildren(const QWidget* widget, qreal growth)
 
 } // namespace
 
-frmIMLink::frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner)
+frmIMLink::frmIMLink(ImgMap& imgMap, MapDocument& map, QWidget* owner)
     : QDialog(owner)
     , imgMap_(imgMap)
-    , editor_(editor)
+    , map_(map)
     , ui_(std::make_unique<Ui::frmIMLink>())
 {
     ui_->setupUi(this);
@@ -64,19 +65,20 @@ frmIMLink::frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner)
 
 frmIMLink::~frmIMLink() = default;
 
-void frmIMLink::Form_Load(const AreaRow* replaced)
+void frmIMLink::Form_Load(std::optional<qsizetype> replaced)
 {
     GoToProgramFolder(imgMap_);
     growth_ = TextGrowth(this);
     GrowChildren(ui_->contents, growth_);
     CentreOnScreen(this);
-    setWindowTitle(TextsOf(imgMap_.Mode).linkCaption.toString());
+    setWindowTitle(TextsOf(map_.Mode()).linkCaption.toString());
     ui_->SSCmdReplace->setEnabled(false);
     ui_->SSCmdOK->setDefault(true);
     ShowModeFields();
     const bool isLoaded = LoadLinks();
-    if (replaced != nullptr) {
-        PrepareReplacing(*replaced);
+    replaced_ = replaced;
+    if (replaced_) {
+        PrepareReplacing();
     }
     ui_->cmbLink->setFocus();
     if (!isLoaded) {
@@ -100,7 +102,7 @@ void frmIMLink::ShowModeFields()
     const std::array<QWidget*, jsModeTexts.size()> frames = {
         nullptr, ui_->frmStatusBarMessage, ui_->frmSwitchingImages, ui_->frmTextArea, ui_->frmToolTip,
     };
-    const QWidget* const shown = frames[static_cast<std::size_t>(imgMap_.Mode)];
+    const QWidget* const shown = frames[static_cast<std::size_t>(map_.Mode())];
     for (QWidget* const frame : frames) {
         if (frame != nullptr) {
             frame->setVisible(frame == shown);
@@ -112,8 +114,8 @@ void frmIMLink::ShowModeFields()
     for (QPushButton* const button : { ui_->SSCmdOK, ui_->SSCmdReplace, ui_->SSCmdClose }) {
         button->move(button->x(), buttonsTop);
     }
-    if (const std::optional<LinkField> modeDefault = RulesOf(imgMap_.Mode).modeDefault) {
-        FieldEdit(*modeDefault)->setText(imgMap_.ModeDefault);
+    if (const std::optional<LinkField> modeDefault = RulesOf(map_.Mode()).modeDefault) {
+        FieldEdit(*modeDefault)->setText(map_.ModeDefault());
     }
 }
 
@@ -128,14 +130,14 @@ void frmIMLink::SetHeight(int pixels)
     setFixedSize(needed.boundedTo(RoomOnScreen(this)));
 }
 
-void frmIMLink::PrepareReplacing(const AreaRow& area)
+void frmIMLink::PrepareReplacing()
 {
-    isReplacing_ = true;
+    const MapArea& area = map_.Areas().at(*replaced_);
     ui_->cmbLink->setEditText(area.Link);
-    if (imgMap_.Mode != JSDisabled) {
-        FieldEdit(RulesOf(imgMap_.Mode).message)->setText(area.Message);
+    if (map_.Mode() != JSDisabled) {
+        FieldEdit(RulesOf(map_.Mode()).message)->setText(area.Message);
     }
-    ui_->Frame1->setTitle(area.Text);
+    ui_->Frame1->setTitle(TitleOf(area, *replaced_));
     ui_->SSCmdReplace->setEnabled(true);
     ui_->SSCmdReplace->setDefault(true);
     ui_->SSCmdOK->setEnabled(false);
@@ -163,7 +165,7 @@ LinkEntry frmIMLink::Entry() const
 
 bool frmIMLink::IsComplete(const LinkEntry& entry, QStringView linkCaption)
 {
-    const std::optional<RequiredField> missing = MissingField(imgMap_.Mode, entry);
+    const std::optional<RequiredField> missing = MissingField(map_.Mode(), entry);
     if (!missing) {
         return true;
     }
@@ -178,36 +180,25 @@ void frmIMLink::SSCmdOK_Click()
 {
     GoToProgramFolder(imgMap_);
     const LinkEntry entry = Entry();
-    if (!IsComplete(entry, RulesOf(imgMap_.Mode).newLinkCaption)) {
-        return;
+    if (IsComplete(entry, RulesOf(map_.Mode()).newLinkCaption)) {
+        map_.LinkNewArea(entry);
+        Unload(Accepted);
     }
-    if (const std::optional<QString> header = TakeModeDefault(imgMap_, entry)) {
-        editor_.SetMessageHeader(*header);
-    }
-    if (const std::optional<AreaRow> row = LinkNewArea(imgMap_, entry, editor_.AreaCount() + 1)) {
-        editor_.AppendArea(*row);
-    }
-    Unload(Accepted);
 }
 
 void frmIMLink::SSCmdReplace_Click()
 {
     const LinkEntry entry = Entry();
-    if (!IsComplete(entry, applicationTitle)) {
-        return;
+    if (replaced_ && IsComplete(entry, applicationTitle)) {
+        map_.RelinkArea(*replaced_, entry);
+        Unload(Accepted);
     }
-    editor_.ReplaceSelectedArea(entry.Text(LinkField::Link), MessageOf(imgMap_.Mode, entry));
-    if (const std::optional<QString> header = TakeModeDefault(imgMap_, entry)) {
-        editor_.SetMessageHeader(*header);
-    }
-    Unload(Accepted);
 }
 
 void frmIMLink::SSCmdClose_Click()
 {
-    if (!isReplacing_) {
-        DiscardNewArea(imgMap_.Store);
-        editor_.RepaintFigures();
+    if (!replaced_) {
+        map_.DiscardNewArea();
     }
     Unload(Rejected);
 }
@@ -222,7 +213,6 @@ void frmIMLink::reject()
 void frmIMLink::Unload(int result)
 {
     isUnloaded_ = true;
-    editor_.ShowDrawingMode();
     done(result);
 }
 

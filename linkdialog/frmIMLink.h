@@ -1,40 +1,39 @@
 #pragma once
 
-#include "linkdialog/AreaEditor.h"
-#include "linkdialog/AreaLinking.h"
+#include "imagemap/model/LinkRules.h"
+#include "shared/ImgMap.h"
 
 #include <QDialog>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class frmIMLink;
 }
+class MapDocument;
 class QLineEdit;
 
 /**
- * Gives one area its link, target and the text of the mode in force: a figure just drawn (OK) or a row of the
- * area list (Replace). Modal; closing it in any way but by OK or Replace takes a figure just drawn back.
+ * Gives one area its link, target and the text of the mode in force: a figure just drawn (OK) or an area of
+ * the map (Replace). Modal; closing it in any way but by OK or Replace takes a figure just drawn back.
  */
 class frmIMLink : public QDialog
 {
     Q_OBJECT
 
 public:
-    frmIMLink(ImgMap& imgMap, AreaEditor& editor, QWidget* owner);
+    frmIMLink(ImgMap& imgMap, MapDocument& map, QWidget* owner);
     ~frmIMLink() override;
 
     /**
      * Prepares the dialog: caption and fields of the mode, the saved links to choose from. It is for a new
-     * area, or for rewriting `replaced`. Tells when the saved links cannot be read; the dialog may be closed
-     * meanwhile.
+     * area, or for rewriting the area `replaced` of the map. Tells when the saved links cannot be read; the
+     * dialog may be closed meanwhile.
      */
-    void Form_Load(const AreaRow* replaced = nullptr);
+    void Form_Load(std::optional<qsizetype> replaced = std::nullopt);
 
     /** Whether the dialog has been closed. */
     [[nodiscard]] bool IsUnloaded() const { return isUnloaded_; }
-
-    /** Prepares the loaded dialog for rewriting `area`, the selected row of the list. */
-    void PrepareReplacing(const AreaRow& area);
 
     void SSCmdOK_Click();
     void SSCmdReplace_Click();
@@ -46,6 +45,7 @@ public:
     void reject() override;
 
 private:
+    void PrepareReplacing();
     void ShowModeFields();
     void SetHeight(int pixels);
     /** Returns whether all of them could be read. */
@@ -57,9 +57,9 @@ private:
     void Unload(int result);
 
     ImgMap& imgMap_;
-    AreaEditor& editor_;
+    MapDocument& map_;
     std::unique_ptr<Ui::frmIMLink> ui_;
-    qreal growth_ = 1; ///< against the sizes of the design
-    bool isReplacing_ = false;
+    qreal growth_ = 1;                  ///< against the sizes of the design
+    std::optional<qsizetype> replaced_; ///< the area that is being rewritten
     bool isUnloaded_ = false;
 };

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "shared/FigureStore.h"
-#include "shared/JSMode.h"
-
 #include <QString>
 #include <array>
 #include <optional>
@@ -20,11 +17,7 @@ struct ImgMap
     QString ProgramFolder; ///< where Data and Temp lie; without a trailing separator
     QString HelpFolder;    ///< where the help file lies; without a trailing separator
 
-    FigureStore Store;
-
-    JSMode Mode = JSDisabled;
-    QString ModeDefault; ///< the default image (switching images) or default text (text area) of the map
-    QString ImageUrl;    ///< the open picture as a page refers to it
+    QString ImageUrl; ///< the open picture as a page refers to it
 
     /** True while the program closes and inside a running save prompt; the prompt's Cancel clears it. */
     bool ContinueAction = false;

@@ -121,7 +121,7 @@ public:
     ProgramFolder folder;
     DialogRobot robot;
     RecordingDesktop desktop;
-    frmIMmain window{ folder.imgMap, desktop };
+    frmIMmain window{ folder.imgMap, folder.map, desktop };
 };
 
 /** Runs the program's event loop from `act` on; whether the program then ends by itself. */

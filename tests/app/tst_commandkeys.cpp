@@ -2,8 +2,8 @@
 
 #include "app/frmMapOptions.h"
 #include "imagemap/frmImageMap.h"
-#include "shared/CommandTables.h"
 #include "tests/app/MainWindowFixture.h"
+#include "widgets/CommandTable.h"
 
 #include <QClipboard>
 #include <QListWidget>

@@ -147,7 +147,7 @@ void tst_frmimmain::ResizeInside(int width, int height)
 
 void tst_frmimmain::MakeFigure()
 {
-    FigureStore& store = test_->folder.imgMap.Store;
+    FigureStore& store = test_->folder.map.Ledger();
     store.CurrentKind = kindRectangle;
     store.AppendFigure();
 }
@@ -833,7 +833,7 @@ void tst_frmimmain::closingWithFiguresTellsThatTheMapIsDeleted()
     QCOMPARE(box.title, QStringLiteral("Cartolen"));
     QCOMPARE(box.icon, QMessageBox::NoIcon);
     QCOMPARE(box.buttons, QMessageBox::Ok);
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
     QVERIFY(editor == nullptr || !editor->isVisible());
     QVERIFY(!test_->window.isVisible());
 }
@@ -850,7 +850,7 @@ void tst_frmimmain::cancelledClosingKeepsTheMap()
     test_->Press(Qt::Key_E, Qt::ControlModifier);
     QVERIFY(test_->window.isVisible());
     QVERIFY(editor->isVisible());
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 1);
     QVERIFY(!test_->folder.imgMap.ContinueAction);
 
     // Its own close box asks as if nothing had been closed before.
@@ -859,7 +859,7 @@ void tst_frmimmain::cancelledClosingKeepsTheMap()
     QCOMPARE(test_->robot.Boxes().size(), 2);
     QCOMPARE(test_->robot.Boxes().at(1).text, QStringLiteral("Do you want to delete your Image Map?"));
     QVERIFY(editor->isVisible());
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 1);
 }
 
 void tst_frmimmain::closingGoesOnAfterAFailedSave()

@@ -329,7 +329,7 @@ void tst_launching::lateFailureOfAClosedWindowIsNotTold()
         Report report_;
     } late;
     {
-        frmIMmain window(test_->folder.imgMap, late);
+        frmIMmain window(test_->folder.imgMap, test_->folder.map, late);
         window.OpenHomePage();
     }
     QVERIFY(late.report_);

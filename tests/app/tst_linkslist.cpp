@@ -80,8 +80,8 @@ private:
     /** The main window on a folder that outlives it. */
     struct Session
     {
-        explicit Session(ImgMap& imgMap)
-            : window(imgMap, desktop)
+        explicit Session(ProgramFolder& folder)
+            : window(folder.imgMap, folder.map, desktop)
         {
         }
         template<class Widget> Widget* Find(const char* name) { return ::Find<Widget>(&window, name); }
@@ -97,7 +97,7 @@ private:
 void tst_linkslist::init()
 {
     folder_ = std::make_unique<ProgramFolder>();
-    test_ = std::make_unique<Session>(folder_->imgMap);
+    test_ = std::make_unique<Session>(*folder_);
 }
 
 void tst_linkslist::cleanup()
@@ -124,7 +124,7 @@ void tst_linkslist::Restart()
     const QString programFolder = folder_->imgMap.ProgramFolder;
     folder_->imgMap = ImgMap();
     folder_->imgMap.ProgramFolder = programFolder;
-    test_ = std::make_unique<Session>(folder_->imgMap);
+    test_ = std::make_unique<Session>(*folder_);
     Open();
 }
 

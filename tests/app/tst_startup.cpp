@@ -113,7 +113,7 @@ void tst_startup::mainWindowTakesThePlaceOfTheSplashPanel()
     ProgramFolder folder;
     DialogRobot robot;
     RecordingDesktop desktop;
-    Startup startup(folder.imgMap, desktop);
+    Startup startup(folder.imgMap, folder.map, desktop);
     startup.Begin();
     QVERIFY(Window("frmSplash") != nullptr);
     QVERIFY(Window("frmSplash")->isVisible());
@@ -145,7 +145,7 @@ void tst_startup::damagedLinksAreToldBeforeTheMainWindowShows()
         dialog.accept();
     });
     RecordingDesktop desktop;
-    Startup startup(folder.imgMap, desktop);
+    Startup startup(folder.imgMap, folder.map, desktop);
     startup.Begin();
     QTRY_VERIFY_WITH_TIMEOUT(Window("frmIMmain") != nullptr && Window("frmIMmain")->isVisible(), 10000);
     QVERIFY(isSplashVisible);

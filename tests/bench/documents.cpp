@@ -82,7 +82,7 @@ Cost CostOfTag(const QByteArray& page)
     constexpr int tags = 20;
     ProgramFolder folder;
     RecordingDesktop desktop;
-    frmIMmain window(folder.imgMap, desktop);
+    frmIMmain window(folder.imgMap, folder.map, desktop);
     window.Form_Load();
     window.show();
     auto* const editor = window.findChild<SourceEditor*>();
@@ -209,16 +209,15 @@ private:
     SourceEditor source_;
 };
 
-/** Puts `count` linked areas into the list of an editor. */
-void AppendAreas(frmImageMap& editor, int count)
+/** Puts `count` linked areas into a map. */
+void AppendAreas(MapDocument& map, int count)
 {
     for (int i = 0; i < count; ++i) {
-        editor.AppendArea({ .Text = QStringLiteral(" No: %1 Rectangle").arg(i + 1),
-                            .Link = QStringLiteral("area%1.htm").arg(i),
-                            .Target = QStringLiteral("_blank"),
-                            .Coordinates = QStringLiteral("%1, %2, 400, 300").arg(i % 300).arg(i % 200),
-                            .Message = QStringLiteral("What there is to see in area %1").arg(i),
-                            .SmallIcon = 1 });
+        map.AppendArea({ .Shape = AreaShape::Rectangle,
+                         .Coordinates = { i % 300, i % 200, 400, 300 },
+                         .Link = QStringLiteral("area%1.htm").arg(i),
+                         .Target = QStringLiteral("_blank"),
+                         .Message = QStringLiteral("What there is to see in area %1").arg(i) });
     }
 }
 
@@ -227,12 +226,12 @@ void BenchInsert()
     constexpr int areas = 500;
     const QString text = QString::fromLatin1(PageOf(10));
     ProgramFolder folder;
-    folder.imgMap.Mode = JSTextArea;
+    folder.map.SetMode(JSTextArea);
     OpenDocument page(text);
     RecordingHelp help;
-    auto* const editor = new frmImageMap(folder.imgMap, page, help, nullptr);
+    auto* const editor = new frmImageMap(folder.imgMap, folder.map, page, help, nullptr);
     editor->Form_Load();
-    AppendAreas(*editor, areas);
+    AppendAreas(folder.map, areas);
     const Cost generated = CostOf([editor] { editor->GenerateMap(); });
     OpenDocument otherPage(text);
     const Cost finished = CostOf([&page, &otherPage] { otherPage.InsertAtCaret(QString(page.inserted)); });

@@ -1,9 +1,9 @@
 // Costs of drawing on a picture: at 1, 24 and 100 megapixels, with no figures and with as many as there can
 // be.
 
-#include "imagemap/PictureFile.h"
 #include "imagemap/PictureSurface.h"
 #include "imagemap/frmImageMap.h"
+#include "imagemap/picture/PictureFile.h"
 #include "shared/DocumentSink.h"
 #include "tests/bench/Bench.h"
 #include "tests/support/DialogRobot.h"
@@ -62,7 +62,7 @@ class Editor
 {
 public:
     Editor(QSize size, int figures)
-        : window_(new frmImageMap(folder_.imgMap, document_, help_, nullptr))
+        : window_(new frmImageMap(folder_.imgMap, folder_.map, document_, help_, nullptr))
     {
         const QString path = folder_.Path(QStringLiteral("picture.jpg"));
         MakePicture(size).save(path, "jpg", 90);
@@ -74,12 +74,12 @@ public:
         window_->OpenImage();
         surface_ = window_->findChild<PictureSurface*>();
         AddFigures(figures, size);
-        window_->SelectRectangle();
+        window_->SelectTool<DrawingTool::Rectangle>();
         QCoreApplication::processEvents();
     }
     ~Editor()
     {
-        folder_.imgMap.Store.FigureCount = 0;
+        folder_.map.Ledger().FigureCount = 0;
         window_->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
@@ -104,7 +104,7 @@ public:
     /** CPU seconds for taking the last figure back; it is there again afterwards. */
     double DeleteLast()
     {
-        FigureStore& store = folder_.imgMap.Store;
+        FigureStore& store = folder_.map.Ledger();
         const int count = store.FigureCount;
         const double seconds = SecondsOnce([this] { window_->DeleteLastFigure(); });
         store.FigureCount = count;
@@ -122,9 +122,18 @@ public:
         }
     }
 
-    void Repaint() { window_->RepaintFigures(); }
-    void Clear() { surface_->ClearDrawing(); }
-    void EndDrawing() { window_->AbandonDrawing(); }
+    /** Shows all figures again, as after one of them was taken off. */
+    void Repaint()
+    {
+        Q_EMIT folder_.map.FiguresRemoved();
+        surface_->repaint();
+    }
+    void Clear()
+    {
+        surface_->ShowFigures({});
+        surface_->repaint();
+    }
+    void EndDrawing() { folder_.map.GiveUpDrawing(); }
 
 private:
     void Send(QEvent::Type type, QPoint place)
@@ -160,12 +169,12 @@ FigureRecord FigureAt(int i, QSize size)
 
 void Editor::AddFigures(int count, QSize size)
 {
-    FigureStore& store = folder_.imgMap.Store;
+    FigureStore& store = folder_.map.Ledger();
     for (int i = 0; i < count; ++i) {
-        store.Figures[std::size_t(i)] = FigureAt(i, size);
+        store.Figures[i] = FigureAt(i, size);
     }
     store.FigureCount = count;
-    window_->RepaintFigures();
+    Q_EMIT folder_.map.FiguresRemoved();
 }
 
 /** What a painter takes for the same figures, without a program around it. */

@@ -43,7 +43,7 @@ void ShowMainWindow()
     LoadIcons();
     ProgramFolder folder;
     RecordingDesktop desktop;
-    frmIMmain window(folder.imgMap, desktop);
+    frmIMmain window(folder.imgMap, folder.map, desktop);
     window.Form_Load();
     Await(window);
 }
@@ -113,7 +113,7 @@ void BenchTagTree()
     ProgramFolder folder;
     RecordingDesktop desktop;
     const Cost loaded = CostOfTimed([&folder, &desktop] {
-        frmIMmain window(folder.imgMap, desktop);
+        frmIMmain window(folder.imgMap, folder.map, desktop);
         return SecondsOnce([&window] { window.Form_Load(); });
     });
     const Cost filled = CostOfTimed([] {

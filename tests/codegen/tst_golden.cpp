@@ -76,23 +76,21 @@ QList<Page> AllPages()
 }
 
 /** An area of each shape in turn, with neither link nor message. */
-AreaRow ShapeOf(int number)
+MapArea ShapeOf(int number)
 {
-    AreaRow area;
-    area.Text = QStringLiteral(" No: %1 ").arg(number);
+    MapArea area;
     switch (number % 3) {
     case 1:
-        area.Text += u"Rectangle";
-        area.Coordinates = QStringLiteral("%1, 10, %2, 40").arg(number).arg(number + 80);
+        area.Shape = AreaShape::Rectangle;
+        area.Coordinates = { number, 10, number + 80, 40 };
         break;
     case 2:
-        area.Text += u"Circle";
-        area.Coordinates = QStringLiteral("%1, 50, 30").arg(number + 100);
+        area.Shape = AreaShape::Circle;
+        area.Coordinates = { number + 100, 50, 30 };
         break;
     default:
-        area.Text += u"Polygon";
-        area.Coordinates =
-            QStringLiteral("%1, 2, %2, 4, 5, %3").arg(number).arg(number + 50).arg(number + 60);
+        area.Shape = AreaShape::Polygon;
+        area.Coordinates = { number, 2, number + 50, 4, 5, number + 60 };
     }
     return area;
 }
@@ -105,11 +103,11 @@ QString MessageOf(JSMode mode, const QString& text)
     return mode == JSSwitchImages ? QString(u"C:\\img\\" + text + u".gif") : text;
 }
 
-AreaRow AreaOf(const Page& page, int number)
+MapArea AreaOf(const Page& page, int number)
 {
     const bool isShort = page.areas == manyAreas;
     const QString digits = QString::number(number);
-    AreaRow area = ShapeOf(number);
+    MapArea area = ShapeOf(number);
     area.Link = (isShort ? digits : QString(page.kind->text + u' ' + digits)) + u".htm";
     if (number % 2 == 1) {
         area.Target = isShort ? QStringLiteral("_blank") : page.kind->text;

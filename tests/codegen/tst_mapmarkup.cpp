@@ -22,13 +22,13 @@ MapSource PlainSource()
     return source;
 }
 
-AreaRows TwoAreas(const QString& firstMessage, const QString& secondMessage)
+MapAreas TwoAreas(const QString& firstMessage, const QString& secondMessage)
 {
-    return { { " No: 1 Rectangle", "a.html", "", "10, 10, 90, 40", firstMessage, 1 },
-             { " No: 2 Circle", "b.html", "_blank", "150, 50, 30", secondMessage, 2 } };
+    return { { AreaShape::Rectangle, { 10, 10, 90, 40 }, "a.html", "", firstMessage },
+             { AreaShape::Circle, { 150, 50, 30 }, "b.html", "_blank", secondMessage } };
 }
 
-MapSource SourceWith(const QString& modeDefault, const AreaRows& areas)
+MapSource SourceWith(const QString& modeDefault, const MapAreas& areas)
 {
     MapSource source = PlainSource();
     source.ModeDefault = modeDefault;
@@ -59,11 +59,11 @@ private Q_SLOTS:
     void mapWithoutAreasIsAMapStill();
     void emptyAttributesAreLeftOut_data();
     void emptyAttributesAreLeftOut();
-    void shapeIsToldByTheRowsText_data();
-    void shapeIsToldByTheRowsText();
+    void shapeHasItsWord_data();
+    void shapeHasItsWord();
     void emptyTargetAndMessageAreLeftOut_data();
     void emptyTargetAndMessageAreLeftOut();
-    void coordinatesAreCopiedAsTheyStand();
+    void coordinatesAreJoinedByCommaAndBlank();
 
     void switchingImagesComeOutToTheByte();
     void switchingImagesMayBeNamedWithoutFolders();
@@ -107,8 +107,8 @@ void TestMapMarkup::everyAttributeHasItsPlace()
         .PictureReference = "map.gif",
         .FileNamesOnly = true,
         .ModeDefault = "unused",
-        .Areas = { { " No: 1 Polygon", "", "_top", "-1, 2, 3, 4, 5, 6", "", 3 },
-                   { " No: 2 Rectangle", "a\"b.html", "", "0, 0, 0, 0", "it's \"so\"", 1 } },
+        .Areas = { { AreaShape::Polygon, { -1, 2, 3, 4, 5, 6 }, "", "_top", "" },
+                   { AreaShape::Rectangle, { 0, 0, 0, 0 }, "a\"b.html", "", "it's \"so\"" } },
     };
     QCOMPARE(GenerateStandardMap(source).toLatin1(), Expected("every-attribute.html"));
 }
@@ -206,32 +206,21 @@ void TestMapMarkup::emptyAttributesAreLeftOut()
             .arg(pieces));
 }
 
-void TestMapMarkup::shapeIsToldByTheRowsText_data()
+void TestMapMarkup::shapeHasItsWord_data()
 {
-    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("shape");
     QTest::addColumn<QString>("opening");
-    QTest::newRow("rectangle") << " No: 1 Rectangle"
-                               << "<AREA SHAPE=RECT COORDS=\"";
-    QTest::newRow("circle") << " No: 12 Circle"
-                            << "<AREA SHAPE=CIRCLE COORDS=\"";
-    QTest::newRow("polygon") << " No: 3 Polygon"
-                             << "<AREA SHAPE=POLYGON COORDS=\"";
-    QTest::newRow("first match counts") << "Polygon Circle Rectangle"
-                                        << "<AREA SHAPE=RECT COORDS=\"";
-    QTest::newRow("second match counts") << "Polygon Circle"
-                                         << "<AREA SHAPE=CIRCLE COORDS=\"";
-    QTest::newRow("letters' case counts") << " No: 1 rectangle"
-                                          << "";
-    QTest::newRow("no shape") << ""
-                              << "";
+    QTest::newRow("rectangle") << int(AreaShape::Rectangle) << "<AREA SHAPE=RECT COORDS=\"";
+    QTest::newRow("circle") << int(AreaShape::Circle) << "<AREA SHAPE=CIRCLE COORDS=\"";
+    QTest::newRow("polygon") << int(AreaShape::Polygon) << "<AREA SHAPE=POLYGON COORDS=\"";
 }
 
-void TestMapMarkup::shapeIsToldByTheRowsText()
+void TestMapMarkup::shapeHasItsWord()
 {
-    QFETCH(const QString, text);
+    QFETCH(const int, shape);
     QFETCH(const QString, opening);
     MapSource source = PlainSource();
-    source.Areas = { { text, "a.html", "", "1, 2", "", 0 } };
+    source.Areas = { { static_cast<AreaShape>(shape), { 1, 2 }, "a.html", "", "" } };
     const QString line = GenerateStandardMap(source).split("\r\n").at(4);
     QCOMPARE(line, opening + "1, 2\" HREF=\"a.html\">");
 }
@@ -265,17 +254,17 @@ void TestMapMarkup::emptyTargetAndMessageAreLeftOut()
     QFETCH(const QString, message);
     QFETCH(const QString, rest);
     MapSource source = PlainSource();
-    source.Areas = { { " No: 1 Circle", "", target, "1, 2, 3", message, 2 } };
+    source.Areas = { { AreaShape::Circle, { 1, 2, 3 }, "", target, message } };
     QCOMPARE(
         LineOf(GenerateStandardMap(source), "<AREA"),
         QString("<AREA SHAPE=CIRCLE COORDS=\"1, 2, 3\" HREF=\"\"" + rest + ">"));
 }
 
-void TestMapMarkup::coordinatesAreCopiedAsTheyStand()
+void TestMapMarkup::coordinatesAreJoinedByCommaAndBlank()
 {
     MapSource source = PlainSource();
-    source.Areas = { { " No: 1 Rectangle", "a", "", "9,8 ,  7;x", "", 1 } };
-    QVERIFY(GenerateStandardMap(source).contains("COORDS=\"9,8 ,  7;x\""));
+    source.Areas = { { AreaShape::Polygon, { 9, 8, -7, 0, 32767, -32768 }, "a", "", "" } };
+    QVERIFY(GenerateStandardMap(source).contains("COORDS=\"9, 8, -7, 0, 32767, -32768\""));
 }
 
 void TestMapMarkup::switchingImagesComeOutToTheByte()
@@ -380,7 +369,7 @@ void TestMapMarkup::everyLineEndsInCrLf()
 
 void TestMapMarkup::manyAreasAreNumberedThrough()
 {
-    AreaRows areas;
+    MapAreas areas;
     for (int i = 0; i < 500; ++i) {
         areas << TwoAreas("x", "y").constFirst();
     }

@@ -84,12 +84,12 @@ private:
             return editor;
         }
         if (name.startsWith("link-")) {
-            imgMap_.Mode = static_cast<JSMode>(name.back() - '0');
+            map_.SetMode(static_cast<JSMode>(name.back() - '0'));
             frmImageMap* const editor = Editor();
-            return Loaded(Keep(new frmIMLink(imgMap_, *editor, editor)));
+            return Loaded(Keep(new frmIMLink(imgMap_, map_, editor)));
         }
         if (name == "script-options") {
-            return Loaded(Keep(new frmJSOptions(imgMap_, help_, *Editor())));
+            return Loaded(Keep(new frmJSOptions(imgMap_, map_, help_, Editor())));
         }
         if (name == "preferences") {
             QWidget* const main = MainWindow(false);
@@ -121,7 +121,7 @@ private:
 
     QWidget* MainWindow(bool isOnLinks)
     {
-        auto* const main = Loaded(Keep(new frmIMmain(imgMap_, desktop_)));
+        auto* const main = Loaded(Keep(new frmIMmain(imgMap_, map_, desktop_)));
         main_ = main;
         Find<SourceEditor>(main, "MapsText1")->LoadText(QStringLiteral("<html>\r\n<body>\r\n</body>"));
         auto* const tree = Find<QTreeWidget>(main, "TreeView1");
@@ -133,20 +133,24 @@ private:
         return main;
     }
 
+    void AddAreas()
+    {
+        for (int i = 0; i < 3; ++i) {
+            map_.AppendArea({ .Shape = AreaShape::Rectangle,
+                              .Coordinates = { 10, 20, 300, 400 },
+                              .Link = QStringLiteral("house.htm"),
+                              .Target = QStringLiteral("_top"),
+                              .Message = QStringLiteral("The house") });
+        }
+    }
+
     frmImageMap* Editor()
     {
         (void)MainWindow(false);
-        auto* const editor = Loaded(Keep(new frmImageMap(imgMap_, *main_, help_, main_)));
-        for (int number = 1; number <= 3; ++number) {
-            editor->AppendArea({ .Text = QStringLiteral(" No: %1 Rectangle").arg(number),
-                                 .Link = QStringLiteral("house.htm"),
-                                 .Target = QStringLiteral("_top"),
-                                 .Coordinates = QStringLiteral("10, 20, 300, 400"),
-                                 .Message = QStringLiteral("The house"),
-                                 .SmallIcon = number });
-        }
-        auto* const list = Find<QTreeWidget>(editor, "ListView1");
-        list->setCurrentItem(list->topLevelItem(0));
+        auto* const editor = Loaded(Keep(new frmImageMap(imgMap_, map_, *main_, help_, main_)));
+        AddAreas();
+        auto* const list = Find<QTreeView>(editor, "ListView1");
+        list->setCurrentIndex(list->model()->index(0, 0));
         return editor;
     }
 
@@ -170,8 +174,9 @@ private:
 
     ProgramFolder folder_;
     ImgMap& imgMap_ = folder_.imgMap;
+    MapDocument& map_ = folder_.map;
     RecordingDesktop desktop_;
-    Startup startup_{ imgMap_, desktop_ }; ///< never begun: it knows the icons and the fonts
+    Startup startup_{ imgMap_, map_, desktop_ }; ///< never begun: it knows the icons and the fonts
     HelpDisplay help_{ imgMap_ };
     frmIMmain* main_ = nullptr;
     std::vector<std::unique_ptr<QWidget>> made_; ///< each before those that it owns

@@ -56,7 +56,7 @@ private:
     {
         ProgramFolder folder;
         std::unique_ptr<Desktop> desktop = MakeDesktop();
-        frmIMmain window{ folder.imgMap, *desktop };
+        frmIMmain window{ folder.imgMap, folder.map, *desktop };
     };
     void Start();
     [[nodiscard]] bool IsShown() const

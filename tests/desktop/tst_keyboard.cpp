@@ -268,8 +268,8 @@ void tst_keyboard::wholeMapIsMadeByKeys()
     QVERIFY(ReturnTo(editor));
 
     // The row is chosen and its link is written anew.
-    const auto* const list = Find<QTreeWidget>(editor, "ListView1");
-    QCOMPARE(list->topLevelItemCount(), 1);
+    const QAbstractItemModel* const areas = Find<QTreeView>(editor, "ListView1")->model();
+    QCOMPARE(areas->rowCount(), 1);
     QVERIFY(TabTo("ListView1"));
     Press(Qt::Key_Down);
     robot.Act([](QDialog& dialog) {
@@ -282,7 +282,7 @@ void tst_keyboard::wholeMapIsMadeByKeys()
     Press(Qt::Key_Return);
     robot.WaitUntilDone();
     QVERIFY(ReturnTo(editor));
-    QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("barn.htm"));
+    QCOMPARE(areas->index(0, 1).data().toString(), QStringLiteral("barn.htm"));
 
     // The map's name, an attribute on the other tab, and the box beside the toolbar.
     QVERIFY(TabTo("txtName"));

@@ -1,6 +1,6 @@
-#include "shared/ElidedLabel.h"
 #include "tests/desktop/EveryWindow.h"
 #include "tests/support/DialogRobot.h"
+#include "widgets/ElidedLabel.h"
 
 #include <QLabel>
 #include <QTemporaryDir>

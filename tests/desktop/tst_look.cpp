@@ -274,7 +274,7 @@ void tst_look::headersFitTheirText()
 {
     EveryWindow every;
     QWidget* const editor = every.Show("editor");
-    const auto* const header = Find<QTreeWidget>(editor, "ListView1")->header();
+    const auto* const header = Find<QTreeView>(editor, "ListView1")->header();
     const auto fits = [header] {
         bool all = true;
         for (int column = 0; column < header->count(); ++column) {

@@ -133,7 +133,7 @@ void tst_reader::listsTellTheirHeadersAndCells()
 {
     EveryWindow every;
     const QWidget* const editor = every.Show("editor");
-    QAccessibleTableInterface* const table = FaceOf(Find<QTreeWidget>(editor, "ListView1"))->tableInterface();
+    QAccessibleTableInterface* const table = FaceOf(Find<QTreeView>(editor, "ListView1"))->tableInterface();
     QVERIFY(table != nullptr);
     QStringList headers;
     for (int column = 0; column < table->columnCount(); ++column) {

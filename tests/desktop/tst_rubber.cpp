@@ -1,5 +1,5 @@
-#include "imagemap/PictureSurface.h"
 #include "imagemap/PictureView.h"
+#include "tests/imagemap/Drawing.h"
 
 #include <QRandomGenerator>
 #include <QScreen>
@@ -68,11 +68,11 @@ void tst_rubber::rubberFigureLeavesNoTraceOnTheScreen()
     window.resize(640, 460);
     PictureView view(&window);
     view.setGeometry(7, 31, 601, 401);
-    PictureSurface surface(&view);
+    Drawing surface(&view);
     surface.SetPicture(Photograph());
     surface.move(-13, -9);
     // A figure for good, whose edge must come through it all.
-    surface.PaintFigure({ kindCircle, 200, 150, 0, 0, 90 }, Pen::Copy);
+    surface.Add({ kindCircle, 200, 150, 0, 0, 90 });
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QTest::qWait(100);
@@ -86,7 +86,7 @@ void tst_rubber::rubberFigureLeavesNoTraceOnTheScreen()
         for (int move = 0; move < moves; ++move) {
             const auto x2 = qint16(random.bounded(20, 500));
             const auto y2 = qint16(random.bounded(20, 350));
-            surface.PaintFigure({ qint16(kind), x1, y1, x2, y2, qint16(std::abs(x2 - x1) / 3) }, Pen::Invert);
+            surface.ShowRubberFigure({ qint16(kind), x1, y1, x2, y2, qint16(std::abs(x2 - x1) / 3) });
             QCoreApplication::processEvents();
         }
         QVERIFY(DifferentPixels(before, OnScreen(window)) > 0);

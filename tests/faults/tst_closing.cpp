@@ -8,7 +8,7 @@
 
 #include <QPointer>
 #include <QRadioButton>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <algorithm>
 #include <memory>
 
@@ -72,9 +72,9 @@ void RemoveLinksFolder(MainWindowFixture& test)
 
 void SelectArea()
 {
-    auto* const list = Find<QTreeWidget>(Editor(), "ListView1");
+    auto* const list = Find<QTreeView>(Editor(), "ListView1");
     QTest::mouseClick(
-        list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(0)).center());
+        list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(0, 0)).center());
 }
 
 void OpenScriptOptions()
@@ -123,7 +123,7 @@ QList<Situation> EditorDialogs()
         { "hint of the link dialog", OpenEditor, draw, { clickOk } },
         { "image for a new area",
           [](auto& test) {
-              test.folder.imgMap.Mode = JSSwitchImages;
+              test.folder.map.SetMode(JSSwitchImages);
               OpenEditor(test);
           },
           draw,
@@ -279,7 +279,7 @@ void tst_closing::programEndsWhileADialogIsOpen()
     QFETCH(const Situation, situation);
     QFETCH(const Act, end);
     QVERIFY(EndsIn(situation, end));
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
 }
 
 void tst_closing::programEndsAndTellsOfTheMapWhileADialogIsOpen_data()
@@ -306,7 +306,7 @@ void tst_closing::programEndsAndTellsOfTheMapWhileADialogIsOpen()
     QVERIFY2(
         told == u"Your Image Map must be deleted" || told == u"Do you want to delete your Image Map?",
         qPrintable(told));
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
 }
 
 void tst_closing::programEndsWhileOtherWindowsAreOpen()
@@ -345,7 +345,7 @@ void tst_closing::changedTextIsAskedForWhileADialogIsOpen()
         end(test);
     }));
     QVERIFY(test_->robot.Boxes().constLast().text.startsWith(u"The text in [New Document]"));
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
 }
 
 void tst_closing::cancelledEndLeavesTheProgramUsable_data()
@@ -385,7 +385,7 @@ void tst_closing::cancelledEndLeavesTheProgramUsable()
     });
     QVERIFY(test_->window.isVisible());
     QVERIFY(test_->window.DocumentChanged());
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
     test_->Type("y");
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xy"));
     QVERIFY(!test_->folder.imgMap.ContinueAction);
@@ -398,14 +398,14 @@ void tst_closing::closedEditorTakesBackTheAreaWhoseLinksAreDamaged()
     const QPointer<frmImageMap> editor(Editor());
     test_->robot.Act([&](QDialog& box) {
         QVERIFY(editor->close());
-        QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+        QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
         box.accept();
     });
     RunInProgram([this] {
         DrawRectangle();
         test_->robot.WaitUntilDone();
     });
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
     QVERIFY(editor == nullptr || !editor->isVisible());
     // A fresh editor opens as if nothing had been.
@@ -422,15 +422,15 @@ void tst_closing::closedEditorKeepsTheAreasWhenOneIsEdited()
     test_->robot.Act([&](QDialog& box) {
         test_->robot.AnswerBox(QMessageBox::No);
         QVERIFY(!editor->close());
-        QCOMPARE(test_->folder.imgMap.Store.FigureCount, 1);
+        QCOMPARE(test_->folder.map.Ledger().FigureCount, 1);
         box.accept();
     });
     RunInProgram([this] {
         ClickEditorButton(12);
         test_->robot.WaitUntilDone();
     });
-    QCOMPARE(test_->folder.imgMap.Store.FigureCount, 1);
-    QCOMPARE(Find<QTreeWidget>(editor, "ListView1")->topLevelItemCount(), 1);
+    QCOMPARE(test_->folder.map.Ledger().FigureCount, 1);
+    QCOMPARE(Find<QTreeView>(editor, "ListView1")->model()->rowCount(), 1);
     QVERIFY(editor->isVisible());
 }
 

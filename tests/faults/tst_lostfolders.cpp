@@ -128,7 +128,7 @@ void tst_lostfolders::writeProtectedLinksAreReadAndKept()
     {
         const OrdinaryRights rights;
         RecordingDesktop desktop;
-        frmIMmain other(test_->folder.imgMap, desktop);
+        frmIMmain other(test_->folder.imgMap, test_->folder.map, desktop);
         other.Form_Load();
         QCOMPARE(Find<QListWidget>(&other, "ListView1")->count(), 1);
         AddLink("two.htm");

@@ -183,7 +183,7 @@ void tst_sessionend::startedProgramIsAskedToo()
 {
     guard_.reset();
     RecordingDesktop desktop;
-    Startup startup(test_->folder.imgMap, desktop);
+    Startup startup(test_->folder.imgMap, test_->folder.map, desktop);
     startup.Begin();
     frmIMmain* started = nullptr;
     QVERIFY(QTest::qWaitFor(

@@ -341,7 +341,7 @@ void tst_strangefiles::linksFileThatIsAPipeIsNotWaitedFor()
     clock.start();
     QTest::mouseClick(test_->Find<QWidget>("btnSave"), Qt::LeftButton);
     RecordingDesktop desktop;
-    frmIMmain other(test_->folder.imgMap, desktop);
+    frmIMmain other(test_->folder.imgMap, test_->folder.map, desktop);
     test_->robot.AnswerBox(QMessageBox::Ok);
     other.Form_Load();
     QVERIFY(clock.elapsed() < hanging);

@@ -1,7 +1,8 @@
 // The drawing protocol under any order of mouse and menu events, and what the store and the picture are then.
 
 #include "FuzzTarget.h"
-#include "tests/imagemap/RecordingView.h"
+#include "imagemap/drawing/DrawingProtocol.h"
+#include "tests/imagemap/drawing/RecordingView.h"
 
 #include <bitset>
 #include <cmath>
@@ -70,7 +71,6 @@ private:
     void OpenPicture(QSize size);
     void Reopen();
     void DiscardMap();
-    void DeleteMap();
     void AnswerLink();
     void AcceptLink();
 
@@ -78,14 +78,30 @@ private:
     void CheckPolygons() const;
     void CheckScratch() const;
     void CheckPicture() const;
-    void CheckRow(const AreaRow& row) const;
+    static void CheckArea(const MapArea& area);
 
     static float Position(FuzzInput& input);
 
-    ImgMap imgMap_;
-    RecordingView view_;
-    std::unique_ptr<DrawingProtocol> protocol_ = std::make_unique<DrawingProtocol>(imgMap_, view_);
-    FigureStore& store_ = imgMap_.Store;
+    /** What lives as long as one window of the editor. */
+    struct Window
+    {
+        explicit Window(MapDocument& map)
+            : display(map, view, view)
+            , protocol(map, view, view, display)
+        {
+        }
+
+        RecordingView view;
+        FigureDisplay display;
+        DrawingProtocol protocol;
+    };
+
+    [[nodiscard]] RecordingView& View() const { return window_->view; }
+    [[nodiscard]] DrawingProtocol& Protocol() const { return window_->protocol; }
+
+    MapDocument map_;
+    FigureStore& store_ = map_.Ledger();
+    std::unique_ptr<Window> window_ = std::make_unique<Window>(map_);
     LinkAnswer linkAnswer_ = LinkAnswer::Accept;
     bool isLinkPending_ = false;
     int drawingsLeft_ = 2 * FigureStore::capacity; ///< keeps a single input from taking seconds
@@ -104,7 +120,7 @@ float Editor::Position(FuzzInput& input)
 
 void Editor::Run(FuzzInput input)
 {
-    view_.onLink = [this] { isLinkPending_ = true; };
+    View().onLink = [this] { isLinkPending_ = true; };
     while (!input.IsEmpty()) {
         Step(input);
         // The editor opens the dialog when the mouse event is through.
@@ -113,7 +129,7 @@ void Editor::Run(FuzzInput input)
         CheckPolygons();
         CheckScratch();
         CheckPicture();
-        view_.labelOrder.clear();
+        View().labelOrder.clear();
     }
 }
 
@@ -126,16 +142,16 @@ void Editor::Step(FuzzInput& input)
         Mouse(input, event);
         break;
     case mouseEvents:
-        protocol_->SelectTool(kindRectangle + input.Below(3));
+        Protocol().SelectTool(static_cast<DrawingTool>(kindRectangle + input.Below(3)));
         break;
     case mouseEvents + 1:
-        protocol_->SelectCursor();
+        Protocol().SelectTool(DrawingTool::Cursor);
         break;
     case mouseEvents + 2:
-        protocol_->DeleteLastFigure();
+        map_.DeleteLastFigure();
         break;
     case mouseEvents + 3:
-        DeleteMap();
+        map_.Clear();
         break;
     case mouseEvents + 4:
         linkAnswer_ = static_cast<LinkAnswer>(input.Below(linkAnswers));
@@ -147,15 +163,13 @@ void Editor::Step(FuzzInput& input)
         DrawMany(input);
         break;
     case mouseEvents + 7:
-        imgMap_.Mode = static_cast<JSMode>(input.Below(int(jsModeTexts.size())));
+        map_.SetMode(static_cast<JSMode>(input.Below(int(jsModeTexts.size()))));
         break;
     case mouseEvents + 8:
         Reopen();
         break;
     case mouseEvents + 9:
-        protocol_->RedrawFigures();
-        view_.ClearDrawing();
-        protocol_->RedrawFigures();
+        window_->display.RedrawFigures();
         break;
     }
 }
@@ -168,14 +182,14 @@ void Editor::Mouse(FuzzInput& input, int event)
     const int button = buttons[static_cast<std::size_t>(event / 3) % buttons.size()];
     const bool moves = event == 0 || event % 3 == 2;
     if (moves) {
-        protocol_->MouseMove(x, y);
+        Protocol().MouseMove(x, y);
     }
     if (event % 3 != 0) {
-        protocol_->MouseDown(button, x, y);
+        Protocol().MouseDown(button, x, y);
     }
     // The mouse is not heeded while the dialog opens.
     if (event != 0 && event % 3 != 1 && !isLinkPending_) {
-        protocol_->MouseUp(button, x, y);
+        Protocol().MouseUp(button, x, y);
     }
 }
 
@@ -186,10 +200,10 @@ void Editor::DrawMany(FuzzInput& input)
     drawingsLeft_ -= count;
     for (int index = 0; index < count; ++index) {
         const auto at = static_cast<float>(index % 250);
-        protocol_->MouseDown(leftButton, at, 1);
+        Protocol().MouseDown(leftButton, at, 1);
         AnswerLink();
-        protocol_->MouseMove(at + 7, at / 2);
-        protocol_->MouseUp(leftButton, at + 7, at / 2);
+        Protocol().MouseMove(at + 7, at / 2);
+        Protocol().MouseUp(leftButton, at + 7, at / 2);
         AnswerLink();
     }
 }
@@ -197,34 +211,26 @@ void Editor::DrawMany(FuzzInput& input)
 void Editor::OpenPicture(QSize size)
 {
     DiscardMap();
-    protocol_->AbandonDrawing();
-    view_.picture = size;
+    map_.GiveUpDrawing();
+    View().picture = size;
 }
 
-/** Closes the editor's window and opens another over the same store. */
+/** Closes the editor's window and opens another over the same map. */
 void Editor::Reopen()
 {
     DiscardMap();
-    view_ = RecordingView();
-    view_.onLink = [this] { isLinkPending_ = true; };
-    protocol_ = std::make_unique<DrawingProtocol>(imgMap_, view_);
-    protocol_->AbandonDrawing();
-    protocol_->SelectCursor();
+    map_.GiveUpDrawing();
+    window_ = std::make_unique<Window>(map_);
+    View().onLink = [this] { isLinkPending_ = true; };
+    map_.BeginEditing();
+    Protocol().SelectTool(DrawingTool::Cursor);
 }
 
 void Editor::DiscardMap()
 {
     if (store_.FigureCount > 0) {
-        DeleteMap();
+        map_.Clear();
     }
-}
-
-void Editor::DeleteMap()
-{
-    protocol_->AbandonDrawing();
-    protocol_->ClearFigures();
-    protocol_->ClearPositionLabels();
-    view_.rows.clear();
 }
 
 void Editor::AnswerLink()
@@ -236,9 +242,7 @@ void Editor::AnswerLink()
     if (linkAnswer_ == LinkAnswer::Accept) {
         AcceptLink();
     } else if (linkAnswer_ == LinkAnswer::Close) {
-        DiscardNewArea(store_);
-        view_.ClearDrawing();
-        protocol_->RedrawFigures();
+        map_.DiscardNewArea();
     }
 }
 
@@ -251,28 +255,23 @@ void Editor::AcceptLink()
     if (isPolygon && end >= 0) {
         everEnds_.set(static_cast<std::size_t>(end));
     }
-    const std::optional<AreaRow> row = LinkNewArea(imgMap_, entry, view_.rows.size() + 1);
-    if (row) {
-        CheckRow(*row);
-        view_.rows << *row;
+    const qsizetype before = map_.Areas().size();
+    map_.LinkNewArea(entry);
+    if (map_.Areas().size() > before) {
+        CheckArea(map_.Areas().constLast());
     }
     if (isPolygon) {
         Demand(store_.CurrentPolygonLineCount == 0, "a linked polygon is no longer the current one");
     }
 }
 
-void Editor::CheckRow(const AreaRow& row) const
+void Editor::CheckArea(const MapArea& area)
 {
-    const qsizetype numbers = row.Coordinates.count(u',') + 1;
-    const bool isRight = row.SmallIcon == 1   ? numbers == 4
-                         : row.SmallIcon == 2 ? numbers == 3
-                                              : numbers >= 4 && numbers % 2 == 0;
+    const qsizetype numbers = area.Coordinates.size();
+    const bool isRight = area.Shape == AreaShape::Rectangle ? numbers == 4
+                         : area.Shape == AreaShape::Circle  ? numbers == 3
+                                                            : numbers >= 4 && numbers % 2 == 0;
     Demand(isRight, "an area has as many coordinates as its shape takes");
-    for (const QString& number : row.Coordinates.split(QStringLiteral(", "))) {
-        bool isNumber = false;
-        (void)number.toShort(&isNumber);
-        Demand(isNumber, "coordinates are 16-bit numbers");
-    }
 }
 
 void Editor::CheckStore() const
@@ -283,7 +282,7 @@ void Editor::CheckStore() const
         "every side is a figure");
     int others = 0;
     for (int i = 0; i < store_.FigureCount; ++i) {
-        const qint16 kind = store_.Figures[static_cast<std::size_t>(i)].Kind;
+        const qint16 kind = store_.Figures[i].Kind;
         Demand(kind >= kindRectangle && kind <= kindLine, "a figure is of a known kind");
         others += kind == kindLine ? 0 : 1;
     }
@@ -292,18 +291,18 @@ void Editor::CheckStore() const
 
 void Editor::CheckPolygons() const
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(store_.PolygonLineCount); ++i) {
+    for (int i = 0; i < store_.PolygonLineCount; ++i) {
+        const bool wasEverEnd = everEnds_[static_cast<std::size_t>(i)];
         Demand(store_.PolygonLines[i].Kind == kindLine, "a side is a line");
-        Demand(store_.PolygonLines[i].Link.isEmpty() || everEnds_[i], "only a polygon's last side is marked");
+        Demand(store_.PolygonLines[i].Link.isEmpty() || wasEverEnd, "only a polygon's last side is marked");
     }
     // The first slot keeps its mark when the store is emptied.
-    const auto freed = static_cast<std::size_t>(std::max(store_.PolygonLineCount, 1));
-    for (std::size_t i = freed; i < store_.PolygonLines.size(); ++i) {
+    for (int i = std::max(store_.PolygonLineCount, 1); i < store_.PolygonLines.size(); ++i) {
         Demand(store_.PolygonLines[i].Link.isEmpty(), "a freed side has lost its mark");
     }
     Demand(store_.CurrentPolygonLineCount >= 0, "the current polygon has sides or none");
     const int current = std::min(store_.CurrentPolygonLineCount, FigureStore::capacity);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(current); ++i) {
+    for (int i = 0; i < current; ++i) {
         Demand(store_.CurrentPolygon[i].Kind == kindLine, "a side of the current polygon is a line");
     }
 }
@@ -314,28 +313,26 @@ void Editor::CheckScratch() const
     Demand(store_.CurrentRadius >= 0, "a radius is not negative");
     const bool isDrawing = store_.DrawState != drawIdle;
     Demand(!isDrawing || store_.FigureCount < FigureStore::capacity, "what is begun has room");
-    Demand(isDrawing || !view_.rubber, "nothing follows the mouse while nothing is drawn");
-    Demand(!isDrawing || view_.areCommandsEnabled, "what is begun can be given up");
-    Demand(store_.FigureCount == 0 || view_.areCommandsEnabled, "what is drawn can be deleted");
-    Demand(store_.FigureCount > 0 || isDrawing || !view_.areCommandsEnabled, "nothing cannot be deleted");
-    const QString figures = view_.Figures();
+    Demand(isDrawing || !View().rubber, "nothing follows the mouse while nothing is drawn");
+    Demand(!isDrawing || View().areCommandsEnabled, "what is begun can be given up");
+    Demand(store_.FigureCount == 0 || View().areCommandsEnabled, "what is drawn can be deleted");
+    Demand(store_.FigureCount > 0 || isDrawing || !View().areCommandsEnabled, "nothing cannot be deleted");
+    const QString figures = View().Figures();
     Demand(
         figures.isEmpty() || figures == QString::number(store_.FigureCount), "the figures shown are counted");
 }
 
 void Editor::CheckPicture() const
 {
-    Demand(!view_.areLabelsHidden, "the labels are back after painting");
     qsizetype next = 0;
     for (int i = 0; i < store_.FigureCount; ++i) {
-        const std::optional<PaintedFigure> figure =
-            Painted(store_.Figures[static_cast<std::size_t>(i)], view_.picture);
+        const std::optional<PaintedFigure> figure = Painted(store_.Figures[i], View().picture);
         if (figure) {
-            Demand(next < view_.painted.size() && view_.painted[next] == *figure, "each figure is painted");
+            Demand(next < View().painted.size() && View().painted[next] == *figure, "each figure is painted");
             ++next;
         }
     }
-    Demand(next == view_.painted.size(), "nothing else is painted");
+    Demand(next == View().painted.size(), "nothing else is painted");
 }
 
 } // namespace

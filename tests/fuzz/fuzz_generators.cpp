@@ -16,8 +16,6 @@ constexpr char16_t firstStandIn = 0xE000;
 constexpr int standInsAtMost = 0x1900;
 constexpr int areasAtMost = 1000;
 
-constexpr std::array<QStringView, 3> shapes = { u" Rectangle", u" Circle", u" Polygon" };
-
 /** Stands single characters in for texts and puts the texts back. */
 class StandIns
 {
@@ -64,17 +62,24 @@ QString TextOf(QByteArrayView field)
     return text;
 }
 
-AreaRow ReadArea(FuzzInput& input, qsizetype number)
+QList<int> ReadCoordinates(FuzzInput& input)
 {
-    const auto shape = static_cast<std::size_t>(input.Below(int(shapes.size())));
-    AreaRow row;
-    row.Text = u" No: " + QString::number(number) + shapes[shape];
-    row.Link = TextOf(input.Field());
-    row.Target = TextOf(input.Field());
-    row.Coordinates = TextOf(input.Field());
-    row.Message = TextOf(input.Field());
-    row.SmallIcon = int(shape) + 1;
-    return row;
+    QList<int> coordinates;
+    for (const QString& number : TextOf(input.Field()).split(u',')) {
+        coordinates << number.trimmed().toInt();
+    }
+    return coordinates;
+}
+
+MapArea ReadArea(FuzzInput& input)
+{
+    MapArea area;
+    area.Shape = static_cast<AreaShape>(input.Below(int(areaShapeNames.size())));
+    area.Link = TextOf(input.Field());
+    area.Target = TextOf(input.Field());
+    area.Coordinates = ReadCoordinates(input);
+    area.Message = TextOf(input.Field());
+    return area;
 }
 
 MapSource ReadSource(FuzzInput& input)
@@ -88,7 +93,7 @@ MapSource ReadSource(FuzzInput& input)
         *text = TextOf(input.Field());
     }
     while (!input.IsEmpty() && source.Areas.size() < areasAtMost) {
-        source.Areas << ReadArea(input, source.Areas.size() + 1);
+        source.Areas << ReadArea(input);
     }
     for (int i = 0; i < copies && !source.Areas.isEmpty() && source.Areas.size() < areasAtMost; ++i) {
         source.Areas << source.Areas[i % source.Areas.size()];
@@ -115,11 +120,10 @@ MapSource Harmless(const MapSource& source, JSMode mode, StandIns& standIns)
         *text = standIns.For(*text);
     }
     harmless.ModeDefault = standIns.For(scriptText(source.ModeDefault));
-    for (AreaRow& row : harmless.Areas) {
-        row.Link = standIns.For(row.Link);
-        row.Target = standIns.For(row.Target);
-        row.Coordinates = standIns.For(row.Coordinates);
-        row.Message = standIns.For(scriptText(row.Message));
+    for (MapArea& area : harmless.Areas) {
+        area.Link = standIns.For(area.Link);
+        area.Target = standIns.For(area.Target);
+        area.Message = standIns.For(scriptText(area.Message));
     }
     return harmless;
 }

@@ -2,8 +2,8 @@
 
 #include "FuzzTarget.h"
 #include "InputFile.h"
-#include "imagemap/PictureCheck.h"
-#include "imagemap/PictureFile.h"
+#include "imagemap/picture/PictureCheck.h"
+#include "imagemap/picture/PictureFile.h"
 
 #include <QBuffer>
 #include <QImageReader>

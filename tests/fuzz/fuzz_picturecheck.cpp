@@ -1,7 +1,7 @@
 // The check that stands before the picture decoders.
 
 #include "FuzzTarget.h"
-#include "imagemap/PictureCheck.h"
+#include "imagemap/picture/PictureCheck.h"
 
 #include <QBuffer>
 

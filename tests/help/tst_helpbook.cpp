@@ -1,5 +1,5 @@
 #include "help/HelpBook.h"
-#include "linkdialog/AreaLinking.h"
+#include "imagemap/model/LinkRules.h"
 #include "shared/LinksFile.h"
 #include "taglib/TagCatalogue.h"
 #include "tests/help/HelpFiles.h"

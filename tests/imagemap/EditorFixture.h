@@ -14,7 +14,7 @@
 #include <QScrollBar>
 #include <QToolBar>
 #include <QToolButton>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <functional>
 
 /** Keeps what is put into the document. */
@@ -31,11 +31,12 @@ public:
     QStringList inserted;
 };
 
-inline QStringList TextsOf(const QTreeWidgetItem* row)
+/** The cells of a row of the area list. */
+inline QStringList TextsOf(const QAbstractItemModel* model, int row)
 {
     QStringList texts;
-    for (int column = 0; column < row->columnCount(); ++column) {
-        texts << row->text(column);
+    for (int column = 0; column < model->columnCount(); ++column) {
+        texts << model->index(row, column).data().toString();
     }
     return texts;
 }
@@ -60,7 +61,7 @@ public:
     void LoadEditor()
     {
         delete editor.data();
-        editor = new frmImageMap(imgMap, document, help, nullptr);
+        editor = new frmImageMap(imgMap, map, document, help, nullptr);
         editor->Form_Load();
     }
 
@@ -75,9 +76,29 @@ public:
     QString Text(const char* label) const { return Find<QLabel>(label)->text(); }
     QString Status() const { return Text("StatusBar1_Panel1"); }
     QWidget* Surface() const { return Find<QWidget>("PictureDisplay"); }
-    QTreeWidget* List() const { return Find<QTreeWidget>("ListView1"); }
-    QStringList Row(int index) const { return TextsOf(List()->topLevelItem(index)); }
-    QString MessageHeader() const { return List()->headerItem()->text(4); }
+    QTreeView* List() const { return Find<QTreeView>("ListView1"); }
+    int RowCount() const { return List()->model()->rowCount(); }
+    QStringList Row(int index) const { return TextsOf(List()->model(), index); }
+    QRect RowRect(int index) const { return List()->visualRect(List()->model()->index(index, 0)); }
+    void SelectRow(int index) { List()->setCurrentIndex(List()->model()->index(index, 0)); }
+    /** The rows that are selected. */
+    QList<int> SelectedRows() const
+    {
+        QList<int> rows;
+        for (const QModelIndex& index : List()->selectionModel()->selectedRows()) {
+            rows << index.row();
+        }
+        return rows;
+    }
+    QStringList Headers() const
+    {
+        QStringList headers;
+        for (int column = 0; column < List()->model()->columnCount(); ++column) {
+            headers << List()->model()->headerData(column, Qt::Horizontal).toString();
+        }
+        return headers;
+    }
+    QString MessageHeader() const { return List()->model()->headerData(4, Qt::Horizontal).toString(); }
     QAction* Entry(const char* name) const { return Find<QAction>(name); }
 
     /** A toolbar position counts from 1, separators included. */
@@ -229,21 +250,36 @@ public:
         Link(link, [this, corners] { ClickCorners(corners); });
     }
 
+    /** Gives the map a default for its mode, as accepting an area does. */
+    void TakeDefault(const QString& text)
+    {
+        LinkEntry entry;
+        entry.SetText(LinkField::DefaultImage, text);
+        entry.SetText(LinkField::DefaultTextAreaMessage, text);
+        map.LinkNewArea(entry);
+    }
+
+    /** The icon of a row of the area list. */
+    QIcon RowIcon(int index) const
+    {
+        return List()->model()->index(index, 0).data(Qt::DecorationRole).value<QIcon>();
+    }
+
     /** Fills the store with `count` rectangles, as if they had been drawn. */
     void FillStore(int count)
     {
         for (int i = 0; i < count; ++i) {
-            imgMap.Store.Figures[static_cast<std::size_t>(i)] = { .Kind = kindRectangle,
-                                                                  .X1 = 1,
-                                                                  .Y1 = 1,
-                                                                  .X2 = 5,
-                                                                  .Y2 = 5,
-                                                                  .Radius = 0,
-                                                                  .Link = {},
-                                                                  .Target = {},
-                                                                  .Message = {} };
+            map.Ledger().Figures[i] = { .Kind = kindRectangle,
+                                        .X1 = 1,
+                                        .Y1 = 1,
+                                        .X2 = 5,
+                                        .Y2 = 5,
+                                        .Radius = 0,
+                                        .Link = {},
+                                        .Target = {},
+                                        .Message = {} };
         }
-        imgMap.Store.FigureCount = count;
+        map.Ledger().FigureCount = count;
     }
 
     /** Lets anything come that is about to come: the windows post what they put off, and that may post more.
@@ -263,6 +299,7 @@ public:
 
     ProgramFolder folder;
     ImgMap& imgMap = folder.imgMap;
+    MapDocument& map = folder.map;
     FakeDocument document;
     RecordingHelp help;
     DialogRobot robot;

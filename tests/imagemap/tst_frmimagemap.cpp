@@ -163,8 +163,8 @@ void tst_frmimagemap::listHasItsColumns()
     const QStringList headers = { QStringLiteral("Figure :"), QStringLiteral("Link to get conected to :"),
                                   QStringLiteral("Target :"), QStringLiteral("Coordinates :"),
                                   disabledHeader };
-    QCOMPARE(TextsOf(test_->List()->headerItem()), headers);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->Headers(), headers);
+    QCOMPARE(test_->RowCount(), 0);
     QVERIFY(!test_->List()->rootIsDecorated());
 }
 
@@ -342,23 +342,23 @@ void tst_frmimagemap::loadingAFlatToolbarTurnsItRaised()
 
 void tst_frmimagemap::loadingStartsInCursorMode()
 {
-    test_->imgMap.Store.DrawState = drawDrawing;
+    test_->map.Ledger().DrawState = drawDrawing;
     test_->LoadEditor();
     QCOMPARE(test_->CheckedTools(), QStringList{ QStringLiteral("mnuCursor") });
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     QCOMPARE(test_->Status(), QStringLiteral("Open an Image !"));
 }
 
 void tst_frmimagemap::loadingLeavesTheFiguresAlone()
 {
     test_->FillStore(3);
-    test_->imgMap.Store.CurrentKind = kindCircle;
-    const FigureStore::Records before = test_->imgMap.Store.Figures;
+    test_->map.Ledger().CurrentKind = kindCircle;
+    const FigureStore::Records before = test_->map.Ledger().Figures;
     test_->LoadEditor();
-    QCOMPARE(test_->imgMap.Store.FigureCount, 3);
-    QCOMPARE(test_->imgMap.Store.CurrentKind, kindCircle);
-    QVERIFY(test_->imgMap.Store.Figures == before);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 3);
+    QCOMPARE(test_->map.Ledger().CurrentKind, kindCircle);
+    QVERIFY(test_->map.Ledger().Figures == before);
+    QCOMPARE(test_->RowCount(), 0);
     QCOMPARE(test_->EnabledButtons(), buttonsAtLoad);
     QCOMPARE(test_->Text("lblFigures"), QString());
 }
@@ -381,11 +381,11 @@ void tst_frmimagemap::loadingWritesTheModesHeader()
     QFETCH(const int, mode);
     QFETCH(const QString, header);
 
-    test_->imgMap.Mode = static_cast<JSMode>(mode);
-    test_->imgMap.ModeDefault = QStringLiteral("kept");
+    test_->map.SetMode(static_cast<JSMode>(mode));
+    test_->map.SetModeDefault(QStringLiteral("kept"));
     test_->LoadEditor();
     QCOMPARE(test_->MessageHeader(), header);
-    QCOMPARE(test_->imgMap.ModeDefault, QStringLiteral("kept"));
+    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("kept"));
 }
 
 void tst_frmimagemap::activatingEndsTheHourglass()
@@ -432,7 +432,7 @@ void tst_frmimagemap::startedFigureAllowsFigureCommands()
     QCOMPARE(test_->EnabledButtons(), buttonsWithFigure);
     QCOMPARE(test_->EnabledOf(figureEntries), figureEntries);
     QVERIFY(test_->Find<QCheckBox>("Check1")->isEnabled());
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
     test_->Move({ 30, 30 });
     QCOMPARE(test_->Text("lblFigures"), QStringLiteral("0"));
     if (tool != 7) {
@@ -446,7 +446,7 @@ void tst_frmimagemap::emptiedMapAllowsNoFigureCommands()
 {
     test_->OpenPicture();
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->imgMap.ModeDefault = QStringLiteral("gone");
+    test_->map.SetModeDefault(QStringLiteral("gone"));
     test_->Entry("mnuDeleteLast")->trigger();
     QCOMPARE(test_->EnabledButtons(), buttonsWithPicture);
     QCOMPARE(test_->EnabledOf(figureEntries + pictureEntries), pictureEntries);
@@ -455,8 +455,8 @@ void tst_frmimagemap::emptiedMapAllowsNoFigureCommands()
     QCOMPARE(test_->Start1And2() + test_->End1And2() + test_->Dimensions1And2(), QString());
     QCOMPARE(test_->Text("lblCursor1") + test_->Text("lblCursor2"), QString());
     QVERIFY(!test_->Find<QWidget>("lblEndPosition1")->isHidden());
-    QCOMPARE(test_->imgMap.ModeDefault, QString());
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.ModeDefault(), QString());
+    QCOMPARE(test_->RowCount(), 0);
 }
 
 void tst_frmimagemap::exitWithoutFiguresCloses()
@@ -480,8 +480,8 @@ void tst_frmimagemap::exitAsksAndStaysOnNo()
     QCOMPARE(box.title, QStringLiteral("Cartolen"));
     QCOMPARE(box.icon, QMessageBox::Question);
     QCOMPARE(box.buttons, yesNo);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
 }
 
 void tst_frmimagemap::exitAsksOnceAndClosesOnYes()
@@ -492,7 +492,7 @@ void tst_frmimagemap::exitAsksOnceAndClosesOnYes()
     test_->Entry("mnuExit")->trigger();
     QVERIFY(test_->Closes());
     QCOMPARE(test_->robot.Boxes().size(), 1);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
 }
 
 void tst_frmimagemap::closeBoxAsksUnderItsOwnTitle()
@@ -507,8 +507,8 @@ void tst_frmimagemap::closeBoxAsksUnderItsOwnTitle()
     QCOMPARE(box.title, QStringLiteral("Client Side Image Map !"));
     QCOMPARE(box.icon, QMessageBox::Question);
     QCOMPARE(box.buttons, yesNo);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
 }
 
 void tst_frmimagemap::closeBoxClosesOnYes()
@@ -518,7 +518,7 @@ void tst_frmimagemap::closeBoxClosesOnYes()
     test_->robot.AnswerBox(QMessageBox::Yes);
     QVERIFY(test_->editor->close());
     QVERIFY(test_->Closes());
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
 }
 
 void tst_frmimagemap::closeBoxWithoutFiguresCloses()
@@ -541,7 +541,7 @@ void tst_frmimagemap::closingProgramTellsThatTheMapIsDeleted()
     QCOMPARE(box.title, QStringLiteral("Cartolen"));
     QCOMPARE(box.icon, QMessageBox::NoIcon);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
 }
 
 void tst_frmimagemap::closingProgramWithoutFiguresTellsNothing()
@@ -563,20 +563,20 @@ void tst_frmimagemap::closingProgramTakesAnOpenDialogAlong()
     QVERIFY(dialog == nullptr);
     // The figure had no area yet and went with the dialog, so there is no map to speak of.
     QVERIFY(test_->robot.Boxes().isEmpty());
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
 }
 
 void tst_frmimagemap::closingKeepsModeAndDefault()
 {
     test_->OpenPicture();
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->imgMap.Mode = JSSwitchImages;
-    test_->imgMap.ModeDefault = QStringLiteral("default.gif");
+    test_->map.SetMode(JSSwitchImages);
+    test_->map.SetModeDefault(QStringLiteral("default.gif"));
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->ClickButton(18);
     QVERIFY(test_->Closes());
-    QCOMPARE(test_->imgMap.Mode, JSSwitchImages);
-    QCOMPARE(test_->imgMap.ModeDefault, QStringLiteral("default.gif"));
+    QCOMPARE(test_->map.Mode(), JSSwitchImages);
+    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("default.gif"));
 }
 
 void tst_frmimagemap::closedWindowLeavesNoHalfDrawnFigure()
@@ -586,12 +586,12 @@ void tst_frmimagemap::closedWindowLeavesNoHalfDrawnFigure()
     test_->ClickAt({ 20, 20 });
     test_->Move({ 60, 20 });
     test_->ClickAt({ 60, 20 });
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 1);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 1);
     test_->robot.AnswerBox(QMessageBox::Yes);
     QVERIFY(test_->editor->close());
     QVERIFY(test_->Closes());
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 0);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
 }
 
 QTEST_MAIN(tst_frmimagemap)

@@ -183,7 +183,7 @@ void tst_frmjsoptions::firstOpeningSelectsDisabled()
     OpenOptions();
     QCOMPARE(SelectedOption(), 0);
     QCOMPARE(test_->MessageHeader(), modeHeaders[0]);
-    QCOMPARE(test_->imgMap.Mode, JSDisabled);
+    QCOMPARE(test_->map.Mode(), JSDisabled);
     dialog_->close();
 }
 
@@ -200,17 +200,17 @@ void tst_frmjsoptions::loadingSelectsTheModeInForce()
 {
     QFETCH(const int, mode);
 
-    test_->imgMap.Mode = static_cast<JSMode>(mode);
+    test_->map.SetMode(static_cast<JSMode>(mode));
     OpenOptions();
     QCOMPARE(SelectedOption(), mode);
-    QCOMPARE(test_->imgMap.Mode, static_cast<JSMode>(mode));
+    QCOMPARE(test_->map.Mode(), static_cast<JSMode>(mode));
     dialog_->close();
 }
 
 void tst_frmjsoptions::optionInForceHasTheFocus()
 {
     QFETCH(const int, mode);
-    test_->imgMap.Mode = static_cast<JSMode>(mode);
+    test_->map.SetMode(static_cast<JSMode>(mode));
     OpenOptions();
     QVERIFY(QTest::qWaitForWindowActive(dialog_));
     QCOMPARE(dialog_->focusWidget(), Option(mode));
@@ -218,17 +218,17 @@ void tst_frmjsoptions::optionInForceHasTheFocus()
 
 void tst_frmjsoptions::loadingAppliesNothing()
 {
-    test_->imgMap.Mode = JSSwitchImages;
-    test_->imgMap.ModeDefault = QStringLiteral("out.gif");
+    test_->map.SetMode(JSSwitchImages);
+    test_->TakeDefault(QStringLiteral("out.gif"));
     const QString extended = QStringLiteral(" Switching Images (Default Image:out.gif):");
-    test_->List()->headerItem()->setText(4, extended);
+    QCOMPARE(test_->MessageHeader(), extended);
     OpenOptions();
     QCOMPARE(test_->MessageHeader(), extended);
     ClickIn(dialog_, "cmdOK");
     QTRY_VERIFY(dialog_ == nullptr);
     QCOMPARE(test_->MessageHeader(), extended);
-    QCOMPARE(test_->imgMap.ModeDefault, QStringLiteral("out.gif"));
-    QCOMPARE(test_->imgMap.Mode, JSSwitchImages);
+    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("out.gif"));
+    QCOMPARE(test_->map.Mode(), JSSwitchImages);
 }
 
 void tst_frmjsoptions::clickSwitchesAtOnceWithoutFigures_data()
@@ -244,16 +244,16 @@ void tst_frmjsoptions::clickSwitchesAtOnceWithoutFigures()
 {
     QFETCH(const int, mode);
 
-    test_->imgMap.Mode = mode == 1 ? JSToolTips : JSStatusBar;
-    test_->imgMap.ModeDefault = QStringLiteral("kept");
+    test_->map.SetMode(mode == 1 ? JSToolTips : JSStatusBar);
+    test_->map.SetModeDefault(QStringLiteral("kept"));
     OpenOptions();
     ClickOption(mode);
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), mode);
-    QCOMPARE(test_->imgMap.Mode, static_cast<JSMode>(mode));
+    QCOMPARE(test_->map.Mode(), static_cast<JSMode>(mode));
     QCOMPARE(test_->MessageHeader(), modeHeaders[mode]);
-    QCOMPARE(test_->imgMap.ModeDefault, QStringLiteral("kept"));
+    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("kept"));
     dialog_->close();
 }
 
@@ -269,8 +269,9 @@ void tst_frmjsoptions::clickWithoutFiguresKeepsThePictureUsable()
 
 void tst_frmjsoptions::pressWithoutFiguresTakesThePlainHeader()
 {
-    test_->imgMap.Mode = JSSwitchImages;
-    test_->List()->headerItem()->setText(4, QStringLiteral(" Switching Images (Default Image:out.gif):"));
+    test_->map.SetMode(JSSwitchImages);
+    test_->TakeDefault(QStringLiteral("out.gif"));
+    QCOMPARE(test_->MessageHeader(), QStringLiteral(" Switching Images (Default Image:out.gif):"));
     OpenOptions();
     ClickOption(2);
     QCOMPARE(test_->MessageHeader(), modeHeaders[2]);
@@ -286,7 +287,7 @@ void tst_frmjsoptions::clickAbandonsTheFigureBeingDrawn()
     QVERIFY(test_->Pixels() != before);
     OpenOptions();
     ClickOption(4);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     QCOMPARE(test_->Pixels(), before);
     QVERIFY(!test_->Button(14)->isEnabled());
     dialog_->close();
@@ -310,10 +311,10 @@ void tst_frmjsoptions::clickWithFiguresAsks()
 
 void tst_frmjsoptions::noKeepsModeAndMap()
 {
-    test_->imgMap.Mode = JSStatusBar;
+    test_->map.SetMode(JSStatusBar);
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->imgMap.ModeDefault = QStringLiteral("kept");
-    test_->List()->headerItem()->setText(4, QStringLiteral("kept too"));
+    test_->map.SetModeDefault(QStringLiteral("kept"));
+    const QString header = test_->MessageHeader();
     const QImage before = test_->Pixels();
     OpenOptions();
     test_->robot.AnswerBox(QMessageBox::No);
@@ -321,11 +322,11 @@ void tst_frmjsoptions::noKeepsModeAndMap()
     QTRY_COMPARE(test_->robot.Boxes().size(), 1);
     test_->Settle();
     QCOMPARE(SelectedOption(), 1);
-    QCOMPARE(test_->imgMap.Mode, JSStatusBar);
-    QCOMPARE(test_->imgMap.ModeDefault, QStringLiteral("kept"));
-    QCOMPARE(test_->MessageHeader(), QStringLiteral("kept too"));
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Mode(), JSStatusBar);
+    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("kept"));
+    QCOMPARE(test_->MessageHeader(), header);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
     QCOMPARE(test_->Pixels(), before);
     QVERIFY(dialog_ != nullptr && dialog_->isVisible());
     dialog_->close();
@@ -334,18 +335,18 @@ void tst_frmjsoptions::noKeepsModeAndMap()
 void tst_frmjsoptions::yesDeletesTheMapAndSwitches()
 {
     const QImage blank = test_->Pixels();
-    test_->imgMap.Mode = JSStatusBar;
+    test_->map.SetMode(JSStatusBar);
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->imgMap.ModeDefault = QStringLiteral("gone");
+    test_->map.SetModeDefault(QStringLiteral("gone"));
     OpenOptions();
     test_->robot.AnswerBox(QMessageBox::Yes);
     ClickOption(3);
-    QTRY_COMPARE(test_->imgMap.Mode, JSTextArea);
+    QTRY_COMPARE(test_->map.Mode(), JSTextArea);
     QCOMPARE(SelectedOption(), 3);
     QCOMPARE(test_->MessageHeader(), modeHeaders[3]);
-    QCOMPARE(test_->imgMap.ModeDefault, QString());
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.ModeDefault(), QString());
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->RowCount(), 0);
     QCOMPARE(test_->Text("lblFigures") + test_->Start1And2() + test_->Cursor1And2(), QString());
     QCOMPARE(test_->Pixels(), blank);
     const QList<int> withoutFigures = { 3, 5, 6, 7, 9, 11, 18 };
@@ -356,7 +357,7 @@ void tst_frmjsoptions::yesDeletesTheMapAndSwitches()
     ClickOption(2);
     test_->Settle();
     QCOMPARE(test_->robot.Boxes().size(), 1);
-    QCOMPARE(test_->imgMap.Mode, JSSwitchImages);
+    QCOMPARE(test_->map.Mode(), JSSwitchImages);
     dialog_->close();
 }
 
@@ -369,14 +370,14 @@ void tst_frmjsoptions::sameOptionStillAsks()
     QTRY_COMPARE(test_->robot.Boxes().size(), 1);
     test_->Settle();
     QCOMPARE(SelectedOption(), 0);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
     dialog_->close();
 }
 
 void tst_frmjsoptions::yesForTheSameOptionDeletesTheMap()
 {
-    test_->imgMap.Mode = JSTextArea;
-    test_->imgMap.ModeDefault = QStringLiteral("Welcome");
+    test_->map.SetMode(JSTextArea);
+    test_->map.SetModeDefault(QStringLiteral("Welcome"));
     test_->ClickButton(5);
     const QPointer<QDialog> link = test_->DialogOpenedBy([this] { test_->Drag({ 10, 10 }, { 40, 40 }); });
     TypeIn(link, "cmbLink", "a.htm");
@@ -385,13 +386,13 @@ void tst_frmjsoptions::yesForTheSameOptionDeletesTheMap()
     OpenOptions();
     test_->robot.AnswerBox(QMessageBox::Yes);
     ClickOption(3);
-    QTRY_COMPARE(test_->imgMap.Store.FigureCount, 0);
+    QTRY_COMPARE(test_->map.Ledger().FigureCount, 0);
     test_->Settle();
     QCOMPARE(SelectedOption(), 3);
-    QCOMPARE(test_->imgMap.Mode, JSTextArea);
-    QCOMPARE(test_->imgMap.ModeDefault, QString());
+    QCOMPARE(test_->map.Mode(), JSTextArea);
+    QCOMPARE(test_->map.ModeDefault(), QString());
     QCOMPARE(test_->MessageHeader(), modeHeaders[3]);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->RowCount(), 0);
     dialog_->close();
 }
 
@@ -418,7 +419,7 @@ void tst_frmjsoptions::secondClickAsksAgainAfterNo()
     test_->Settle();
     test_->robot.AnswerBox(QMessageBox::Yes);
     ClickOption(4);
-    QTRY_COMPARE(test_->imgMap.Mode, JSToolTips);
+    QTRY_COMPARE(test_->map.Mode(), JSToolTips);
     QCOMPARE(SelectedOption(), 4);
     dialog_->close();
 }
@@ -432,7 +433,7 @@ void tst_frmjsoptions::otherMouseButtonsAskNothing()
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), 0);
-    QCOMPARE(test_->imgMap.Mode, JSDisabled);
+    QCOMPARE(test_->map.Mode(), JSDisabled);
     dialog_->close();
 }
 
@@ -483,10 +484,10 @@ void tst_frmjsoptions::keyboardSwitchesAndLeavesTheFigures()
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), 4);
-    QCOMPARE(test_->imgMap.Mode, JSToolTips);
+    QCOMPARE(test_->map.Mode(), JSToolTips);
     QCOMPARE(test_->MessageHeader(), modeHeaders[4]);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
     QCOMPARE(test_->Pixels(), before);
     dialog_->close();
 }
@@ -500,9 +501,9 @@ void tst_frmjsoptions::arrowKeysSwitchAtOnce()
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), 1);
-    QCOMPARE(test_->imgMap.Mode, JSStatusBar);
+    QCOMPARE(test_->map.Mode(), JSStatusBar);
     QCOMPARE(test_->MessageHeader(), modeHeaders[1]);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
     dialog_->close();
 }
 
@@ -532,7 +533,7 @@ void tst_frmjsoptions::closingChangesNothingFurther()
         dialog_->close();
     }
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(test_->imgMap.Mode, JSSwitchImages);
+    QCOMPARE(test_->map.Mode(), JSSwitchImages);
     QCOMPARE(test_->MessageHeader(), modeHeaders[2]);
     QCOMPARE(test_->Status(), QStringLiteral("Creating Mode !"));
 }

@@ -110,7 +110,7 @@ void tst_imagemapdrawing::toolsAreChosenByButtonAndMenu()
     test_->ClickButton(button);
     QCOMPARE(test_->CheckedTools(), QStringList{ entry });
     QCOMPARE(test_->Status(), status);
-    QCOMPARE(test_->imgMap.Store.CurrentKind, kind);
+    QCOMPARE(test_->map.Ledger().CurrentKind, kind);
 
     test_->ClickButton(button == 5 ? 6 : 5);
     QVERIFY(test_->CheckedTools() != QStringList{ entry });
@@ -127,7 +127,7 @@ void tst_imagemapdrawing::choosingTheCursorKeepsTheKind()
 {
     test_->ClickButton(6);
     test_->ClickButton(9);
-    QCOMPARE(test_->imgMap.Store.CurrentKind, kindCircle);
+    QCOMPARE(test_->map.Ledger().CurrentKind, kindCircle);
     QCOMPARE(test_->CheckedTools(), QStringList{ QStringLiteral("mnuCursor") });
 }
 
@@ -151,8 +151,8 @@ void tst_imagemapdrawing::cursorModeDrawsNothing()
     test_->ClickAt({ 30, 30 }, Qt::RightButton);
     test_->Settle();
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
     QCOMPARE(test_->Cursor1And2(), QStringLiteral("30,30"));
     QCOMPARE(test_->Start1And2(), QString());
 }
@@ -198,7 +198,7 @@ void tst_imagemapdrawing::rectangleIsPaintedForGood()
     QCOMPARE(DifferentPlaces(before, after), outline);
     QVERIFY(AllOfColor(after, outline, black));
     QCOMPARE(test_->Text("lblFigures"), QStringLiteral("1"));
-    const FigureRecord& figure = test_->imgMap.Store.Figures[0];
+    const FigureRecord& figure = test_->map.Ledger().Figures[0];
     QCOMPARE(figure.Kind, kindRectangle);
     QCOMPARE(figure.X1, 60);
     QCOMPARE(figure.Y1, 50);
@@ -216,12 +216,12 @@ void tst_imagemapdrawing::rectangleMovesWithTheRightButton()
     test_->Press({ 20, 20 });
     test_->Move({ 60, 50 });
     test_->Press({ 60, 50 }, Qt::RightButton);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawMoving);
+    QCOMPARE(test_->map.Ledger().DrawState, drawMoving);
     test_->Move({ 80, 90 });
     QCOMPARE(DifferentPlaces(before, test_->Pixels()), BoxOutline({ 40, 60 }, { 80, 90 }));
     QCOMPARE(test_->Dimensions1And2(), QStringLiteral("40,30"));
     test_->Release({ 80, 90 }, Qt::RightButton);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawDrawing);
+    QCOMPARE(test_->map.Ledger().DrawState, drawDrawing);
     test_->Move({ 100, 100 });
     QCOMPARE(DifferentPlaces(before, test_->Pixels()), BoxOutline({ 40, 60 }, { 100, 100 }));
     test_->Link("moved.htm", [this] { test_->Release({ 100, 100 }); });
@@ -236,8 +236,8 @@ void tst_imagemapdrawing::releasingLeftWhileMovingKeepsMoving()
     test_->Press({ 60, 50 }, Qt::RightButton);
     test_->Release({ 60, 50 });
     test_->Settle();
-    QCOMPARE(test_->imgMap.Store.DrawState, drawMoving);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().DrawState, drawMoving);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
     test_->Move({ 70, 50 });
     QCOMPARE(test_->Start1And2(), QStringLiteral("30,20"));
     test_->Release({ 70, 50 }, Qt::RightButton);
@@ -264,11 +264,11 @@ void tst_imagemapdrawing::otherButtonsStartNothing()
         test_->ClickButton(tool);
         for (const Qt::MouseButton button : { Qt::RightButton, Qt::MiddleButton }) {
             test_->ClickAt({ 30, 30 }, button);
-            QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+            QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
         }
     }
     test_->Settle();
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
 }
 
 void tst_imagemapdrawing::circleShowsRadiusAndIsPaintedForGood()
@@ -291,7 +291,7 @@ void tst_imagemapdrawing::circleShowsRadiusAndIsPaintedForGood()
     }
     QVERIFY(painted.size() > 250);
     QVERIFY(AllOfColor(after, painted, black));
-    QCOMPARE(test_->imgMap.Store.Figures[0].Radius, 50);
+    QCOMPARE(test_->map.Ledger().Figures[0].Radius, 50);
     QCOMPARE(test_->Row(0).at(3), QStringLiteral("100, 100, 50"));
 }
 
@@ -377,18 +377,18 @@ void tst_imagemapdrawing::polygonStartsOnReleaseAndEndsOnTheRightClick()
 {
     test_->ClickButton(7);
     test_->Press({ 20, 20 });
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     test_->Move({ 25, 20 });
     test_->Release({ 25, 20 });
-    QCOMPARE(test_->imgMap.Store.DrawState, drawDrawing);
-    QCOMPARE(test_->imgMap.Store.StartX, 25);
+    QCOMPARE(test_->map.Ledger().DrawState, drawDrawing);
+    QCOMPARE(test_->map.Ledger().StartX, 25);
     test_->Move({ 80, 20 });
     QCOMPARE(test_->Dimensions1And2(), QStringLiteral("55,0"));
     test_->Press({ 80, 20 });
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     QCOMPARE(test_->Text("lblFigures"), QStringLiteral("1"));
     test_->Release({ 82, 23 });
-    QCOMPARE(test_->imgMap.Store.StartX, 82);
+    QCOMPARE(test_->map.Ledger().StartX, 82);
     test_->Move({ 80, 90 });
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] {
         test_->ClickAt({ 80, 90 }, Qt::RightButton);
@@ -399,10 +399,10 @@ void tst_imagemapdrawing::polygonStartsOnReleaseAndEndsOnTheRightClick()
     const QStringList row = { QStringLiteral(" No: 1 Polygon"), QStringLiteral("three.htm"), QString(),
                               QStringLiteral("25, 20, 80, 20, 80, 90"), QString() };
     QCOMPARE(test_->Row(0), row);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->imgMap.Store.PolygonLineCount, 1);
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 0);
-    QCOMPARE(test_->imgMap.Store.PolygonLines[0].Link, QStringLiteral("three.htm"));
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().PolygonLineCount, 1);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().PolygonLines[0].Link, QStringLiteral("three.htm"));
     QCOMPARE(test_->Text("lblFigures"), QStringLiteral("1"));
     QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Line, draw Polygons !"));
 }
@@ -418,9 +418,9 @@ void tst_imagemapdrawing::polygonSideEndsWhereTheMouseWasLastMoved()
         QMouseEvent event(type, at, test_->Surface()->mapToGlobal(at), Qt::LeftButton, Qt::NoButton, {});
         QApplication::sendEvent(test_->Surface(), &event);
     }
-    const FigureRecord& side = test_->imgMap.Store.Figures[0];
+    const FigureRecord& side = test_->map.Ledger().Figures[0];
     QCOMPARE(QPoint(side.X2, side.Y2), QPoint(80, 20));
-    QCOMPARE(QPoint(test_->imgMap.Store.StartX, test_->imgMap.Store.StartY), QPoint(90, 30));
+    QCOMPARE(QPoint(test_->map.Ledger().StartX, test_->map.Ledger().StartY), QPoint(90, 30));
 }
 
 void tst_imagemapdrawing::polygonLosesTheSideOfTheRightClick()
@@ -442,9 +442,9 @@ void tst_imagemapdrawing::oneSidedPolygonIsGivenUpWithoutADialog()
     test_->ClickCorners({ { 20, 20 }, { 80, 50 } });
     test_->Settle();
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->imgMap.Store.PolygonLineCount, 0);
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().PolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 0);
     QCOMPARE(test_->Text("lblFigures"), QString());
     QVERIFY(!test_->Button(14)->isEnabled());
 
@@ -452,14 +452,14 @@ void tst_imagemapdrawing::oneSidedPolygonIsGivenUpWithoutADialog()
     test_->ClickButton(7);
     test_->ClickCorners({ { 20, 20 }, { 80, 50 } });
     test_->Settle();
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
     QVERIFY(test_->Button(14)->isEnabled());
 }
 
 void tst_imagemapdrawing::polygonsPromptIsPlainInEveryMode()
 {
-    test_->imgMap.Mode = JSToolTips;
+    test_->map.SetMode(JSToolTips);
     test_->ClickButton(7);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] {
         test_->ClickCorners({ { 20, 20 }, { 80, 20 }, { 80, 90 } });
@@ -476,9 +476,9 @@ void tst_imagemapdrawing::doubleClickIsTwoPressesOfThePolygon()
 {
     test_->ClickButton(7);
     QTest::mouseDClick(test_->Surface(), Qt::LeftButton, {}, QPoint(40, 40));
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 1);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawDrawing);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 1);
+    QCOMPARE(test_->map.Ledger().DrawState, drawDrawing);
 }
 
 void tst_imagemapdrawing::firstFigureShowsNoughtLines()
@@ -544,8 +544,8 @@ void tst_imagemapdrawing::pressBesideThePictureDrawsNothing()
     QTest::mouseMove(view, QPoint(100, 100));
     QTest::mouseRelease(view, Qt::LeftButton, {}, QPoint(100, 100));
     test_->Settle();
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
 }
 
 void tst_imagemapdrawing::toolChangedUnderAFigureLeavesNoTrace()
@@ -571,7 +571,7 @@ void tst_imagemapdrawing::cursorFreezesTheFigureInProgress()
     test_->ClickButton(9);
     test_->Move({ 120, 90 });
     test_->ClickAt({ 120, 90 });
-    QCOMPARE(test_->imgMap.Store.DrawState, drawDrawing);
+    QCOMPARE(test_->map.Ledger().DrawState, drawDrawing);
     QCOMPARE(DifferentPlaces(before, test_->Pixels()), BoxOutline({ 20, 20 }, { 80, 20 }));
     test_->ClickButton(7);
     test_->Move({ 20, 70 });
@@ -582,13 +582,13 @@ void tst_imagemapdrawing::scrollingShiftsOnlyTheView()
 {
     test_->OpenPicture({ 1500, 1200 });
     test_->DrawRectangle({ 150, 60 }, { 180, 90 });
-    const FigureRecord before = test_->imgMap.Store.Figures[0];
+    const FigureRecord before = test_->map.Ledger().Figures[0];
     const QImage pixels = test_->Pixels();
     test_->Find<QScrollBar>("HScroll1")->setValue(100);
     QCOMPARE(test_->Surface()->pos(), QPoint(-100, 0));
     test_->Find<QScrollBar>("VScroll1")->setValue(40);
     QCOMPARE(test_->Surface()->pos(), QPoint(-100, -40));
-    QVERIFY(test_->imgMap.Store.Figures[0] == before);
+    QVERIFY(test_->map.Ledger().Figures[0] == before);
     QCOMPARE(test_->Pixels(), pixels);
     QTest::mouseMove(test_->Find<QWidget>("PicNosac"), QPoint(60, 30));
     QCOMPARE(test_->Cursor1And2(), QStringLiteral("160,70"));
@@ -748,13 +748,13 @@ void tst_imagemapdrawing::escapeGivesUpWhatIsInProgress()
         test_->ClickAt(corner);
     }
     test_->Move({ 20, 90 });
-    QCOMPARE(test_->imgMap.Store.FigureCount, 3);
+    QCOMPARE(test_->map.Ledger().FigureCount, 3);
     press();
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 0);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
+    QCOMPARE(test_->RowCount(), 1);
     QCOMPARE(Hint(), QStringLiteral("Click where the polygon begins"));
 
     test_->ClickButton(6);
@@ -765,7 +765,7 @@ void tst_imagemapdrawing::escapeGivesUpWhatIsInProgress()
     QCOMPARE(test_->Pixels(), before);
     test_->Release({ 70, 60 });
     test_->Settle();
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
     QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Circle !"));
     test_->DrawPolygon({ { 40, 40 }, { 90, 40 }, { 90, 90 } });
     QCOMPARE(test_->Row(1).at(3), QStringLiteral("40, 40, 90, 40, 90, 90"));
@@ -777,7 +777,7 @@ void tst_imagemapdrawing::escapeWithoutAFigureIsLeftToOthers()
     const QImage before = test_->Pixels();
     QTest::keyClick(test_->editor->windowHandle(), Qt::Key_Escape);
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->RowCount(), 1);
     QVERIFY(test_->editor->isVisible());
     // The menu bar is left by it.
     auto* const bar = test_->Find<QMenuBar>("MenuBar1");

@@ -80,8 +80,8 @@ void tst_imagemapfigures::linkDialogOpensAfterTheRelease()
     QVERIFY(Find<QPushButton>(dialog, "SSCmdOK")->isEnabled());
     QVERIFY(!Find<QPushButton>(dialog, "SSCmdReplace")->isEnabled());
     QCOMPARE(test_->Status(), QStringLiteral("Link a drawn area !"));
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 0);
     dialog->close();
 }
 
@@ -114,8 +114,8 @@ void tst_imagemapfigures::closedDialogTakesTheFigureBack()
     }
     QTRY_VERIFY(dialog == nullptr);
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
     QCOMPARE(test_->Text("lblFigures"), QStringLiteral("1"));
     QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Circle !"));
 }
@@ -129,9 +129,9 @@ void tst_imagemapfigures::closedDialogTakesThePolygonBack()
     test_->ClickCorners({ { 50, 50 }, { 90, 50 }, { 90, 90 }, { 50, 90 } });
     test_->robot.WaitUntilDone();
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->imgMap.Store.PolygonLineCount, 0);
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().PolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 0);
     test_->DrawPolygon({ { 40, 40 }, { 90, 40 }, { 90, 90 } });
     QCOMPARE(test_->Row(1).at(3), QStringLiteral("40, 40, 90, 40, 90, 90"));
 }
@@ -158,7 +158,7 @@ void tst_imagemapfigures::promptFollowsTheMode()
     QFETCH(const QString, caption);
     QFETCH(const QString, prompt);
 
-    test_->imgMap.Mode = static_cast<JSMode>(mode);
+    test_->map.SetMode(static_cast<JSMode>(mode));
     test_->ClickButton(5);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->Drag({ 20, 20 }, { 60, 50 }); });
     QCOMPARE(test_->Status(), prompt);
@@ -176,12 +176,12 @@ void tst_imagemapfigures::nextDrawingWorksAfterADialog()
     test_->Move({ 100, 100 });
     test_->Move({ 120, 130 });
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     // A click elsewhere goes there and not to the picture.
     test_->ClickButton(6);
     QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Circle !"));
     test_->Link("second.htm", [this] { test_->Drag({ 100, 100 }, { 150, 110 }); });
-    QCOMPARE(test_->List()->topLevelItemCount(), 2);
+    QCOMPARE(test_->RowCount(), 2);
     QCOMPARE(test_->Row(1).at(3), QStringLiteral("100, 100, 50"));
 }
 
@@ -192,12 +192,12 @@ void tst_imagemapfigures::doubleClickOpensOneDialog()
         [this] { QTest::mouseDClick(test_->Surface(), Qt::LeftButton, {}, QPoint(40, 40)); });
     test_->Settle();
     QCOMPARE(test_->editor->findChildren<QDialog*>().size(), 1);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     ClickIn(dialog, "SSCmdClose");
     test_->Settle();
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
     QCOMPARE(test_->Row(0).at(3), QStringLiteral("10, 10, 40, 40"));
 }
@@ -211,7 +211,7 @@ void tst_imagemapfigures::editorTakesNoMouseWhileTheDialogIsOpen()
     test_->ClickButton(14);
     test_->ClickButton(6);
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
     QCOMPARE(test_->CheckedTools(), QStringList{ QStringLiteral("mnuFigNum_5") });
     dialog->close();
 }
@@ -222,8 +222,8 @@ void tst_imagemapfigures::deletingRestoresThePicture()
     test_->DrawRectangle({ 10, 10 }, { 60, 50 });
     test_->ClickButton(14);
     QCOMPARE(test_->Pixels(), blank);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->RowCount(), 0);
 }
 
 void tst_imagemapfigures::deletingKeepsTheFiguresBefore()
@@ -234,10 +234,10 @@ void tst_imagemapfigures::deletingKeepsTheFiguresBefore()
     test_->DrawCircle({ 100, 100 }, { 150, 110 }, "two.htm");
     test_->Entry("mnuDeleteLast")->trigger();
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->RowCount(), 1);
     QCOMPARE(test_->Row(0), row);
     QCOMPARE(test_->Text("lblFigures"), QStringLiteral("1"));
-    QCOMPARE(test_->imgMap.Store.Figures[0].Link, QStringLiteral("one.htm"));
+    QCOMPARE(test_->map.Ledger().Figures[0].Link, QStringLiteral("one.htm"));
     QVERIFY(test_->Button(14)->isEnabled());
 }
 
@@ -251,13 +251,13 @@ void tst_imagemapfigures::deletingAHalfDrawnPolygonKeepsTheRows()
         test_->ClickAt(corner);
     }
     test_->Move({ 100, 150 });
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 2);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 2);
     test_->Entry("mnuDeleteLast")->trigger();
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 0);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->RowCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 0);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     test_->DrawPolygon({ { 20, 60 }, { 90, 60 }, { 90, 90 } });
     QCOMPARE(test_->Row(1).at(3), QStringLiteral("20, 60, 90, 60, 90, 90"));
 }
@@ -271,7 +271,7 @@ void tst_imagemapfigures::deletingWithTheFirstFigureHalfDrawnAbandonsIt()
     QVERIFY(test_->Pixels() != before);
     test_->ClickButton(14);
     QCOMPARE(test_->Pixels(), before);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     QCOMPARE(test_->Text("lblFigures"), QString());
     const QList<int> withoutFigures = { 3, 5, 6, 7, 9, 11, 18 };
     QCOMPARE(test_->EnabledButtons(), withoutFigures);
@@ -282,11 +282,11 @@ void tst_imagemapfigures::deletingAPolygonTakesItsSidesAndRow()
     test_->DrawPolygon({ { 20, 20 }, { 80, 20 }, { 80, 90 } }, "first.htm");
     const QImage before = test_->Pixels();
     test_->DrawPolygon({ { 120, 20 }, { 180, 20 }, { 180, 90 }, { 120, 90 }, { 110, 50 } }, "second.htm");
-    QCOMPARE(test_->imgMap.Store.FigureCount, 4);
+    QCOMPARE(test_->map.Ledger().FigureCount, 4);
     test_->ClickButton(14);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->imgMap.Store.PolygonLineCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().PolygonLineCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
     QCOMPARE(test_->Row(0).at(1), QStringLiteral("first.htm"));
     QCOMPARE(test_->Pixels(), before);
 }
@@ -373,8 +373,8 @@ void tst_imagemapfigures::fullStoreRefusesTheNextFigure()
     QCOMPARE(box.title, QStringLiteral("Cartolen"));
     QCOMPARE(box.icon, QMessageBox::Warning);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
-    QCOMPARE(test_->imgMap.Store.FigureCount, 500);
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().FigureCount, 500);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     QCOMPARE(test_->Pixels(), before);
 }
 
@@ -389,7 +389,7 @@ void tst_imagemapfigures::fullStoreMessageLeavesNoStuckButton()
     test_->Release({ 50, 50 });
     test_->ClickButton(6);
     QCOMPARE(test_->CheckedTools(), QStringList{ QStringLiteral("mnuFigNum_6") });
-    test_->imgMap.Store.FigureCount = 400;
+    test_->map.Ledger().FigureCount = 400;
     test_->Link("again.htm", [this] { test_->Drag({ 50, 50 }, { 80, 55 }); });
     QCOMPARE(test_->Row(0).at(3), QStringLiteral("50, 50, 30"));
 }
@@ -398,11 +398,11 @@ void tst_imagemapfigures::lastPlaceOfTheStoreCanBeDrawn()
 {
     test_->FillStore(499);
     test_->DrawRectangle({ 50, 50 }, { 80, 80 });
-    QCOMPARE(test_->imgMap.Store.FigureCount, 500);
+    QCOMPARE(test_->map.Ledger().FigureCount, 500);
     QCOMPARE(test_->Text("lblFigures"), QStringLiteral("500"));
     test_->ClickButton(14);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 499);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 499);
+    QCOMPARE(test_->RowCount(), 0);
 
     // A polygon gets one side more, which the full store then keeps from being ended.
     test_->ClickButton(7);
@@ -412,11 +412,11 @@ void tst_imagemapfigures::lastPlaceOfTheStoreCanBeDrawn()
     test_->ClickAt({ 60, 20 });
     test_->robot.WaitUntilDone();
     QCOMPARE(test_->robot.Boxes().constLast().text, fullOfFigures);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 500);
+    QCOMPARE(test_->map.Ledger().FigureCount, 500);
     test_->ClickAt({ 60, 20 }, Qt::RightButton);
     test_->Settle();
-    QCOMPARE(test_->imgMap.Store.FigureCount, 500);
-    QCOMPARE(test_->imgMap.Store.CurrentPolygonLineCount, 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 500);
+    QCOMPARE(test_->map.Ledger().CurrentPolygonLineCount, 1);
 }
 
 QTEST_MAIN(tst_imagemapfigures)

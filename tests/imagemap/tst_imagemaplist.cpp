@@ -50,7 +50,6 @@ private Q_SLOTS:
     void headersAreWholeWithoutAScrollBar_data();
     void headersAreWholeWithoutAScrollBar();
     void lastColumnTakesTheRoomThatIsLeft();
-    void iconOfASelectedRowKeepsItsColours();
     void enterEditsTheSelectedRow();
     void rowCanBeEditedAgainAtOnce();
     void editDataEditsTheSelectedRow_data();
@@ -100,13 +99,13 @@ void tst_imagemaplist::cleanup()
 
 void tst_imagemaplist::SelectRow(int index)
 {
-    const QRect row = test_->List()->visualItemRect(test_->List()->topLevelItem(index));
+    const QRect row = test_->RowRect(index);
     QTest::mouseClick(test_->List()->viewport(), Qt::LeftButton, {}, row.topLeft() + QPoint(20, 5));
 }
 
 void tst_imagemaplist::DoubleClickRow(int index)
 {
-    const QRect row = test_->List()->visualItemRect(test_->List()->topLevelItem(index));
+    const QRect row = test_->RowRect(index);
     QTest::mouseDClick(test_->List()->viewport(), Qt::LeftButton, {}, row.topLeft() + QPoint(20, 5));
 }
 
@@ -119,7 +118,7 @@ void tst_imagemaplist::linkedAreasBecomeRows()
     ClickIn(dialog, "SSCmdOK");
     test_->DrawCircle({ 100, 100 }, { 150, 110 }, "two.htm");
     test_->DrawPolygon({ { 200, 20 }, { 250, 20 }, { 250, 90 } }, "three.htm");
-    QCOMPARE(test_->List()->topLevelItemCount(), 3);
+    QCOMPARE(test_->RowCount(), 3);
     const QStringList rectangle = { QStringLiteral(" No: 1 Rectangle"), QStringLiteral("one.htm"),
                                     QStringLiteral("_top"), QStringLiteral("10, 12, 40, 42"), QString() };
     const QStringList circle = { QStringLiteral(" No: 2 Circle"), QStringLiteral("two.htm"), QString(),
@@ -139,7 +138,7 @@ void tst_imagemaplist::rowsShowTheirShape()
     const QStringList icons = { QStringLiteral("area-rectangle"), QStringLiteral("area-circle"),
                                 QStringLiteral("area-polygon") };
     for (int i = 0; i < icons.size(); ++i) {
-        const QImage shown = test_->List()->topLevelItem(i)->icon(0).pixmap(16, 16).toImage();
+        const QImage shown = test_->RowIcon(i).pixmap(16, 16).toImage();
         QVERIFY2(!shown.isNull(), qPrintable(icons[i]));
         QCOMPARE(shown, QIcon(QStringLiteral(":/icons/%1.svg").arg(icons[i])).pixmap(16, 16).toImage());
     }
@@ -152,10 +151,10 @@ void tst_imagemaplist::deletingRemovesTheLastRowWhateverIsSelected()
     test_->DrawRectangle({ 110, 10 }, { 140, 40 }, "three.htm");
     SelectRow(0);
     test_->ClickButton(14);
-    QCOMPARE(test_->List()->topLevelItemCount(), 2);
+    QCOMPARE(test_->RowCount(), 2);
     QCOMPARE(test_->Row(0).at(1), QStringLiteral("one.htm"));
     QCOMPARE(test_->Row(1).at(1), QStringLiteral("two.htm"));
-    QVERIFY(test_->List()->topLevelItem(0)->isSelected());
+    QCOMPARE(test_->SelectedRows(), QList<int>{ 0 });
 }
 
 void tst_imagemaplist::rowNumbersFollowTheRowsThereAre()
@@ -233,7 +232,7 @@ void tst_imagemaplist::doubleClickOfAnotherButtonEditsNothing()
     QFETCH(const Qt::MouseButton, button);
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
     SelectRow(0);
-    const QRect row = test_->List()->visualItemRect(test_->List()->topLevelItem(0));
+    const QRect row = test_->RowRect(0);
     QTest::mouseDClick(test_->List()->viewport(), button, {}, row.topLeft() + QPoint(20, 5));
     test_->Settle();
     QCOMPARE(test_->editor->findChildren<QDialog*>().size(), 0);
@@ -251,14 +250,14 @@ void tst_imagemaplist::headersAreWholeWithoutAScrollBar_data()
 void tst_imagemaplist::headersAreWholeWithoutAScrollBar()
 {
     QFETCH(const int, mode);
-    test_->imgMap.Mode = static_cast<JSMode>(mode);
+    test_->map.SetMode(static_cast<JSMode>(mode));
     test_->LoadEditor();
     QVERIFY(test_->Start());
     const QHeaderView* const header = test_->List()->header();
     QTRY_COMPARE(header->length(), test_->List()->viewport()->width());
     for (int column = 0; column < header->count(); ++column) {
         QVERIFY(header->sectionSize(column) >= header->sectionSizeHint(column));
-        const QString caption = test_->List()->headerItem()->text(column);
+        const QString caption = test_->Headers().at(column);
         const QRect room(0, 0, header->sectionSize(column), header->height());
         QVERIFY2(
             room.contains(header->fontMetrics().boundingRect(room, Qt::TextWordWrap, caption)),
@@ -276,35 +275,6 @@ void tst_imagemaplist::lastColumnTakesTheRoomThatIsLeft()
     QCOMPARE(header->length(), test_->List()->viewport()->width());
     test_->editor->resize(test_->editor->size() - QSize(150, 0));
     QTRY_VERIFY(header->length() == test_->List()->viewport()->width());
-}
-
-void tst_imagemaplist::iconOfASelectedRowKeepsItsColours()
-{
-    test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    QTreeWidget* const list = test_->List();
-    const QRect row = list->visualItemRect(list->topLevelItem(0));
-    const auto shown = [&] {
-        return list->viewport()->grab(QRect(row.topLeft(), QSize(24, row.height()))).toImage();
-    };
-    const auto count = [](const QImage& image, QColor colour) {
-        int pixels = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                pixels += image.pixelColor(x, y) == colour ? 1 : 0;
-            }
-        }
-        return pixels;
-    };
-    const QImage plain = shown();
-    const QImage icon = list->topLevelItem(0)->icon(0).pixmap(16, 16).toImage();
-    const QColor fill = icon.pixelColor(icon.rect().center());
-    QVERIFY(count(plain, fill) > 0);
-    SelectRow(0);
-    QVERIFY(list->topLevelItem(0)->isSelected());
-    const QImage selected = shown();
-    QVERIFY(selected != plain);
-    QCOMPARE(count(selected, fill), count(plain, fill));
-    QVERIFY(count(selected, list->palette().color(QPalette::Base)) > 0);
 }
 
 void tst_imagemaplist::enterEditsTheSelectedRow()
@@ -361,7 +331,7 @@ void tst_imagemaplist::editDataEditsTheSelectedRow()
 
 void tst_imagemaplist::replacingRewritesOnlyLinkAndMessage()
 {
-    test_->imgMap.Mode = JSStatusBar;
+    test_->map.SetMode(JSStatusBar);
     test_->ClickButton(5);
     QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->Drag({ 10, 10 }, { 40, 40 }); });
     TypeIn(dialog, "cmbLink", "one.htm");
@@ -369,7 +339,7 @@ void tst_imagemaplist::replacingRewritesOnlyLinkAndMessage()
     TypeIn(dialog, "txtStatusBarMessage", "Old");
     ClickIn(dialog, "SSCmdOK");
     test_->DrawCircle({ 100, 100 }, { 150, 110 }, "two.htm");
-    const FigureStore::Records figures = test_->imgMap.Store.Figures;
+    const FigureStore::Records figures = test_->map.Ledger().Figures;
     const QImage pixels = test_->Pixels();
 
     SelectRow(0);
@@ -386,11 +356,11 @@ void tst_imagemaplist::replacingRewritesOnlyLinkAndMessage()
                               QStringLiteral("New") };
     QCOMPARE(test_->Row(0), row);
     QCOMPARE(test_->Row(1).at(1), QStringLiteral("two.htm"));
-    QCOMPARE(test_->List()->topLevelItemCount(), 2);
-    QVERIFY(test_->imgMap.Store.Figures == figures);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 2);
+    QCOMPARE(test_->RowCount(), 2);
+    QVERIFY(test_->map.Ledger().Figures == figures);
+    QCOMPARE(test_->map.Ledger().FigureCount, 2);
     QCOMPARE(test_->Pixels(), pixels);
-    QVERIFY(test_->List()->topLevelItem(0)->isSelected());
+    QCOMPARE(test_->SelectedRows(), QList<int>{ 0 });
 }
 
 void tst_imagemaplist::closingTheEditedAreaChangesNothing_data()
@@ -420,8 +390,8 @@ void tst_imagemaplist::closingTheEditedAreaChangesNothing()
         dialog->close();
     }
     QTRY_VERIFY(dialog == nullptr);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 2);
-    QCOMPARE(test_->List()->topLevelItemCount(), 2);
+    QCOMPARE(test_->map.Ledger().FigureCount, 2);
+    QCOMPARE(test_->RowCount(), 2);
     QCOMPARE(test_->Row(0).at(1), QStringLiteral("one.htm"));
     QCOMPARE(test_->Pixels(), before);
     QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Line, draw Polygons !"));
@@ -456,8 +426,11 @@ void tst_imagemaplist::captionAndPromptFollowTheMode()
     QFETCH(const QString, field);
 
     test_->DrawRectangle({ 10, 10 }, { 40, 40 }, "one.htm");
-    test_->List()->topLevelItem(0)->setText(4, QStringLiteral("Message"));
-    test_->imgMap.Mode = static_cast<JSMode>(mode);
+    test_->map.SetMode(static_cast<JSMode>(mode));
+    LinkEntry entry;
+    entry.Fields.fill(QStringLiteral("Message"));
+    test_->map.RelinkArea(0, entry);
+    test_->map.SetModeDefault(QString());
     SelectRow(0);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->ClickButton(12); });
     QCOMPARE(dialog->windowTitle(), caption);
@@ -488,7 +461,7 @@ void tst_imagemaplist::doubleClickWhoseReleaseComesLateLeavesNoStuckButton()
     test_->DrawRectangle({ 10, 10 }, { 40, 40 }, "one.htm");
     test_->DrawRectangle({ 60, 10 }, { 90, 40 }, "two.htm");
     QWidget* const rows = test_->List()->viewport();
-    const QPoint at = test_->List()->visualItemRect(test_->List()->topLevelItem(0)).topLeft() + QPoint(20, 5);
+    const QPoint at = test_->RowRect(0).topLeft() + QPoint(20, 5);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([rows, at] {
         QTest::mouseClick(rows, Qt::LeftButton, {}, at);
         // The second press comes within the time of a double click.
@@ -501,8 +474,7 @@ void tst_imagemaplist::doubleClickWhoseReleaseComesLateLeavesNoStuckButton()
     test_->ClickButton(6);
     QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Circle !"));
     SelectRow(1);
-    QVERIFY(test_->List()->topLevelItem(1)->isSelected());
-    QVERIFY(!test_->List()->topLevelItem(0)->isSelected());
+    QCOMPARE(test_->SelectedRows(), QList<int>{ 1 });
 }
 
 void tst_imagemaplist::insertingNeedsAMapName()
@@ -533,7 +505,7 @@ void tst_imagemaplist::insertingWritesTheAreas()
     TypeIn(dialog, "cmbLink", "one.htm");
     TypeIn(dialog, "cmbTarget", "_top");
     ClickIn(dialog, "SSCmdOK");
-    test_->imgMap.Mode = JSStatusBar;
+    test_->map.SetMode(JSStatusBar);
     test_->ClickButton(6);
     const QPointer<QDialog> second = test_->DialogOpenedBy([this] {
         test_->Drag({ 100, 100 }, { 150, 110 });
@@ -632,7 +604,7 @@ void tst_imagemaplist::insertingChangesNothingInTheEditor()
     test_->ClickButton(16);
     QCOMPARE(test_->Pixels(), before);
     QCOMPARE(test_->Row(0), row);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
     QCOMPARE(test_->Status(), QStringLiteral("Drawing Mode - Rectangle !"));
 }
 

@@ -1,8 +1,8 @@
 // Opening a picture in the image map editor, scrolling it, and starting a new map on it.
 
-#include "shared/ElidedLabel.h"
 #include "shared/Paths.h"
 #include "tests/imagemap/EditorFixture.h"
+#include "widgets/ElidedLabel.h"
 
 #include <QCheckBox>
 #include <QFile>
@@ -264,8 +264,8 @@ void tst_imagemappicture::openingWithFiguresAsksAndKeepsThemOnNo()
     QCOMPARE(box.icon, QMessageBox::Question);
     QCOMPARE(box.buttons, yesNo);
     QCOMPARE(test_->robot.ProposedNames().size(), 1);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
     QCOMPARE(test_->Pixels(), before);
     QCOMPARE(test_->EnabledButtons(), buttonsWithFigure);
 }
@@ -276,8 +276,8 @@ void tst_imagemappicture::openingWithFiguresDeletesThemOnYes()
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->OpenPicture({ 250, 150 });
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->RowCount(), 0);
     QCOMPARE(test_->Text("lblWidthPic"), QStringLiteral("250"));
     QCOMPARE(test_->EnabledButtons(), buttonsWithPicture);
     QVERIFY(test_->Find<QCheckBox>("Check1")->isEnabled());
@@ -292,8 +292,8 @@ void tst_imagemappicture::cancelledOpeningAfterYesHasDeletedTheMap()
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->robot.Cancel();
     test_->ClickButton(3);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->RowCount(), 0);
     QCOMPARE(test_->Pixels(), blank);
     QCOMPARE(test_->Text("StatusBar1_Panel2"), QStringLiteral("picture.jpg"));
     QCOMPARE(test_->EnabledButtons(), buttonsWithPicture);
@@ -311,8 +311,8 @@ void tst_imagemappicture::newImageMapAsksAndKeepsTheMapOnNo()
     QCOMPARE(box.title, QStringLiteral("Cartolen"));
     QCOMPARE(box.icon, QMessageBox::Question);
     QCOMPARE(box.buttons, yesNo);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 1);
+    QCOMPARE(test_->RowCount(), 1);
 }
 
 void tst_imagemappicture::newImageMapKeepsPictureAndAttributes()
@@ -325,8 +325,8 @@ void tst_imagemappicture::newImageMapKeepsPictureAndAttributes()
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->ClickButton(2);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->RowCount(), 0);
     QCOMPARE(test_->Pixels(), blank);
     QCOMPARE(test_->Find<QLineEdit>("txtName")->text(), QStringLiteral("Harbour"));
     QCOMPARE(test_->Find<QLineEdit>("txtAltDescript")->text(), QStringLiteral("View"));
@@ -339,7 +339,7 @@ void tst_imagemappicture::newImageMapKeepsPictureAndAttributes()
 
 void tst_imagemappicture::newImageMapTakesTheModesPlainHeaderButKeepsItsDefault()
 {
-    test_->imgMap.Mode = JSTextArea;
+    test_->map.SetMode(JSTextArea);
     test_->OpenPicture();
     test_->ClickButton(5);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->Drag({ 10, 10 }, { 40, 40 }); });
@@ -351,7 +351,7 @@ void tst_imagemappicture::newImageMapTakesTheModesPlainHeaderButKeepsItsDefault(
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->Entry("mnuNew")->trigger();
     QCOMPARE(test_->MessageHeader(), QStringLiteral(" Switching Text Area Messages:"));
-    QCOMPARE(test_->imgMap.ModeDefault, QStringLiteral("Welcome"));
+    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("Welcome"));
 }
 
 void tst_imagemappicture::newImageMapWithoutFiguresAsksNothing()
@@ -359,11 +359,11 @@ void tst_imagemappicture::newImageMapWithoutFiguresAsksNothing()
     test_->OpenPicture();
     test_->ClickButton(7);
     test_->ClickAt({ 20, 20 });
-    QCOMPARE(test_->imgMap.Store.DrawState, drawDrawing);
+    QCOMPARE(test_->map.Ledger().DrawState, drawDrawing);
     test_->ClickButton(2);
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
-    QCOMPARE(test_->imgMap.Store.DrawState, drawIdle);
+    QCOMPARE(test_->map.Ledger().DrawState, drawIdle);
     QCOMPARE(test_->EnabledButtons(), buttonsWithPicture);
 }
 
@@ -377,8 +377,8 @@ void tst_imagemappicture::LeaveRowWithoutFigures()
     test_->ClickButton(14);
     test_->DrawPolygon(corners);
     test_->ClickButton(14);
-    QCOMPARE(test_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->map.Ledger().FigureCount, 0);
+    QCOMPARE(test_->RowCount(), 1);
 }
 
 void tst_imagemappicture::rowsLeftOverGoWithoutAQuestion_data()
@@ -399,7 +399,7 @@ void tst_imagemappicture::rowsLeftOverGoWithoutAQuestion()
         test_->ClickAt({ 20, 20 });
         test_->ClickButton(2);
     }
-    QCOMPARE(test_->List()->topLevelItemCount(), 0);
+    QCOMPARE(test_->RowCount(), 0);
     QVERIFY(test_->robot.Boxes().isEmpty());
     test_->DrawCircle({ 100, 100 }, { 120, 110 });
     QCOMPARE(test_->Row(0).at(0), QStringLiteral(" No: 1 Circle"));
@@ -410,7 +410,7 @@ void tst_imagemappicture::cancelledOpeningKeepsRowsLeftOver()
     LeaveRowWithoutFigures();
     test_->robot.Cancel();
     test_->ClickButton(3);
-    QCOMPARE(test_->List()->topLevelItemCount(), 1);
+    QCOMPARE(test_->RowCount(), 1);
 }
 
 QTEST_MAIN(tst_imagemappicture)

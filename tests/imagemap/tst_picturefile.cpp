@@ -1,4 +1,4 @@
-#include "imagemap/PictureFile.h"
+#include "imagemap/picture/PictureFile.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>

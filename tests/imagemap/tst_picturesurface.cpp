@@ -1,6 +1,6 @@
 #include "imagemap/FigurePainting.h"
-#include "imagemap/PictureSurface.h"
-#include "shared/FigureStore.h"
+#include "imagemap/model/FigureStore.h"
+#include "tests/imagemap/Drawing.h"
 
 #include <QPainter>
 #include <QRandomGenerator>
@@ -68,34 +68,32 @@ void tst_picturesurface::clearingShowsTheBarePicture()
     QFETCH(const int, count);
     QFETCH(const int, most);
     const QImage picture = MakePicture({ 200, 150 });
-    PictureSurface surface;
+    Drawing surface;
     surface.SetPicture(picture);
     QRandomGenerator random(quint32(kind * 1000 + count));
     const auto number = [&random](int low, int high) { return qint16(random.bounded(low, high)); };
     for (int i = 0; i < count; ++i) {
-        surface.PaintFigure(
-            { qint16(kind), number(100 - most, 100 + most), number(75 - most, 75 + most),
-              number(100 - most, 100 + most), number(75 - most, 75 + most), number(0, most) },
-            Pen::Copy);
+        surface.Add({ qint16(kind), number(100 - most, 100 + most), number(75 - most, 75 + most),
+                      number(100 - most, 100 + most), number(75 - most, 75 + most), number(0, most) });
     }
     if (count > 1) {
         QVERIFY(ShownBy(surface) != picture);
     }
-    surface.ClearDrawing();
+    surface.Clear();
     QCOMPARE(ShownBy(surface), picture);
 }
 
 void tst_picturesurface::clearedDrawingTakesFiguresAgain()
 {
     const PaintedFigure box{ kindRectangle, 10, 10, 60, 40, 0 };
-    PictureSurface once;
+    Drawing once;
     once.SetPicture(MakePicture({ 200, 150 }));
-    once.PaintFigure(box, Pen::Copy);
-    PictureSurface again;
+    once.Add(box);
+    Drawing again;
     again.SetPicture(MakePicture({ 200, 150 }));
-    again.PaintFigure({ kindCircle, 100, 70, 0, 0, 50 }, Pen::Copy);
-    again.ClearDrawing();
-    again.PaintFigure(box, Pen::Copy);
+    again.Add({ kindCircle, 100, 70, 0, 0, 50 });
+    again.Clear();
+    again.Add(box);
     QCOMPARE(ShownBy(again), ShownBy(once));
 }
 
@@ -107,9 +105,9 @@ void tst_picturesurface::rubberFigureShowsOnEveryGrey()
             greys.setPixel(x, y, qRgb(x, x, x));
         }
     }
-    PictureSurface surface;
+    Drawing surface;
     surface.SetPicture(greys);
-    surface.PaintFigure({ kindLine, 0, 5, 255, 5, 0 }, Pen::Invert);
+    surface.ShowRubberFigure({ kindLine, 0, 5, 255, 5, 0 });
     const QImage shown = ShownBy(surface);
     for (int x = 0; x < greys.width(); ++x) {
         constexpr int seen = 56;
@@ -164,10 +162,10 @@ void tst_picturesurface::outlineHasALightEdgeOutsideOnDarkGround()
     QPainter painter(&outline);
     PaintOutline(painter, figure, color);
     painter.end();
-    PictureSurface surface;
+    Drawing surface;
     surface.SetForegroundColor(color);
     surface.SetPicture(dark);
-    surface.PaintFigure(figure, Pen::Copy);
+    surface.Add(figure);
     const QImage shown = ShownBy(surface);
     const auto isOnOutline = [&](QPoint place) {
         return outline.rect().contains(place) && outline.pixel(place) == color.rgb();
@@ -199,9 +197,9 @@ void tst_picturesurface::outlineHasNoEdgeWhereItShows()
 {
     QImage light(200, 150, QImage::Format_RGB32);
     light.fill(qRgb(180, 200, 220));
-    PictureSurface surface;
+    Drawing surface;
     surface.SetPicture(light);
-    surface.PaintFigure({ kindRectangle, 30, 20, 90, 60, 0 }, Pen::Copy);
+    surface.Add({ kindRectangle, 30, 20, 90, 60, 0 });
     QPainter painter(&light);
     PaintOutline(painter, { kindRectangle, 30, 20, 90, 60, 0 }, Qt::black);
     painter.end();
@@ -220,11 +218,11 @@ void tst_picturesurface::edgeNeverCoversAnotherOutline()
     };
     QImage first;
     for (int order = 0; order < 2; ++order) {
-        PictureSurface surface;
+        Drawing surface;
         surface.SetPicture(dark);
         QImage outlines(dark);
         for (const PaintedFigure& figure : figures) {
-            surface.PaintFigure(figure, Pen::Copy);
+            surface.Add(figure);
             QPainter painter(&outlines);
             PaintOutline(painter, figure, Qt::black);
         }
@@ -244,15 +242,15 @@ void tst_picturesurface::edgesGoWithTheirFigures()
 {
     QImage dark(200, 150, QImage::Format_RGB32);
     dark.fill(qRgb(12, 16, 20));
-    PictureSurface surface;
+    Drawing surface;
     surface.SetPicture(dark);
-    surface.PaintFigure({ kindRectangle, 30, 20, 90, 60, 0 }, Pen::Copy);
+    surface.Add({ kindRectangle, 30, 20, 90, 60, 0 });
     const QImage one = ShownBy(surface);
-    surface.PaintFigure({ kindCircle, 90, 60, 0, 0, 30 }, Pen::Copy);
+    surface.Add({ kindCircle, 90, 60, 0, 0, 30 });
     QVERIFY(ShownBy(surface) != one);
-    surface.ClearDrawing();
+    surface.Clear();
     QCOMPARE(ShownBy(surface), dark);
-    surface.PaintFigure({ kindRectangle, 30, 20, 90, 60, 0 }, Pen::Copy);
+    surface.Add({ kindRectangle, 30, 20, 90, 60, 0 });
     QCOMPARE(ShownBy(surface), one);
 }
 

@@ -1,6 +1,7 @@
 #include "linkdialog/frmIMLink.h"
 #include "tests/support/DialogRobot.h"
 #include "tests/support/Icons.h"
+#include "tests/support/ListedAreas.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/WidgetDriving.h"
 
@@ -12,26 +13,48 @@
 
 namespace {
 
-/** Notes what the dialog asks of the editor. */
-class FakeEditor : public AreaEditor
+/** Notes what the dialog does to the map, and when it is through. */
+class MapWatcher : public QObject
 {
 public:
-    [[nodiscard]] qsizetype AreaCount() const override { return rows.size(); }
-    void AppendArea(const AreaRow& row) override
+    explicit MapWatcher(MapDocument& map)
+        : map_(map)
     {
-        rows << row;
-        calls << QStringLiteral("append");
     }
-    void ReplaceSelectedArea(const QString& link, const QString& message) override
-    {
-        calls << QStringLiteral("replace %1 %2").arg(link, message);
-    }
-    void SetMessageHeader(const QString& header) override { calls << u"header" + header; }
-    void RepaintFigures() override { calls << QStringLiteral("repaint"); }
-    void ShowDrawingMode() override { calls << QStringLiteral("status"); }
 
-    AreaRows rows;
+    /** Notes what happens from now on; `replaced` is the area that the dialog is for, if it is no new one. */
+    void Watch(const QDialog& dialog, std::optional<qsizetype> replaced)
+    {
+        count_ = map_.Areas().size();
+        replaced_ = replaced;
+        calls.clear();
+        disconnect(&map_, nullptr, this, nullptr);
+        connect(&map_, &MapDocument::AreasChanged, this, [this] { NoteAreas(); });
+        connect(&map_, &MapDocument::MessageHeaderChanged, this, [this] {
+            calls << u"header" + map_.MessageHeader();
+        });
+        connect(&map_, &MapDocument::FiguresRemoved, this, [this] { calls << QStringLiteral("repaint"); });
+        disconnect(&dialog, nullptr, this, nullptr);
+        connect(&dialog, &QDialog::finished, this, [this] { calls << QStringLiteral("status"); });
+    }
+
     QStringList calls;
+
+private:
+    void NoteAreas()
+    {
+        if (map_.Areas().size() > count_) {
+            calls << QStringLiteral("append");
+        } else if (replaced_) {
+            const MapArea& area = map_.Areas().at(*replaced_);
+            calls << QStringLiteral("replace %1 %2").arg(area.Link, area.Message);
+        }
+        count_ = map_.Areas().size();
+    }
+
+    MapDocument& map_;
+    qsizetype count_ = 0;
+    std::optional<qsizetype> replaced_;
 };
 
 constexpr int linkRecordSize = 276;
@@ -143,16 +166,18 @@ private Q_SLOTS:
 
 private:
     void OpenFor(int mode, qint16 kind = kindRectangle);
+    void Show(std::optional<qsizetype> replaced);
     void Edit(const QString& message = {});
     void Fill(const Fillings& fillings);
     void WriteLinks(const QByteArray& bytes);
     QStringList OfferedLinks();
     void CloseBy(const QString& way);
+    [[nodiscard]] AreaRows Rows() const { return RowsOf(folder_->map); }
 
     std::unique_ptr<ProgramFolder> folder_;
     std::unique_ptr<QWidget> owner_;
     std::unique_ptr<DialogRobot> robot_;
-    std::unique_ptr<FakeEditor> editor_;
+    std::unique_ptr<MapWatcher> watcher_;
     QPointer<frmIMLink> dialog_;
 };
 
@@ -163,7 +188,7 @@ void tst_frmimlink::init()
     owner_ = std::make_unique<QWidget>();
     owner_->show();
     robot_ = std::make_unique<DialogRobot>();
-    editor_ = std::make_unique<FakeEditor>();
+    watcher_ = std::make_unique<MapWatcher>(folder_->map);
 }
 
 void tst_frmimlink::cleanup()
@@ -179,9 +204,9 @@ void tst_frmimlink::cleanup()
 /** Draws a figure of `kind` and shows the dialog for it. */
 void tst_frmimlink::OpenFor(int mode, qint16 kind)
 {
-    ImgMap& imgMap = folder_->imgMap;
-    imgMap.Mode = static_cast<JSMode>(mode);
-    FigureStore& store = imgMap.Store;
+    MapDocument& map = folder_->map;
+    map.SetMode(static_cast<JSMode>(mode));
+    FigureStore& store = map.Ledger();
     store.CurrentKind = kind;
     store.StartX = 90;
     store.StartY = 80;
@@ -199,25 +224,37 @@ void tst_frmimlink::OpenFor(int mode, qint16 kind)
     } else {
         store.AppendFigure();
     }
-    dialog_ = new frmIMLink(imgMap, *editor_, owner_.get());
-    dialog_->Form_Load();
+    Show(std::nullopt);
+}
+
+/** Shows a dialog for a new area, or for the area `replaced`, and watches what it does. */
+void tst_frmimlink::Show(std::optional<qsizetype> replaced)
+{
+    delete dialog_.data();
+    dialog_ = new frmIMLink(folder_->imgMap, folder_->map, owner_.get());
+    dialog_->Form_Load(replaced);
     // The robot leaves the dialog to the test, and answers what opens over it.
     bool isSeen = false;
     robot_->Act([&isSeen](QDialog&) { isSeen = true; });
     dialog_->show();
     QTRY_VERIFY(isSeen);
     QVERIFY(QTest::qWaitForWindowActive(dialog_));
+    watcher_->Watch(*dialog_, replaced);
 }
 
-/** Turns the open dialog to an area of the list. */
+/** Shows the dialog for the fourth area of the map instead. */
 void tst_frmimlink::Edit(const QString& message)
 {
-    dialog_->PrepareReplacing({ .Text = QStringLiteral(" No: 4 Circle"),
-                                .Link = QStringLiteral("old.htm"),
-                                .Target = QStringLiteral("_self"),
-                                .Coordinates = QStringLiteral("1, 2, 3"),
-                                .Message = message,
-                                .SmallIcon = 2 });
+    constexpr int others = 3;
+    for (int i = 0; i < others; ++i) {
+        folder_->map.AppendArea({});
+    }
+    folder_->map.AppendArea({ .Shape = AreaShape::Circle,
+                              .Coordinates = { 1, 2, 3 },
+                              .Link = QStringLiteral("old.htm"),
+                              .Target = QStringLiteral("_self"),
+                              .Message = message });
+    Show(others);
 }
 
 void tst_frmimlink::Fill(const Fillings& fillings)
@@ -411,7 +448,7 @@ void tst_frmimlink::defaultOfTheMapIsOffered()
     QFETCH(const QString, image);
     QFETCH(const QString, text);
 
-    folder_->imgMap.ModeDefault = QStringLiteral("The default");
+    folder_->map.SetModeDefault(QStringLiteral("The default"));
     OpenFor(mode);
     QCOMPARE(Find<QLineEdit>(dialog_, "txtDefaultImage")->text(), image);
     QCOMPARE(Find<QLineEdit>(dialog_, "txtDefaultTAreaMessage")->text(), text);
@@ -480,7 +517,7 @@ void tst_frmimlink::missingLinksFolderIsToldAndTheDialogOpens()
     QVERIFY(dialog_->isVisible());
     TypeIn(dialog_, "cmbLink", "works.htm");
     ClickIn(dialog_, "SSCmdOK");
-    QCOMPARE(editor_->rows.size(), 1);
+    QCOMPARE(Rows().size(), 1);
 }
 
 void tst_frmimlink::damagedRecordIsToldAndTheOthersAreOffered()
@@ -504,8 +541,8 @@ void tst_frmimlink::savedLinkIsChosenFromTheList()
     QTest::keyClick(list, Qt::Key_Down);
     QCOMPARE(list->currentText(), QStringLiteral("two.htm"));
     ClickIn(dialog_, "SSCmdOK");
-    QCOMPARE(editor_->rows.size(), 1);
-    QCOMPARE(editor_->rows[0].Link, QStringLiteral("two.htm"));
+    QCOMPARE(Rows().size(), 1);
+    QCOMPARE(Rows()[0].Link, QStringLiteral("two.htm"));
 }
 
 void tst_frmimlink::targetsStandInOrder()
@@ -531,9 +568,9 @@ void tst_frmimlink::typedTextIsNotCompleted()
     TypeIn(dialog_, "cmbLink", "one.htm");
     QTest::keyClick(Find<QComboBox>(dialog_, "cmbLink")->lineEdit(), Qt::Key_Tab);
     ClickIn(dialog_, "SSCmdOK");
-    QCOMPARE(editor_->rows.size(), 1);
-    QCOMPARE(editor_->rows[0].Link, QStringLiteral("one.htm"));
-    QCOMPARE(editor_->rows[0].Target, QStringLiteral("_T"));
+    QCOMPARE(Rows().size(), 1);
+    QCOMPARE(Rows()[0].Link, QStringLiteral("one.htm"));
+    QCOMPARE(Rows()[0].Target, QStringLiteral("_T"));
 }
 
 void tst_frmimlink::missingFieldsAreAskedForInOrder_data()
@@ -580,11 +617,11 @@ void tst_frmimlink::missingFieldsAreAskedForInOrder()
     QFETCH(const QString, title);
 
     OpenFor(mode);
-    folder_->imgMap.ModeDefault = QStringLiteral("untouched");
     if (isReplacing) {
         Edit();
         Find<QComboBox>(dialog_, "cmbLink")->clearEditText();
     }
+    folder_->map.SetModeDefault(QStringLiteral("untouched"));
     Fill(CompleteFor(mode).first(filled));
     // The last field alone does not make up for those before it.
     if (filled + 1 < CompleteFor(mode).size() && CompleteFor(mode).size() == 3) {
@@ -599,10 +636,10 @@ void tst_frmimlink::missingFieldsAreAskedForInOrder()
     QCOMPARE(box.icon, QMessageBox::Information);
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
     QVERIFY(dialog_ != nullptr && dialog_->isVisible());
-    QCOMPARE(editor_->calls, QStringList());
-    QCOMPARE(folder_->imgMap.ModeDefault, QStringLiteral("untouched"));
-    QCOMPARE(folder_->imgMap.Store.Figures[0].Link, QString());
-    QCOMPARE(folder_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(watcher_->calls, QStringList());
+    QCOMPARE(folder_->map.ModeDefault(), QStringLiteral("untouched"));
+    QCOMPARE(folder_->map.Ledger().Figures[0].Link, QString());
+    QCOMPARE(folder_->map.Ledger().FigureCount, 1);
 }
 
 void tst_frmimlink::blanksCountAsAText()
@@ -610,10 +647,10 @@ void tst_frmimlink::blanksCountAsAText()
     OpenFor(JSTextArea);
     Fill({ { "cmbLink", " " }, { "txtDefaultTAreaMessage", "  " }, { "txtSwitchingTAreaMessage", " " } });
     ClickIn(dialog_, "SSCmdOK");
-    QCOMPARE(editor_->rows.size(), 1);
-    QCOMPARE(editor_->rows[0].Link, QStringLiteral(" "));
-    QCOMPARE(editor_->rows[0].Message, QStringLiteral(" "));
-    QCOMPARE(folder_->imgMap.ModeDefault, QStringLiteral("  "));
+    QCOMPARE(Rows().size(), 1);
+    QCOMPARE(Rows()[0].Link, QStringLiteral(" "));
+    QCOMPARE(Rows()[0].Message, QStringLiteral(" "));
+    QCOMPARE(folder_->map.ModeDefault(), QStringLiteral("  "));
 }
 
 void tst_frmimlink::statusBarMessageMayBeEmpty()
@@ -621,8 +658,8 @@ void tst_frmimlink::statusBarMessageMayBeEmpty()
     OpenFor(JSStatusBar);
     Fill({ { "cmbLink", "a.htm" } });
     ClickIn(dialog_, "SSCmdOK");
-    QCOMPARE(editor_->rows.size(), 1);
-    QCOMPARE(editor_->rows[0].Message, QString());
+    QCOMPARE(Rows().size(), 1);
+    QCOMPARE(Rows()[0].Message, QString());
 }
 
 void tst_frmimlink::acceptingAddsARow_data()
@@ -650,7 +687,7 @@ void tst_frmimlink::acceptingAddsARow()
     QFETCH(const QString, header);
 
     QDir::setCurrent(QDir::tempPath());
-    folder_->imgMap.ModeDefault = QStringLiteral("untouched");
+    folder_->map.SetModeDefault(QStringLiteral("untouched"));
     OpenFor(mode);
     Fill(CompleteFor(mode));
     TypeIn(dialog_, "cmbTarget", "main");
@@ -662,15 +699,15 @@ void tst_frmimlink::acceptingAddsARow()
                           .Coordinates = QStringLiteral("10, 20, 90, 80"),
                           .Message = message,
                           .SmallIcon = 1 };
-    QCOMPARE(editor_->rows.size(), 1);
-    QVERIFY(editor_->rows[0] == row);
-    QCOMPARE(folder_->imgMap.ModeDefault, modeDefault);
+    QCOMPARE(Rows().size(), 1);
+    QVERIFY(Rows()[0] == row);
+    QCOMPARE(folder_->map.ModeDefault(), modeDefault);
     QStringList calls;
     if (!header.isEmpty()) {
         calls << u"header" + header;
     }
     calls << QStringLiteral("append") << QStringLiteral("status");
-    QCOMPARE(editor_->calls, calls);
+    QCOMPARE(watcher_->calls, calls);
     QCOMPARE(QDir::current(), QDir(folder_->imgMap.ProgramFolder));
 }
 
@@ -697,17 +734,17 @@ void tst_frmimlink::acceptingWritesTheFigure()
     Fill(CompleteFor(JSStatusBar));
     TypeIn(dialog_, "cmbTarget", "_top");
     ClickIn(dialog_, "SSCmdOK");
-    QCOMPARE(editor_->rows.size(), 1);
-    QCOMPARE(editor_->rows[0].Text, text);
-    QCOMPARE(editor_->rows[0].Coordinates, coordinates);
-    QCOMPARE(editor_->rows[0].SmallIcon, icon);
-    const FigureRecord& figure = folder_->imgMap.Store.Figures[0];
+    QCOMPARE(Rows().size(), 1);
+    QCOMPARE(Rows()[0].Text, text);
+    QCOMPARE(Rows()[0].Coordinates, coordinates);
+    QCOMPARE(Rows()[0].SmallIcon, icon);
+    const FigureRecord& figure = folder_->map.Ledger().Figures[0];
     QCOMPARE(figure.Link, QStringLiteral("a.htm"));
     QCOMPARE(figure.Target, QStringLiteral("_top"));
     QCOMPARE(figure.Message, QStringLiteral("Hello"));
     QCOMPARE(QPoint(figure.X1, figure.Y1), QPoint(90, 80));
     QCOMPARE(QPoint(figure.X2, figure.Y2), QPoint(10, 20));
-    QCOMPARE(folder_->imgMap.Store.FigureCount, 1);
+    QCOMPARE(folder_->map.Ledger().FigureCount, 1);
 }
 
 void tst_frmimlink::acceptingAPolygonFinishesIt()
@@ -722,9 +759,9 @@ void tst_frmimlink::acceptingAPolygonFinishesIt()
                           .Coordinates = QStringLiteral("90, 80, 10, 20, 70, 60"),
                           .Message = QStringLiteral("Tip"),
                           .SmallIcon = 3 };
-    QCOMPARE(editor_->rows.size(), 1);
-    QVERIFY(editor_->rows[0] == row);
-    const FigureStore& store = folder_->imgMap.Store;
+    QCOMPARE(Rows().size(), 1);
+    QVERIFY(Rows()[0] == row);
+    const FigureStore& store = folder_->map.Ledger();
     QCOMPARE(store.PolygonLines[0].Link, QStringLiteral("a.htm"));
     QCOMPARE(store.PolygonLines[0].Target, QStringLiteral("_top"));
     QCOMPARE(store.Figures[0].Link, QString());
@@ -736,21 +773,23 @@ void tst_frmimlink::acceptingAPolygonFinishesIt()
 void tst_frmimlink::acceptingAnUnknownKindAddsNoRow()
 {
     OpenFor(JSDisabled);
-    folder_->imgMap.Store.CurrentKind = 0;
+    folder_->map.Ledger().CurrentKind = 0;
     Fill(CompleteFor(JSDisabled));
     ClickIn(dialog_, "SSCmdOK");
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(editor_->calls, QStringList{ QStringLiteral("status") });
-    QCOMPARE(folder_->imgMap.Store.Figures[0].Link, QStringLiteral("a.htm"));
+    QCOMPARE(watcher_->calls, QStringList{ QStringLiteral("status") });
+    QCOMPARE(folder_->map.Ledger().Figures[0].Link, QStringLiteral("a.htm"));
 }
 
 void tst_frmimlink::rowNumberCountsTheRows()
 {
-    editor_->rows = { {}, {}, {}, {}, {}, {}, {}, {}, {} };
+    for (int i = 0; i < 9; ++i) {
+        folder_->map.AppendArea({});
+    }
     OpenFor(JSDisabled);
     Fill(CompleteFor(JSDisabled));
     ClickIn(dialog_, "SSCmdOK");
-    QCOMPARE(editor_->rows.constLast().Text, QStringLiteral(" No: 10 Rectangle"));
+    QCOMPARE(Rows().constLast().Text, QStringLiteral(" No: 10 Rectangle"));
 }
 
 void tst_frmimlink::replacingRewritesTheRowOnly_data()
@@ -765,10 +804,10 @@ void tst_frmimlink::replacingRewritesTheRowOnly()
     QFETCH(const QString, modeDefault);
     QFETCH(const QString, header);
 
-    folder_->imgMap.ModeDefault = QStringLiteral("untouched");
+    folder_->map.SetModeDefault(QStringLiteral("untouched"));
     OpenFor(mode, kindLine);
     Edit(QStringLiteral("Old"));
-    const FigureStore before = folder_->imgMap.Store;
+    const FigureStore before = folder_->map.Ledger();
     Fill(CompleteFor(mode));
     TypeIn(dialog_, "cmbTarget", "_blank");
     ClickIn(dialog_, "SSCmdReplace");
@@ -778,13 +817,13 @@ void tst_frmimlink::replacingRewritesTheRowOnly()
         calls << u"header" + header;
     }
     calls << QStringLiteral("status");
-    QCOMPARE(editor_->calls, calls);
-    QCOMPARE(folder_->imgMap.ModeDefault, modeDefault);
-    QVERIFY(folder_->imgMap.Store.Figures == before.Figures);
-    QVERIFY(folder_->imgMap.Store.PolygonLines == before.PolygonLines);
-    QVERIFY(folder_->imgMap.Store.CurrentPolygon == before.CurrentPolygon);
-    QCOMPARE(folder_->imgMap.Store.FigureCount, before.FigureCount);
-    QCOMPARE(folder_->imgMap.Store.CurrentPolygonLineCount, before.CurrentPolygonLineCount);
+    QCOMPARE(watcher_->calls, calls);
+    QCOMPARE(folder_->map.ModeDefault(), modeDefault);
+    QVERIFY(folder_->map.Ledger().Figures == before.Figures);
+    QVERIFY(folder_->map.Ledger().PolygonLines == before.PolygonLines);
+    QVERIFY(folder_->map.Ledger().CurrentPolygon == before.CurrentPolygon);
+    QCOMPARE(folder_->map.Ledger().FigureCount, before.FigureCount);
+    QCOMPARE(folder_->map.Ledger().CurrentPolygonLineCount, before.CurrentPolygonLineCount);
 }
 
 void tst_frmimlink::replacingWithoutScriptClearsTheMessage()
@@ -792,7 +831,7 @@ void tst_frmimlink::replacingWithoutScriptClearsTheMessage()
     OpenFor(JSDisabled);
     Edit(QStringLiteral("left over from another mode"));
     ClickIn(dialog_, "SSCmdReplace");
-    QCOMPARE(editor_->calls.constFirst(), QStringLiteral("replace old.htm "));
+    QCOMPARE(watcher_->calls.constFirst(), QStringLiteral("replace old.htm "));
 }
 
 void tst_frmimlink::closingDiscardsANewFigure_data()
@@ -812,10 +851,10 @@ void tst_frmimlink::closingDiscardsANewFigure()
     Fill(CompleteFor(JSTextArea));
     CloseBy(way);
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(folder_->imgMap.Store.FigureCount, 0);
+    QCOMPARE(folder_->map.Ledger().FigureCount, 0);
     const QStringList calls = { QStringLiteral("repaint"), QStringLiteral("status") };
-    QCOMPARE(editor_->calls, calls);
-    QCOMPARE(folder_->imgMap.ModeDefault, QString());
+    QCOMPARE(watcher_->calls, calls);
+    QCOMPARE(folder_->map.ModeDefault(), QString());
 }
 
 void tst_frmimlink::closingDiscardsANewPolygon()
@@ -823,9 +862,9 @@ void tst_frmimlink::closingDiscardsANewPolygon()
     OpenFor(JSDisabled, kindLine);
     ClickIn(dialog_, "SSCmdClose");
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(folder_->imgMap.Store.FigureCount, 0);
-    QCOMPARE(folder_->imgMap.Store.PolygonLineCount, 0);
-    QCOMPARE(folder_->imgMap.Store.CurrentPolygonLineCount, 0);
+    QCOMPARE(folder_->map.Ledger().FigureCount, 0);
+    QCOMPARE(folder_->map.Ledger().PolygonLineCount, 0);
+    QCOMPARE(folder_->map.Ledger().CurrentPolygonLineCount, 0);
 }
 
 void tst_frmimlink::closingKeepsAnEditedArea_data()
@@ -841,8 +880,8 @@ void tst_frmimlink::closingKeepsAnEditedArea()
     Edit();
     CloseBy(way);
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(folder_->imgMap.Store.FigureCount, 1);
-    QCOMPARE(editor_->calls, QStringList{ QStringLiteral("status") });
+    QCOMPARE(folder_->map.Ledger().FigureCount, 1);
+    QCOMPARE(watcher_->calls, QStringList{ QStringLiteral("status") });
 }
 
 void tst_frmimlink::enterAccepts_data()
@@ -864,7 +903,7 @@ void tst_frmimlink::enterAccepts()
     focused->setFocus();
     QTest::keyClick(focused, Qt::Key_Return);
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(editor_->rows.size(), 1);
+    QCOMPARE(Rows().size(), 1);
 }
 
 void tst_frmimlink::enterReplacesAnEditedArea()
@@ -873,7 +912,7 @@ void tst_frmimlink::enterReplacesAnEditedArea()
     Edit();
     QTest::keyClick(Find<QComboBox>(dialog_, "cmbLink"), Qt::Key_Return);
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(editor_->calls.constFirst(), QStringLiteral("replace old.htm "));
+    QCOMPARE(watcher_->calls.constFirst(), QStringLiteral("replace old.htm "));
 }
 
 void tst_frmimlink::browsingChoosesAnImage_data()

@@ -113,7 +113,7 @@ void PassOn(QtMsgType type, const QMessageLogContext& context, const QString& me
 ProgramDriver::ProgramDriver(const QString& folder, StepSeen stepSeen)
     : folder_(QDir(folder).absolutePath())
     , stepSeen_(std::move(stepSeen))
-    , startup_(imgMap_, desktop_)
+    , startup_(imgMap_, map_, desktop_)
 {
     previousHandler = qInstallMessageHandler(PassOn);
     Check(
@@ -229,13 +229,13 @@ void ProgramDriver::ChooseMode(JSMode mode)
 {
     robot_.Act([this, mode](QDialog& dialog) {
         const QString option = QStringLiteral("optJSOpt_%1").arg(int(mode));
-        if (imgMap_.Store.FigureCount > 0) {
+        if (map_.Ledger().FigureCount > 0) {
             robot_.AnswerBox(QMessageBox::Yes);
         }
         ClickMark(FindPart<QRadioButton>(dialog, option));
         Check(
             QTest::qWaitFor([this, &dialog] {
-                return imgMap_.Store.FigureCount == 0 && QApplication::activeModalWidget() == &dialog;
+                return map_.Ledger().FigureCount == 0 && QApplication::activeModalWidget() == &dialog;
             }),
             QStringLiteral("the map was not deleted"));
         Seen(dialog, QStringLiteral("mode"));
@@ -243,7 +243,7 @@ void ProgramDriver::ChooseMode(JSMode mode)
     });
     ClickMenu(*editor_, QStringLiteral("mnuJS"), QStringLiteral("mnuJSOptions"));
     FinishDialogs();
-    Check(imgMap_.Mode == mode, QStringLiteral("the mode was not taken"));
+    Check(map_.Mode() == mode, QStringLiteral("the mode was not taken"));
 }
 
 void ProgramDriver::NameFilesOnly(bool fileNamesOnly)
@@ -296,7 +296,7 @@ void ProgramDriver::InsertMap()
 void ProgramDriver::CloseEditor()
 {
     const QPointer<QWidget> closing(editor_);
-    if (imgMap_.Store.FigureCount > 0) {
+    if (map_.Ledger().FigureCount > 0) {
         robot_.AnswerBox(QMessageBox::Yes);
     }
     ClickToolbar(exitButton);

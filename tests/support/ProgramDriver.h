@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Startup.h"
+#include "imagemap/model/MapDocument.h"
 #include "shared/ImgMap.h"
 #include "tests/support/DialogRobot.h"
 #include "tests/support/RecordingDesktop.h"
@@ -105,6 +106,7 @@ private:
     QDir folder_;
     StepSeen stepSeen_;
     ImgMap imgMap_;
+    MapDocument map_;
     RecordingDesktop desktop_; ///< a play opens no programs beside it
     Startup startup_;
     DialogRobot robot_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagemap/model/MapDocument.h"
 #include "shared/ImgMap.h"
 
 #include <QDir>
@@ -34,6 +35,7 @@ public:
     }
 
     ImgMap imgMap;
+    MapDocument map;
 
 private:
     QString before_ = QDir::currentPath();

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "imagemap/model/MapDocument.h"
+
+#include <QAbstractTableModel>
+
+/** The columns of the area list. */
+enum class AreaColumn {
+    Title,
+    Link,
+    Target,
+    Coordinates,
+    Message,
+};
+inline constexpr int areaColumnCount = 5;
+
+/** The areas of a map as a table: one row an area, in their order. */
+class AreaListModel final : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    explicit AreaListModel(const MapDocument& map, QObject* parent = nullptr);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    [[nodiscard]] QVariant
+    headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    void Map_AreasChanged();
+    void Map_MessageHeaderChanged();
+
+    const MapDocument& map_;
+    MapAreas shown_; ///< what the views have been told of
+};

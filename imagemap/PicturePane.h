@@ -1,0 +1,63 @@
+#pragma once
+
+#include "imagemap/PictureSurface.h"
+
+#include <QPoint>
+#include <QWidget>
+#include <memory>
+
+namespace Ui {
+class PicturePane;
+}
+class PictureTool;
+class QKeyEvent;
+
+/**
+ * Shows the picture in a frame, with scroll bars to shift one that is larger than the room inside, and hands
+ * the mouse on it to the tool in force.
+ */
+class PicturePane final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PicturePane(QWidget* parent = nullptr);
+    ~PicturePane() override;
+
+    /** The widget whose pixels are the picture's. */
+    [[nodiscard]] PictureSurface& Surface() const;
+
+    /** Shows `picture`, without figures, from its top left corner; a null picture leaves the pane empty. */
+    void SetPicture(const QImage& picture);
+
+    /** The tool that the mouse drives from now on; it must outlive the pane, or be replaced before it goes.
+     */
+    void SetTool(PictureTool* tool) { tool_ = tool; }
+
+    /** While the tool is held, it learns of no button; the mouse's position is told all the same. */
+    void HoldTool(bool hold) { isToolHeld_ = hold; }
+
+Q_SIGNALS:
+    /** A button was pressed or released on the picture, and the tool is through with it. */
+    void ToolUsed();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void PictureDisplay_MouseDown(int button, float x, float y);
+    void PictureDisplay_MouseMove(float x, float y);
+    void PictureDisplay_MouseUp(int button, float x, float y);
+    void PicNosac_Resize();
+    void PicNosac_Wheel(QPoint angle);
+    void HScroll1_Change(int value);
+    [[nodiscard]] bool HScroll1_KeyDown(const QKeyEvent& key);
+    void VScroll1_Change(int value);
+
+    void UpdateScrollBars();
+
+    std::unique_ptr<Ui::PicturePane> ui_;
+    PictureTool* tool_ = nullptr;
+    bool isToolHeld_ = false;
+    QPoint wheelRest_; ///< what the wheel turned beyond whole pixels, in pixels and parts of a notch
+};

@@ -1,0 +1,208 @@
+#include "imagemap/drawing/FigureDisplay.h"
+
+#include "shared/Rounding.h"
+
+#include <cstdlib>
+
+namespace {
+
+qint16 Clamped(qint16 position, int size)
+{
+    if (position > size) {
+        return static_cast<qint16>(size);
+    }
+    return position < 0 ? qint16(0) : position;
+}
+
+/** The circle's radius: the horizontal or the vertical distance, by the end point's own position. */
+std::optional<qint16> CircleRadius(const PaintedFigure& circle)
+{
+    return std::abs(int(circle.y2)) < std::abs(int(circle.x2)) ? Distance(circle.x1, circle.x2)
+                                                               : Distance(circle.y1, circle.y2);
+}
+
+bool IsKindKnown(qint16 kind)
+{
+    return kind == kindRectangle || kind == kindCircle || kind == kindLine;
+}
+
+} // namespace
+
+FigureDisplay::FigureDisplay(MapDocument& map, DrawingSurface& surface, DrawingStatus& status)
+    : map_(map)
+    , surface_(surface)
+    , status_(status)
+{
+    connect(&map_, &MapDocument::SidesGivenUp, this, &FigureDisplay::Map_SidesGivenUp);
+    connect(&map_, &MapDocument::DrawingGivenUp, this, &FigureDisplay::Map_DrawingGivenUp);
+    connect(&map_, &MapDocument::Cleared, this, &FigureDisplay::Map_Cleared);
+    connect(&map_, &MapDocument::FiguresRemoved, this, &FigureDisplay::Map_FiguresRemoved);
+}
+
+FigureRecord FigureDisplay::FigureInProgress() const
+{
+    const FigureStore& figures = map_.Figures();
+    FigureRecord figure;
+    figure.Kind = figures.CurrentKind;
+    figure.X1 = figures.StartX;
+    figure.Y1 = figures.StartY;
+    figure.X2 = figures.EndX;
+    figure.Y2 = figures.EndY;
+    return figure;
+}
+
+std::optional<PaintedFigure> FigureDisplay::Painted(const FigureRecord& figure) const
+{
+    PaintedFigure painted = { .kind = figure.Kind,
+                              .x1 = figure.X1,
+                              .y1 = figure.Y1,
+                              .x2 = Clamped(figure.X2, surface_.PictureWidth()),
+                              .y2 = Clamped(figure.Y2, surface_.PictureHeight()),
+                              .radius = 0 };
+    if (painted.kind == kindCircle) {
+        const std::optional<qint16> radius = CircleRadius(painted);
+        if (!radius) {
+            return std::nullopt;
+        }
+        painted.radius = *radius;
+    }
+    return IsKindKnown(painted.kind) ? std::optional(painted) : std::nullopt;
+}
+
+std::optional<PaintedFigure> FigureDisplay::Measure(const FigureRecord& figure)
+{
+    const std::optional<PaintedFigure> painted = Painted(figure);
+    if (painted) {
+        if (painted->kind == kindCircle) {
+            map_.Ledger().CurrentRadius = painted->radius;
+        }
+        ShowPoints(*painted);
+    }
+    if (painted ? ShowSize(*painted) : !IsKindKnown(figure.Kind)) {
+        ShowFigureCount();
+    }
+    return painted;
+}
+
+void FigureDisplay::FollowFigure()
+{
+    surface_.EraseRubberFigure();
+    if (const std::optional<PaintedFigure> painted = Measure(FigureInProgress())) {
+        surface_.ShowRubberFigure(*painted);
+    }
+}
+
+void FigureDisplay::FinishFigure()
+{
+    surface_.EraseRubberFigure();
+    (void)Measure(FigureInProgress());
+}
+
+void FigureDisplay::ShowFigures()
+{
+    const FigureStore& store = map_.Figures();
+    PaintedFigures figures;
+    figures.reserve(store.FigureCount);
+    for (int i = 0; i < store.FigureCount; ++i) {
+        const FigureRecord* const figure = FigureStore::At(store.Figures, i);
+        if (const std::optional<PaintedFigure> painted = figure ? Painted(*figure) : std::nullopt) {
+            figures << *painted;
+        }
+    }
+    surface_.ShowFigures(figures);
+    ShowFigureCount();
+}
+
+void FigureDisplay::RedrawFigures()
+{
+    ShowFigures();
+    MeasureAll();
+    if (map_.Figures().FigureCount == 0 && !map_.Figures().IsDrawing()) {
+        ShowEmptyState();
+    }
+}
+
+/** Leaves the labels as if the figures had been drawn one after the other. */
+void FigureDisplay::MeasureAll()
+{
+    const FigureStore& store = map_.Figures();
+    for (int i = 0; i < store.FigureCount; ++i) {
+        if (const FigureRecord* const figure = FigureStore::At(store.Figures, i)) {
+            (void)Measure(*figure);
+        }
+    }
+}
+
+void FigureDisplay::ShowEmptyState()
+{
+    ClearPositionLabels();
+    status_.EnableFigureCommands(false);
+    map_.ForgetModeDefault();
+}
+
+void FigureDisplay::ClearPositionLabels()
+{
+    for (std::size_t label = 0; label < drawingLabelCount; ++label) {
+        status_.SetLabel(static_cast<DrawingLabel>(label), QString());
+    }
+}
+
+void FigureDisplay::ShowPoints(const PaintedFigure& figure)
+{
+    status_.SetLabel(DrawingLabel::StartPosition1, QString::number(figure.x1) + u',');
+    status_.SetLabel(DrawingLabel::StartPosition2, QString::number(figure.y1));
+    status_.SetLabel(DrawingLabel::EndPosition1, QString::number(figure.x2) + u',');
+    status_.SetLabel(DrawingLabel::EndPosition2, QString::number(figure.y2));
+}
+
+bool FigureDisplay::ShowSize(const PaintedFigure& figure)
+{
+    if (figure.kind == kindCircle) {
+        status_.SetLabel(DrawingLabel::Dimensions1, QString::number(figure.radius));
+        status_.SetLabel(DrawingLabel::Dimensions2, QString());
+        return true;
+    }
+    const std::optional<qint16> width = Distance(figure.x1, figure.x2);
+    if (width) {
+        status_.SetLabel(DrawingLabel::Dimensions1, QString::number(*width) + u',');
+    }
+    const std::optional<qint16> height = width ? Distance(figure.y1, figure.y2) : std::nullopt;
+    if (height) {
+        status_.SetLabel(DrawingLabel::Dimensions2, QString::number(*height));
+    }
+    return height.has_value();
+}
+
+void FigureDisplay::ShowFigureCount()
+{
+    status_.SetLabel(DrawingLabel::Figures, QString::number(map_.Figures().FigureCount));
+}
+
+void FigureDisplay::Map_SidesGivenUp()
+{
+    ShowFigures();
+    MeasureAll();
+}
+
+void FigureDisplay::Map_DrawingGivenUp()
+{
+    surface_.EraseRubberFigure();
+    if (map_.Figures().FigureCount == 0) {
+        ClearPositionLabels();
+        status_.EnableFigureCommands(false);
+    }
+}
+
+void FigureDisplay::Map_Cleared()
+{
+    surface_.EraseRubberFigure();
+    surface_.ShowFigures({});
+    status_.EnableFigureCommands(false);
+    ClearPositionLabels();
+}
+
+void FigureDisplay::Map_FiguresRemoved()
+{
+    surface_.EraseRubberFigure();
+    RedrawFigures();
+}

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "imagemap/model/FigureStore.h"
+#include "imagemap/model/JSMode.h"
+#include "imagemap/model/LinkRules.h"
+#include "imagemap/model/MapArea.h"
+
+#include <QObject>
+
+/**
+ * The map that is being made: what has been drawn, the areas that came of it, and what the script around them
+ * shows. Whoever changes it does so here, and whoever shows it learns from here what has changed.
+ *
+ * The areas are what a page is written from; the figures are the ledger of the drawing tools, by which the
+ * last of them is found again. Both are changed together, by rules of their own: see DeleteLastFigure().
+ */
+class MapDocument final : public QObject
+{
+    Q_OBJECT
+
+public:
+    MapDocument() = default;
+
+    [[nodiscard]] const FigureStore& Figures() const { return figures_; }
+
+    /** For the drawing tools, which move the figure in progress and append to the ledger. */
+    [[nodiscard]] FigureStore& Ledger() { return figures_; }
+
+    [[nodiscard]] const MapAreas& Areas() const { return areas_; }
+    [[nodiscard]] JSMode Mode() const { return mode_; }
+
+    /** The default image (switching images) or default text (text area) of the map. */
+    [[nodiscard]] const QString& ModeDefault() const { return modeDefault_; }
+
+    /** What stands above the messages of the areas: the mode's label, or one that tells the default. */
+    [[nodiscard]] const QString& MessageHeader() const { return messageHeader_; }
+
+    /** A new editor shows the map: nothing is being drawn, no area listed; the ledger keeps its figures. */
+    void BeginEditing();
+
+    /** Chooses the mode and its label. */
+    void SetMode(JSMode mode);
+
+    /** Puts the label of the mode in force above the messages. */
+    void ResetMessageHeader();
+
+    void SetModeDefault(const QString& text) { modeDefault_ = text; }
+
+    /** Empties the mode's default, and puts the mode's own label above the messages. */
+    void ForgetModeDefault();
+
+    /**
+     * Makes an area of the figure drawn last, or of the current polygon, which is finished by this; the
+     * mode's default is taken from `entry` too. With nothing drawn, or a kind that has no area, only the
+     * default is.
+     */
+    void LinkNewArea(const LinkEntry& entry);
+
+    /** Adds an area behind the others; the ledger learns nothing of it. */
+    void AppendArea(MapArea area);
+
+    /** Rewrites link and message of the area `index`, if there is one, and takes the mode's default from
+     * `entry`. */
+    void RelinkArea(qsizetype index, const LinkEntry& entry);
+
+    /** Takes the figure just drawn, which has no area yet, out of the ledger again. */
+    void DiscardNewArea();
+
+    /**
+     * Removes the last rectangle, circle or whole polygon with the last area; an unfinished polygon has no
+     * area yet. While a figure is being drawn of which nothing is committed, that alone is given up.
+     */
+    void DeleteLastFigure();
+
+    /** Whether something is being drawn, or sides of a polygon wait for the next. */
+    [[nodiscard]] bool IsDrawingInProgress() const
+    {
+        return figures_.IsDrawing() || figures_.HasUnfinishedPolygon();
+    }
+
+    /** Gives up the figure in progress, a polygon with all its sides; everything finished stays. */
+    void GiveUpDrawing();
+
+    /** Takes the sides of an unfinished polygon away; a figure in progress goes on. */
+    void GiveUpSides();
+
+    /** Throws the areas away; the ledger keeps its figures. */
+    void ForgetAreas();
+
+    /** Throws figures and areas away. Mode, default and label stay. */
+    void Clear();
+
+Q_SIGNALS:
+    /** Figures went that are on the picture. */
+    void FiguresRemoved();
+
+    /** The sides of an unfinished polygon went. */
+    void SidesGivenUp();
+
+    /** Nothing follows the mouse any more. */
+    void DrawingGivenUp();
+
+    /** The map was thrown away. */
+    void Cleared();
+
+    void AreasChanged();
+    void MessageHeaderChanged();
+
+private:
+    void SetMessageHeader(const QString& header);
+    void TakeModeDefault(const LinkEntry& entry);
+
+    FigureStore figures_;
+    MapAreas areas_;
+    JSMode mode_ = JSDisabled;
+    QString modeDefault_;
+    QString messageHeader_;
+};
