@@ -23,7 +23,7 @@ namespace {
 using Need = frmImageMap::Need;
 
 /** Room for the list with its headers, and to draw in. */
-constexpr QSize leastSize(760, 560);
+constexpr QSize leastSize(680, 560);
 constexpr QStringView helpPage = u"image-map-editor";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
