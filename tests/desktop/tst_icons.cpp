@@ -171,9 +171,12 @@ void tst_icons::logoHasNoGroundOfItsOwn_data()
     QTest::addColumn<QByteArray>("logo");
     QTest::addColumn<QPalette>("palette");
     for (const auto& [window, logo] : { std::pair("main", "Picture1"), std::pair("links", "Picture2") }) {
-        PaletteRows(logo, [window, logo](const QByteArray& name, const QPalette& palette) {
-            QTest::newRow(name.constData()) << QByteArray(window) << QByteArray(logo) << palette;
-        });
+        // Not every compiler lets a lambda capture the parts of a pair.
+        const auto newRow = [shown = QByteArray(window),
+                             named = QByteArray(logo)](const QByteArray& name, const QPalette& palette) {
+            QTest::newRow(name.constData()) << shown << named << palette;
+        };
+        PaletteRows(logo, newRow);
     }
 }
 
