@@ -5,13 +5,13 @@
 
 namespace {
 
-struct Row
+struct ErrorText
 {
     int code;
     const char* text;
 };
 
-constexpr auto rows = std::to_array<Row>({
+constexpr auto shellErrors = std::to_array<ErrorText>({
     { 0, "Memory Error" },
     { shellFileNotFound, "File not found" },
     { shellPathNotFound, "Path not found" },
@@ -25,7 +25,7 @@ constexpr auto rows = std::to_array<Row>({
     { 30, "DDE Busy error" },
     { shellNoAssociation, "No association for this file" },
 });
-static_assert(rows.size() == 12 && std::ranges::is_sorted(rows, {}, &Row::code));
+static_assert(shellErrors.size() == 12 && std::ranges::is_sorted(shellErrors, {}, &ErrorText::code));
 
 constexpr const char* otherwise = "Unknown Error!, Please try again...";
 
@@ -33,6 +33,6 @@ constexpr const char* otherwise = "Unknown Error!, Please try again...";
 
 QString ShellErrorText(int code)
 {
-    const auto* const row = std::ranges::find(rows, code, &Row::code);
-    return QString::fromLatin1(row != rows.end() ? row->text : otherwise);
+    const auto* const row = std::ranges::find(shellErrors, code, &ErrorText::code);
+    return QString::fromLatin1(row != shellErrors.end() ? row->text : otherwise);
 }

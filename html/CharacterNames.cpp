@@ -294,8 +294,8 @@ constexpr std::string_view facts =
     "zacute;17A zcaron;17E zcy;437 zdot;17C zeetrf;2128 zeta;3B6 zfr;1D537 zhcy;436 zigrarr;21DD "
     "zopf;1D56B zscr;1D4CF zwj;200D zwnj;200C ";
 
-constexpr std::size_t count = 2125;
-constexpr std::size_t countWithoutSemicolon = 106;
+constexpr std::size_t nameCount = 2125;
+constexpr std::size_t namesWithoutSemicolon = 106;
 
 constexpr char32_t DigitOf(char digit)
 {
@@ -320,9 +320,9 @@ constexpr CharacterName NamedBy(std::string_view fact)
     return named;
 }
 
-constexpr std::array<CharacterName, count> AllNames()
+constexpr std::array<CharacterName, nameCount> AllNames()
 {
-    std::array<CharacterName, count> names{};
+    std::array<CharacterName, nameCount> names{};
     std::size_t start = 0;
     for (CharacterName& named : names) {
         const std::size_t end = facts.find(' ', start);
@@ -332,10 +332,10 @@ constexpr std::array<CharacterName, count> AllNames()
     return names;
 }
 
-constexpr std::array<CharacterName, count> names = AllNames();
+constexpr std::array<CharacterName, nameCount> names = AllNames();
 
 static_assert(std::ranges::is_sorted(names, {}, &CharacterName::name));
-static_assert(std::ranges::count(names, false, &CharacterName::needsSemicolon) == countWithoutSemicolon);
+static_assert(std::ranges::count(names, false, &CharacterName::needsSemicolon) == namesWithoutSemicolon);
 static_assert(std::ranges::all_of(names, [](const CharacterName& named) {
     return named.characters[0] != 0;
 }));

@@ -117,7 +117,8 @@ private:
                 this, windowTitle(), QStringLiteral("There is no such file !") + u'\n' + file.fileName());
         } else if (acceptMode() != AcceptSave || !file.exists() || MayReplace(file.fileName())) {
             chosen_ = path;
-            QDialog::accept();
+            // QFileDialog would read the name once more, and wrongly.
+            QDialog::accept(); // NOLINT(bugprone-parent-virtual-call)
         }
     }
 
