@@ -26,6 +26,7 @@ int main(int argc, char* argv[])
     const ProgramFolders folders = PrepareProgramFolders(QApplication::applicationDirPath());
     imgMap.ProgramFolder = folders.Own;
     imgMap.HelpFolder = folders.Help;
+    imgMap.Remembered.Open(folders.Own);
     const std::unique_ptr<Desktop> desktop = MakeDesktop();
     Startup startup(imgMap, map, *desktop);
     startup.Begin();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shared/Settings.h"
+
 #include <QString>
 #include <array>
 #include <optional>
@@ -18,6 +20,8 @@ struct ImgMap
     QString HelpFolder;    ///< where the help file lies; without a trailing separator
 
     QString ImageUrl; ///< the open picture as a page refers to it
+
+    Settings Remembered; ///< from one start to the next
 
     /** True while the program closes and inside a running save prompt; the prompt's Cancel clears it. */
     bool ContinueAction = false;
