@@ -1,6 +1,7 @@
 #include "imagemap/picture/PictureFile.h"
 
 #include "imagemap/picture/PictureCheck.h"
+#include "imagemap/picture/PictureLimits.h"
 
 #include <QBuffer>
 #include <QFile>

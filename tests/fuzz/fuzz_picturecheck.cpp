@@ -2,6 +2,7 @@
 
 #include "FuzzTarget.h"
 #include "imagemap/picture/PictureCheck.h"
+#include "imagemap/picture/PictureLimits.h"
 
 #include <QBuffer>
 
