@@ -164,7 +164,7 @@ QByteArray FirstDifference(const QByteArray& written, const QByteArray& expected
 
 } // namespace
 
-class TestGolden : public QObject
+class tst_golden : public QObject
 {
     Q_OBJECT
 
@@ -174,7 +174,7 @@ private Q_SLOTS:
     void everyPageOnDiskIsCompared();
 };
 
-void TestGolden::pageComesOutToTheByte_data()
+void tst_golden::pageComesOutToTheByte_data()
 {
     QTest::addColumn<int>("index");
     const QList<Page> pages = AllPages();
@@ -183,7 +183,7 @@ void TestGolden::pageComesOutToTheByte_data()
     }
 }
 
-void TestGolden::pageComesOutToTheByte()
+void tst_golden::pageComesOutToTheByte()
 {
     QFETCH(const int, index);
     const Page page = AllPages().at(index);
@@ -192,7 +192,7 @@ void TestGolden::pageComesOutToTheByte()
     QVERIFY2(written == expected, FirstDifference(written, expected).constData());
 }
 
-void TestGolden::everyPageOnDiskIsCompared()
+void tst_golden::everyPageOnDiskIsCompared()
 {
     QStringList compared;
     for (const Page& page : AllPages()) {
@@ -203,6 +203,6 @@ void TestGolden::everyPageOnDiskIsCompared()
     QCOMPARE(folder.entryList({ QStringLiteral("*.*.*.*.html") }, QDir::Files, QDir::Name), compared);
 }
 
-QTEST_GUILESS_MAIN(TestGolden)
+QTEST_GUILESS_MAIN(tst_golden)
 
 #include "tst_golden.moc"

@@ -49,7 +49,7 @@ QString LineOf(const QString& text, const QString& start)
 
 } // namespace
 
-class TestMapMarkup : public QObject
+class tst_mapmarkup : public QObject
 {
     Q_OBJECT
 
@@ -83,7 +83,7 @@ private Q_SLOTS:
     void manyAreasAreNumberedThrough();
 };
 
-void TestMapMarkup::standardMapComesOutToTheByte()
+void tst_mapmarkup::standardMapComesOutToTheByte()
 {
     MapSource source = PlainSource();
     source.AltText = "Site map";
@@ -93,7 +93,7 @@ void TestMapMarkup::standardMapComesOutToTheByte()
     QCOMPARE(GenerateStandardMap(source).toLatin1(), Expected("standard.html"));
 }
 
-void TestMapMarkup::everyAttributeHasItsPlace()
+void tst_mapmarkup::everyAttributeHasItsPlace()
 {
     const MapSource source = {
         .MapName = "Plan",
@@ -113,7 +113,7 @@ void TestMapMarkup::everyAttributeHasItsPlace()
     QCOMPARE(GenerateStandardMap(source).toLatin1(), Expected("every-attribute.html"));
 }
 
-void TestMapMarkup::mapWithoutAreasIsAMapStill()
+void tst_mapmarkup::mapWithoutAreasIsAMapStill()
 {
     MapSource source = PlainSource();
     source.Width = "0";
@@ -122,7 +122,7 @@ void TestMapMarkup::mapWithoutAreasIsAMapStill()
     QCOMPARE(GenerateStandardMap(source).toLatin1(), Expected("no-areas.html"));
 }
 
-void TestMapMarkup::emptyAttributesAreLeftOut_data()
+void tst_mapmarkup::emptyAttributesAreLeftOut_data()
 {
     QTest::addColumn<QString>("alt");
     QTest::addColumn<QString>("align");
@@ -186,7 +186,7 @@ void TestMapMarkup::emptyAttributesAreLeftOut_data()
                                 << " BORDER=b b HSPACE=  VSPACE=v";
 }
 
-void TestMapMarkup::emptyAttributesAreLeftOut()
+void tst_mapmarkup::emptyAttributesAreLeftOut()
 {
     QFETCH(const QString, pieces);
     QFETCH(const QString, alt);
@@ -206,7 +206,7 @@ void TestMapMarkup::emptyAttributesAreLeftOut()
             .arg(pieces));
 }
 
-void TestMapMarkup::shapeHasItsWord_data()
+void tst_mapmarkup::shapeHasItsWord_data()
 {
     QTest::addColumn<int>("shape");
     QTest::addColumn<QString>("opening");
@@ -215,7 +215,7 @@ void TestMapMarkup::shapeHasItsWord_data()
     QTest::newRow("polygon") << int(AreaShape::Polygon) << "<AREA SHAPE=POLYGON COORDS=\"";
 }
 
-void TestMapMarkup::shapeHasItsWord()
+void tst_mapmarkup::shapeHasItsWord()
 {
     QFETCH(const int, shape);
     QFETCH(const QString, opening);
@@ -225,7 +225,7 @@ void TestMapMarkup::shapeHasItsWord()
     QCOMPARE(line, opening + "1, 2\" HREF=\"a.html\">");
 }
 
-void TestMapMarkup::emptyTargetAndMessageAreLeftOut_data()
+void tst_mapmarkup::emptyTargetAndMessageAreLeftOut_data()
 {
     QTest::addColumn<QString>("target");
     QTest::addColumn<QString>("message");
@@ -248,7 +248,7 @@ void TestMapMarkup::emptyTargetAndMessageAreLeftOut_data()
                             << " TARGET=\" \"";
 }
 
-void TestMapMarkup::emptyTargetAndMessageAreLeftOut()
+void tst_mapmarkup::emptyTargetAndMessageAreLeftOut()
 {
     QFETCH(const QString, target);
     QFETCH(const QString, message);
@@ -260,20 +260,20 @@ void TestMapMarkup::emptyTargetAndMessageAreLeftOut()
         QString("<AREA SHAPE=CIRCLE COORDS=\"1, 2, 3\" HREF=\"\"" + rest + ">"));
 }
 
-void TestMapMarkup::coordinatesAreJoinedByCommaAndBlank()
+void tst_mapmarkup::coordinatesAreJoinedByCommaAndBlank()
 {
     MapSource source = PlainSource();
     source.Areas = { { AreaShape::Polygon, { 9, 8, -7, 0, 32767, -32768 }, "a", "", "" } };
     QVERIFY(GenerateStandardMap(source).contains("COORDS=\"9, 8, -7, 0, 32767, -32768\""));
 }
 
-void TestMapMarkup::switchingImagesComeOutToTheByte()
+void tst_mapmarkup::switchingImagesComeOutToTheByte()
 {
     const MapSource source = SourceWith(R"(C:\img\d.gif)", TwoAreas(R"(C:\img\a.gif)", R"(C:\img\b.gif)"));
     QCOMPARE(GenerateSwitchingImagesMap(source).toLatin1(), Expected("switching-images.html"));
 }
 
-void TestMapMarkup::switchingImagesMayBeNamedWithoutFolders()
+void tst_mapmarkup::switchingImagesMayBeNamedWithoutFolders()
 {
     MapSource source = SourceWith(R"(C:\img\d.gif)", TwoAreas(R"(C:\img\a.gif)", R"(C:\img\b.gif)"));
     source.FileNamesOnly = true;
@@ -281,49 +281,49 @@ void TestMapMarkup::switchingImagesMayBeNamedWithoutFolders()
     QCOMPARE(GenerateSwitchingImagesMap(source).toLatin1(), Expected("switching-images-names.html"));
 }
 
-void TestMapMarkup::switchingImagesWithoutAreasComeOutToTheByte()
+void tst_mapmarkup::switchingImagesWithoutAreasComeOutToTheByte()
 {
     QCOMPARE(
         GenerateSwitchingImagesMap(SourceWith("", {})).toLatin1(), Expected("switching-images-empty.html"));
 }
 
-void TestMapMarkup::switchingImagesHaveHandlersWithoutAMessage()
+void tst_mapmarkup::switchingImagesHaveHandlersWithoutAMessage()
 {
     const QString text = GenerateSwitchingImagesMap(SourceWith("d.gif", TwoAreas("", "")));
     QVERIFY(text.contains("\r\nimage2on.src = \"\";\r\n"));
     QVERIFY(text.contains(" onMouseOver=\"on('image2');\"  onmouseout=\"off('origimage')\">\r\n"));
 }
 
-void TestMapMarkup::textAreaComesOutToTheByte()
+void tst_mapmarkup::textAreaComesOutToTheByte()
 {
     const MapSource source = SourceWith("Pick an area", TwoAreas("First", "Second"));
     QCOMPARE(GenerateTextAreaMap(source).toLatin1(), Expected("text-area.html"));
 }
 
-void TestMapMarkup::textAreaCopiesQuotesAsTheyStand()
+void tst_mapmarkup::textAreaCopiesQuotesAsTheyStand()
 {
     const MapSource source = SourceWith("say \"when\"", TwoAreas("a \"word\"", ""));
     QCOMPARE(GenerateTextAreaMap(source).toLatin1(), Expected("text-area-quotes.html"));
 }
 
-void TestMapMarkup::textAreaWithoutAreasComesOutToTheByte()
+void tst_mapmarkup::textAreaWithoutAreasComesOutToTheByte()
 {
     QCOMPARE(GenerateTextAreaMap(SourceWith("", {})).toLatin1(), Expected("text-area-empty.html"));
 }
 
-void TestMapMarkup::toolTipsComeOutToTheByte()
+void tst_mapmarkup::toolTipsComeOutToTheByte()
 {
     const MapSource source = SourceWith("unused", TwoAreas("Our shop", "it's<br>here"));
     QCOMPARE(GenerateToolTipMap(source).toLatin1(), Expected("tool-tips.html"));
 }
 
-void TestMapMarkup::toolTipsHaveHandlersWithoutAMessage()
+void tst_mapmarkup::toolTipsHaveHandlersWithoutAMessage()
 {
     const MapSource source = SourceWith("unused", TwoAreas("", ""));
     QCOMPARE(GenerateToolTipMap(source).toLatin1(), Expected("tool-tips-no-messages.html"));
 }
 
-void TestMapMarkup::modeChoosesTheGenerator_data()
+void tst_mapmarkup::modeChoosesTheGenerator_data()
 {
     QTest::addColumn<int>("mode");
     QTest::addColumn<QString>("text");
@@ -335,14 +335,14 @@ void TestMapMarkup::modeChoosesTheGenerator_data()
     QTest::newRow("tool tips") << int(JSToolTips) << GenerateToolTipMap(source);
 }
 
-void TestMapMarkup::modeChoosesTheGenerator()
+void tst_mapmarkup::modeChoosesTheGenerator()
 {
     QFETCH(const int, mode);
     QFETCH(const QString, text);
     QCOMPARE(GenerateMapFor(static_cast<JSMode>(mode), SourceWith("d.gif", TwoAreas("one", "two"))), text);
 }
 
-void TestMapMarkup::generatingChangesNothing()
+void tst_mapmarkup::generatingChangesNothing()
 {
     const MapSource source = SourceWith(R"(C:\img\d.gif)", TwoAreas(R"(C:\img\a.gif)", R"(C:\img\b.gif)"));
     const QString first = GenerateSwitchingImagesMap(source);
@@ -351,7 +351,7 @@ void TestMapMarkup::generatingChangesNothing()
     QCOMPARE(GenerateSwitchingImagesMap(source), first);
 }
 
-void TestMapMarkup::everyLineEndsInCrLf_data()
+void tst_mapmarkup::everyLineEndsInCrLf_data()
 {
     QTest::addColumn<int>("mode");
     for (const JSModeTexts& texts : jsModeTexts) {
@@ -359,7 +359,7 @@ void TestMapMarkup::everyLineEndsInCrLf_data()
     }
 }
 
-void TestMapMarkup::everyLineEndsInCrLf()
+void tst_mapmarkup::everyLineEndsInCrLf()
 {
     QFETCH(const int, mode);
     const QString text = GenerateMapFor(static_cast<JSMode>(mode), SourceWith("d", TwoAreas("one", "two")));
@@ -367,7 +367,7 @@ void TestMapMarkup::everyLineEndsInCrLf()
     QCOMPARE(text.count('\n'), text.count("\r\n"));
 }
 
-void TestMapMarkup::manyAreasAreNumberedThrough()
+void tst_mapmarkup::manyAreasAreNumberedThrough()
 {
     MapAreas areas;
     for (int i = 0; i < 500; ++i) {
@@ -381,6 +381,6 @@ void TestMapMarkup::manyAreasAreNumberedThrough()
     QVERIFY(messages.contains("writeTip(501);"));
 }
 
-QTEST_GUILESS_MAIN(TestMapMarkup)
+QTEST_GUILESS_MAIN(tst_mapmarkup)
 
 #include "tst_mapmarkup.moc"

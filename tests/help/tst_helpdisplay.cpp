@@ -12,7 +12,7 @@
 #include <QToolBar>
 #include <memory>
 
-class TestHelpDisplay : public QObject
+class tst_helpdisplay : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private:
     std::unique_ptr<HelpDisplay> help_;
 };
 
-void TestHelpDisplay::init()
+void tst_helpdisplay::init()
 {
     folder_ = std::make_unique<ProgramFolder>();
     owner_ = std::make_unique<QWidget>();
@@ -50,14 +50,14 @@ void TestHelpDisplay::init()
     help_ = std::make_unique<HelpDisplay>(folder_->imgMap);
 }
 
-void TestHelpDisplay::cleanup()
+void tst_helpdisplay::cleanup()
 {
     help_.reset();
     owner_.reset();
     folder_.reset();
 }
 
-QPointer<QDialog> TestHelpDisplay::NewModalDialog() const
+QPointer<QDialog> tst_helpdisplay::NewModalDialog() const
 {
     auto* const dialog = new QDialog(owner_.get());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -66,19 +66,19 @@ QPointer<QDialog> TestHelpDisplay::NewModalDialog() const
     return dialog;
 }
 
-QString TestHelpDisplay::PageTitle() const
+QString tst_helpdisplay::PageTitle() const
 {
     return Find<QTextBrowser>(help_->Window(), "PageView1")->documentTitle();
 }
 
 /** Clicks the toolbar's Home as the user does: a window that is blocked does not take it. */
-void TestHelpDisplay::ClickHome() const
+void tst_helpdisplay::ClickHome() const
 {
     auto* const toolbar = Find<QToolBar>(help_->Window(), "Toolbar1");
     Click(toolbar->widgetForAction(Find<QAction>(help_->Window(), "Toolbar1_Home")));
 }
 
-void TestHelpDisplay::TheBookOfTheProgramFolderIsShown()
+void tst_helpdisplay::TheBookOfTheProgramFolderIsShown()
 {
     PutBook();
     QVERIFY(help_->Window() == nullptr);
@@ -88,7 +88,7 @@ void TestHelpDisplay::TheBookOfTheProgramFolderIsShown()
     QCOMPARE(PageTitle(), QStringLiteral("Boats"));
 }
 
-void TestHelpDisplay::EveryCallShowsTheSameWindow()
+void tst_helpdisplay::EveryCallShowsTheSameWindow()
 {
     PutBook();
     HelpViewer& viewer = *help_;
@@ -102,7 +102,7 @@ void TestHelpDisplay::EveryCallShowsTheSameWindow()
     QVERIFY(Find<QLineEdit>(window, "txtKeyword")->isVisible());
 }
 
-void TestHelpDisplay::AMissingBookIsTold()
+void tst_helpdisplay::AMissingBookIsTold()
 {
     DialogRobot robot;
     robot.AnswerBox(QMessageBox::Ok);
@@ -118,7 +118,7 @@ void TestHelpDisplay::AMissingBookIsTold()
     QCOMPARE(robot.Problems(), QString());
 }
 
-void TestHelpDisplay::ADamagedBookIsToldUntilItIsReplaced()
+void tst_helpdisplay::ADamagedBookIsToldUntilItIsReplaced()
 {
     DialogRobot robot;
     const QString path = folder_->Path(QStringLiteral("Cartolen.hlp"));
@@ -139,7 +139,7 @@ void TestHelpDisplay::ADamagedBookIsToldUntilItIsReplaced()
     QCOMPARE(PageTitle(), QStringLiteral("The sun"));
 }
 
-void TestHelpDisplay::ALinkToOutsideIsHandedOn()
+void tst_helpdisplay::ALinkToOutsideIsHandedOn()
 {
     PutBook();
     help_->ShowContents(owner_.get());
@@ -153,7 +153,7 @@ void TestHelpDisplay::ALinkToOutsideIsHandedOn()
     QCOMPARE(links[0][0].toUrl(), QUrl(QStringLiteral("https://cartolen.example/")));
 }
 
-void TestHelpDisplay::AModalDialogBlocksHelpThatItDidNotAskFor()
+void tst_helpdisplay::AModalDialogBlocksHelpThatItDidNotAskFor()
 {
     PutBook();
     help_->ShowTopic(owner_.get(), u"sun");
@@ -165,7 +165,7 @@ void TestHelpDisplay::AModalDialogBlocksHelpThatItDidNotAskFor()
     QCOMPARE(PageTitle(), QStringLiteral("Boats"));
 }
 
-void TestHelpDisplay::HelpIsUsableBesideTheModalDialogThatAskedForIt()
+void tst_helpdisplay::HelpIsUsableBesideTheModalDialogThatAskedForIt()
 {
     PutBook();
     const QPointer<QDialog> dialog = NewModalDialog();
@@ -177,7 +177,7 @@ void TestHelpDisplay::HelpIsUsableBesideTheModalDialogThatAskedForIt()
     dialog->close();
 }
 
-void TestHelpDisplay::HelpShownBeforeIsUsableBesideAModalDialog()
+void tst_helpdisplay::HelpShownBeforeIsUsableBesideAModalDialog()
 {
     PutBook();
     help_->ShowTopic(owner_.get(), u"sun");
@@ -188,7 +188,7 @@ void TestHelpDisplay::HelpShownBeforeIsUsableBesideAModalDialog()
     dialog->close();
 }
 
-void TestHelpDisplay::HelpOutlivesTheDialogThatAskedForIt()
+void tst_helpdisplay::HelpOutlivesTheDialogThatAskedForIt()
 {
     PutBook();
     QPointer<QDialog> dialog = NewModalDialog();
@@ -202,7 +202,7 @@ void TestHelpDisplay::HelpOutlivesTheDialogThatAskedForIt()
     QCOMPARE(PageTitle(), QStringLiteral("Harbours"));
 }
 
-void TestHelpDisplay::ANonModalOwnerLeavesHelpOnItsOwn()
+void tst_helpdisplay::ANonModalOwnerLeavesHelpOnItsOwn()
 {
     PutBook();
     help_->ShowContents(owner_.get());
@@ -211,5 +211,5 @@ void TestHelpDisplay::ANonModalOwnerLeavesHelpOnItsOwn()
     QVERIFY(help_->Window()->isVisible());
 }
 
-QTEST_MAIN(TestHelpDisplay)
+QTEST_MAIN(tst_helpdisplay)
 #include "tst_helpdisplay.moc"

@@ -1,12 +1,7 @@
-#include "help/HelpWindow.h"
-#include "help/PageView.h"
-#include "tests/help/HelpFiles.h"
-#include "tests/support/WidgetDriving.h"
+// The help window: its contents, its pages, and ways between them.
 
-#include <QAbstractScrollArea>
-#include <QLabel>
-#include <QListWidget>
-#include <QPixmap>
+#include "tests/help/HelpWindowTest.h"
+
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -15,31 +10,19 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QWheelEvent>
-#include <memory>
 
-class TestHelpWindow : public QObject
+class tst_helpwindow : public HelpWindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { SetUp(); }
+    void cleanup() { TearDown(); }
 
     void ContentsListChaptersAndShowTheFirstPage();
     void AClickInTheContentsOpensThePage();
     void EnterInTheContentsOpensThePage();
     void TheContentsFollowThePage();
-    void TheIndexWaitsForAKeyword();
-    void TypingNarrowsTheIndex_data();
-    void TypingNarrowsTheIndex();
-    void EnterOpensTheFirstKeyword();
-    void ArrowsInTheFieldMoveInTheIndex();
-    void ADoubleClickOpensAKeyword();
-    void AKeywordOfSeveralPagesOffersThem();
-    void NoKeywordOpensNothing();
-    void SearchListsPagesAndTheirNumber();
-    void EnterOpensTheBestPageAtTheWords();
-    void ATabIsReadyToTypeIn();
     void F6GoesToThePageAndBack();
     void ATopicShowsItsPage();
     void AnUnknownTopicShowsTheFirstPage();
@@ -60,61 +43,10 @@ private Q_SLOTS:
 private:
     /** Turns the wheel by `delta` eighths of a degree while Ctrl is held. */
     void TurnWithCtrl(int delta) const;
-    [[nodiscard]] PageView* Page() const { return Find<PageView>(window_.get(), "PageView1"); }
-    [[nodiscard]] QString PageName() const { return book_.PageAt(Page()->source()); }
-    [[nodiscard]] QTreeWidget* Keywords() const { return Find<QTreeWidget>(window_.get(), "treKeywords"); }
-    [[nodiscard]] QStringList ShownKeywords() const;
-    [[nodiscard]] int FocusedTab() const
-    {
-        return Find<QTabWidget>(window_.get(), "HelpTabs")->currentIndex();
-    }
-    void PressInFocus(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
-    void TypeInFocus(const char* text) const;
     void ClickLink(const QString& text) const;
-    void ShowSearchTab() const { PressInFocus(Qt::Key_S, Qt::AltModifier); }
-
-    HelpBook book_;
-    std::unique_ptr<HelpWindow> window_;
 };
 
-void TestHelpWindow::init()
-{
-    if (!book_.IsOpen()) {
-        QCOMPARE(book_.Open(smallBook), HelpTrouble::None);
-    }
-    window_ = std::make_unique<HelpWindow>(book_);
-    window_->ShowContents();
-    QVERIFY(QTest::qWaitForWindowActive(window_.get()));
-}
-
-void TestHelpWindow::cleanup()
-{
-    window_.reset();
-}
-
-QStringList TestHelpWindow::ShownKeywords() const
-{
-    QStringList shown;
-    for (int i = 0; i < Keywords()->topLevelItemCount(); ++i) {
-        if (!Keywords()->topLevelItem(i)->isHidden()) {
-            shown << Keywords()->topLevelItem(i)->text(0);
-        }
-    }
-    return shown;
-}
-
-/** Presses a key where the user is. */
-void TestHelpWindow::PressInFocus(Qt::Key key, Qt::KeyboardModifiers modifiers) const
-{
-    QTest::keyClick(window_->windowHandle(), key, modifiers);
-}
-
-void TestHelpWindow::TypeInFocus(const char* text) const
-{
-    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
-}
-
-void TestHelpWindow::ClickLink(const QString& text) const
+void tst_helpwindow::ClickLink(const QString& text) const
 {
     QTextCursor found = Page()->document()->find(text);
     QVERIFY(!found.isNull());
@@ -124,7 +56,7 @@ void TestHelpWindow::ClickLink(const QString& text) const
         Page()->viewport(), Qt::LeftButton, {}, Page()->cursorRect(found).center() + QPoint(2, 0));
 }
 
-void TestHelpWindow::ContentsListChaptersAndShowTheFirstPage()
+void tst_helpwindow::ContentsListChaptersAndShowTheFirstPage()
 {
     const auto* const tree = Find<QTreeWidget>(window_.get(), "treContents");
     QCOMPARE(window_->windowTitle(), QStringLiteral("Cartolen Help"));
@@ -136,7 +68,7 @@ void TestHelpWindow::ContentsListChaptersAndShowTheFirstPage()
     QVERIFY(tree->hasFocus());
 }
 
-void TestHelpWindow::AClickInTheContentsOpensThePage()
+void tst_helpwindow::AClickInTheContentsOpensThePage()
 {
     auto* const tree = Find<QTreeWidget>(window_.get(), "treContents");
     QTest::mouseClick(
@@ -145,7 +77,7 @@ void TestHelpWindow::AClickInTheContentsOpensThePage()
     QVERIFY(Page()->toPlainText().contains(QStringLiteral("shines")));
 }
 
-void TestHelpWindow::EnterInTheContentsOpensThePage()
+void tst_helpwindow::EnterInTheContentsOpensThePage()
 {
     PressInFocus(Qt::Key_Down);
     QCOMPARE(PageName(), QStringLiteral("boats"));
@@ -153,7 +85,7 @@ void TestHelpWindow::EnterInTheContentsOpensThePage()
     QCOMPARE(PageName(), QStringLiteral("harbours"));
 }
 
-void TestHelpWindow::TheContentsFollowThePage()
+void tst_helpwindow::TheContentsFollowThePage()
 {
     const auto* const tree = Find<QTreeWidget>(window_.get(), "treContents");
     window_->ShowTopic(u"sun");
@@ -162,163 +94,7 @@ void TestHelpWindow::TheContentsFollowThePage()
     QCOMPARE(tree->currentItem()->text(0), QStringLiteral("Boats"));
 }
 
-void TestHelpWindow::TheIndexWaitsForAKeyword()
-{
-    window_->ShowIndex();
-    QVERIFY(Find<QLineEdit>(window_.get(), "txtKeyword")->hasFocus());
-    QCOMPARE(
-        ShownKeywords(), QStringList({ QStringLiteral("Anchor"), QStringLiteral("quay"),
-                                       QStringLiteral("sail"), QStringLiteral("summer") }));
-    TypeInFocus("sai");
-    window_->ShowIndex();
-    TypeInFocus("q");
-    QCOMPARE(ShownKeywords(), QStringList({ QStringLiteral("quay") }));
-}
-
-void TestHelpWindow::TypingNarrowsTheIndex_data()
-{
-    QTest::addColumn<QString>("part");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("chosen");
-    QTest::newRow("the start") << "su"
-                               << "summer"
-                               << "summer";
-    QTest::newRow("the middle") << "ch"
-                                << "Anchor"
-                                << "Anchor";
-    QTest::newRow("any case") << "AN"
-                              << "Anchor"
-                              << "Anchor";
-    QTest::newRow("one at the start before one in the middle") << "a"
-                                                               << "Anchor quay sail"
-                                                               << "Anchor";
-    QTest::newRow("s") << "s"
-                       << "sail summer"
-                       << "sail";
-    QTest::newRow("none") << "x"
-                          << ""
-                          << "";
-}
-
-void TestHelpWindow::TypingNarrowsTheIndex()
-{
-    QFETCH(const QString, part);
-    QFETCH(const QString, shown);
-    QFETCH(const QString, chosen);
-    window_->ShowIndex();
-    TypeInFocus(part.toLatin1().constData());
-    QCOMPARE(ShownKeywords().join(u' '), shown);
-    const QTreeWidgetItem* const current = Keywords()->currentItem();
-    QCOMPARE(current != nullptr ? current->text(0) : QString(), chosen);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
-    QCOMPARE(ShownKeywords().size(), 4);
-}
-
-void TestHelpWindow::EnterOpensTheFirstKeyword()
-{
-    window_->ShowIndex();
-    TypeInFocus("ua");
-    PressInFocus(Qt::Key_Return);
-    QCOMPARE(PageName(), QStringLiteral("harbours"));
-}
-
-void TestHelpWindow::ArrowsInTheFieldMoveInTheIndex()
-{
-    window_->ShowIndex();
-    TypeInFocus("s");
-    PressInFocus(Qt::Key_Down);
-    QCOMPARE(Keywords()->currentItem()->text(0), QStringLiteral("summer"));
-    PressInFocus(Qt::Key_Down);
-    PressInFocus(Qt::Key_Down);
-    PressInFocus(Qt::Key_Return);
-    QCOMPARE(PageName(), QStringLiteral("sun"));
-    QVERIFY(Find<QLineEdit>(window_.get(), "txtKeyword")->hasFocus());
-}
-
-void TestHelpWindow::ADoubleClickOpensAKeyword()
-{
-    window_->ShowIndex();
-    const QPoint place = Keywords()->visualItemRect(Keywords()->topLevelItem(1)).center();
-    QTest::mouseClick(Keywords()->viewport(), Qt::LeftButton, {}, place);
-    QCOMPARE(PageName(), QStringLiteral("boats"));
-    QTest::mouseDClick(Keywords()->viewport(), Qt::LeftButton, {}, place);
-    QCOMPARE(PageName(), QStringLiteral("harbours"));
-}
-
-void TestHelpWindow::AKeywordOfSeveralPagesOffersThem()
-{
-    const QTreeWidgetItem* const summer = Keywords()->topLevelItem(3);
-    QCOMPARE(summer->childCount(), 2);
-    QCOMPARE(summer->child(1)->text(0), QStringLiteral("The sun"));
-    QCOMPARE(Keywords()->topLevelItem(1)->childCount(), 0);
-    window_->ShowIndex();
-    TypeInFocus("summer");
-    PressInFocus(Qt::Key_Return);
-    QCOMPARE(PageName(), QStringLiteral("boats"));
-    const QPoint place = Keywords()->visualItemRect(summer->child(1)).center();
-    QTest::mouseClick(Keywords()->viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(Keywords()->viewport(), Qt::LeftButton, {}, place);
-    QCOMPARE(PageName(), QStringLiteral("sun"));
-}
-
-void TestHelpWindow::NoKeywordOpensNothing()
-{
-    window_->ShowIndex();
-    TypeInFocus("x");
-    PressInFocus(Qt::Key_Down);
-    PressInFocus(Qt::Key_Return);
-    QCOMPARE(PageName(), QStringLiteral("boats"));
-}
-
-void TestHelpWindow::SearchListsPagesAndTheirNumber()
-{
-    ShowSearchTab();
-    QCOMPARE(FocusedTab(), 2);
-    const auto* const results = Find<QListWidget>(window_.get(), "lstResults");
-    const auto* const count = Find<QLabel>(window_.get(), "lblResults");
-    QCOMPARE(count->text(), QString());
-    TypeIn(window_.get(), "txtWords", "boat");
-    QCOMPARE(results->count(), 3);
-    QCOMPARE(results->item(0)->text(), QStringLiteral("Boats"));
-    QCOMPARE(count->text(), QStringLiteral("3 pages"));
-    TypeIn(window_.get(), "txtWords", "SHINE boat");
-    QCOMPARE(results->count(), 1);
-    QCOMPARE(results->item(0)->text(), QStringLiteral("The sun"));
-    QCOMPARE(count->text(), QStringLiteral("1 page"));
-    TypeIn(window_.get(), "txtWords", "moon");
-    QCOMPARE(results->count(), 0);
-    QCOMPARE(count->text(), QStringLiteral("No page has all these words."));
-    PressInFocus(Qt::Key_Return);
-    QCOMPARE(PageName(), QStringLiteral("boats"));
-}
-
-void TestHelpWindow::EnterOpensTheBestPageAtTheWords()
-{
-    ShowSearchTab();
-    TypeIn(window_.get(), "txtWords", "each boat");
-    QTest::keyClick(Find<QLineEdit>(window_.get(), "txtWords"), Qt::Key_Return);
-    QCOMPARE(PageName(), QStringLiteral("sun"));
-    QCOMPARE(Page()->textCursor().selectedText(), QStringLiteral("each boat"));
-    TypeIn(window_.get(), "txtWords", "boat tide");
-    QTest::keyClick(Find<QLineEdit>(window_.get(), "txtWords"), Qt::Key_Return);
-    QCOMPARE(PageName(), QStringLiteral("harbours"));
-    QCOMPARE(Page()->textCursor().selectedText(), QStringLiteral("boat"));
-}
-
-void TestHelpWindow::ATabIsReadyToTypeIn()
-{
-    PressInFocus(Qt::Key_I, Qt::AltModifier);
-    TypeInFocus("qu");
-    QCOMPARE(ShownKeywords(), QStringList({ QStringLiteral("quay") }));
-    PressInFocus(Qt::Key_S, Qt::AltModifier);
-    TypeInFocus("tides");
-    QCOMPARE(Find<QListWidget>(window_.get(), "lstResults")->count(), 1);
-    PressInFocus(Qt::Key_C, Qt::AltModifier);
-    QVERIFY(Find<QWidget>(window_.get(), "treContents")->hasFocus());
-}
-
-void TestHelpWindow::F6GoesToThePageAndBack()
+void tst_helpwindow::F6GoesToThePageAndBack()
 {
     window_->ShowIndex();
     PressInFocus(Qt::Key_F6);
@@ -327,28 +103,28 @@ void TestHelpWindow::F6GoesToThePageAndBack()
     QVERIFY(Find<QWidget>(window_.get(), "txtKeyword")->hasFocus());
 }
 
-void TestHelpWindow::ATopicShowsItsPage()
+void tst_helpwindow::ATopicShowsItsPage()
 {
     window_->ShowTopic(u"harbours");
     QCOMPARE(PageName(), QStringLiteral("harbours"));
     QVERIFY(Page()->hasFocus());
 }
 
-void TestHelpWindow::AnUnknownTopicShowsTheFirstPage()
+void tst_helpwindow::AnUnknownTopicShowsTheFirstPage()
 {
     window_->ShowTopic(u"sun");
     window_->ShowTopic(u"moon");
     QCOMPARE(PageName(), QStringLiteral("boats"));
 }
 
-void TestHelpWindow::ALinkOpensThePageAtItsPlace()
+void tst_helpwindow::ALinkOpensThePageAtItsPlace()
 {
     ClickLink(QStringLiteral("Where it lies"));
     QCOMPARE(PageName(), QStringLiteral("harbours"));
     QCOMPARE(Page()->source().fragment(), QStringLiteral("quay"));
 }
 
-void TestHelpWindow::ALinkToOutsideIsHandedOn()
+void tst_helpwindow::ALinkToOutsideIsHandedOn()
 {
     const QSignalSpy links(window_.get(), &HelpWindow::LinkToOutside);
     ClickLink(QStringLiteral("home"));
@@ -357,7 +133,7 @@ void TestHelpWindow::ALinkToOutsideIsHandedOn()
     QCOMPARE(PageName(), QStringLiteral("boats"));
 }
 
-void TestHelpWindow::BackAndForwardWalkThroughWhatWasSeen()
+void tst_helpwindow::BackAndForwardWalkThroughWhatWasSeen()
 {
     const auto* const back = Find<QAction>(window_.get(), "Toolbar1_Back");
     const auto* const forward = Find<QAction>(window_.get(), "Toolbar1_Forward");
@@ -375,14 +151,14 @@ void TestHelpWindow::BackAndForwardWalkThroughWhatWasSeen()
     QVERIFY(back->isEnabled() && forward->isEnabled());
 }
 
-void TestHelpWindow::HomeShowsTheFirstPage()
+void tst_helpwindow::HomeShowsTheFirstPage()
 {
     window_->ShowTopic(u"sun");
     PressInFocus(Qt::Key_Home, Qt::AltModifier);
     QCOMPARE(PageName(), QStringLiteral("boats"));
 }
 
-void TestHelpWindow::WordsAreFoundInThePage()
+void tst_helpwindow::WordsAreFoundInThePage()
 {
     window_->ShowTopic(u"harbours");
     PressInFocus(Qt::Key_F, Qt::ControlModifier);
@@ -405,7 +181,7 @@ void TestHelpWindow::WordsAreFoundInThePage()
     QCOMPARE(Page()->textCursor().selectionStart(), places[2]);
 }
 
-void TestHelpWindow::KeysEnlargeTheText()
+void tst_helpwindow::KeysEnlargeTheText()
 {
     const qreal normal = Page()->font().pointSizeF();
     PressInFocus(Qt::Key_Plus, Qt::ControlModifier);
@@ -421,14 +197,14 @@ void TestHelpWindow::KeysEnlargeTheText()
     QVERIFY(Page()->font().pointSizeF() >= normal - 3 && Page()->font().pointSizeF() < normal);
 }
 
-void TestHelpWindow::TheWheelEnlargesTheText()
+void tst_helpwindow::TheWheelEnlargesTheText()
 {
     const qreal normal = Page()->font().pointSizeF();
     TurnWithCtrl(240);
     QCOMPARE(Page()->font().pointSizeF(), normal + 2);
 }
 
-void TestHelpWindow::FineStepsOfTheWheelAddUp()
+void tst_helpwindow::FineStepsOfTheWheelAddUp()
 {
     const qreal normal = Page()->font().pointSizeF();
     const auto turn = [this](int times, int delta) {
@@ -449,7 +225,7 @@ void TestHelpWindow::FineStepsOfTheWheelAddUp()
     QCOMPARE(Page()->font().pointSizeF(), normal + 2);
 }
 
-void TestHelpWindow::TurnWithCtrl(int delta) const
+void tst_helpwindow::TurnWithCtrl(int delta) const
 {
     const QPointF place = Page()->viewport()->rect().center();
     QWheelEvent turn(
@@ -458,7 +234,7 @@ void TestHelpWindow::TurnWithCtrl(int delta) const
     QCoreApplication::sendEvent(Page()->viewport(), &turn);
 }
 
-void TestHelpWindow::TheColumnStaysReadable()
+void tst_helpwindow::TheColumnStaysReadable()
 {
     const auto column = [this] {
         const QTextFrameFormat format = Page()->document()->rootFrame()->frameFormat();
@@ -477,7 +253,7 @@ void TestHelpWindow::TheColumnStaysReadable()
     QVERIFY(wide - column() < 2 && column() - wide < 2);
 }
 
-void TestHelpWindow::EscClosesFromEverywhere()
+void tst_helpwindow::EscClosesFromEverywhere()
 {
     for (const char* const name : { "treContents", "txtKeyword", "txtWords", "PageView1", "txtFind" }) {
         window_->ShowIndex();
@@ -492,7 +268,7 @@ void TestHelpWindow::EscClosesFromEverywhere()
     }
 }
 
-void TestHelpWindow::ShowingAgainKeepsThePage()
+void tst_helpwindow::ShowingAgainKeepsThePage()
 {
     window_->ShowTopic(u"sun");
     window_->close();
@@ -502,7 +278,7 @@ void TestHelpWindow::ShowingAgainKeepsThePage()
     QCOMPARE(PageName(), QStringLiteral("boats"));
 }
 
-void TestHelpWindow::EveryControlHasANameAndTakesKeys()
+void tst_helpwindow::EveryControlHasANameAndTakesKeys()
 {
     for (const char* const name : { "treContents", "txtKeyword", "treKeywords", "txtWords", "lstResults",
                                     "PageView1", "txtFind", "HelpTabs" }) {
@@ -523,7 +299,7 @@ void TestHelpWindow::EveryControlHasANameAndTakesKeys()
     QCOMPARE(buttons, 4);
 }
 
-void TestHelpWindow::EveryPageOfTheShippedBookIsShown()
+void tst_helpwindow::EveryPageOfTheShippedBookIsShown()
 {
     HelpBook book;
     QCOMPARE(book.Open(shippedBook), HelpTrouble::None);
@@ -540,5 +316,6 @@ void TestHelpWindow::EveryPageOfTheShippedBookIsShown()
     }
 }
 
-QTEST_MAIN(TestHelpWindow)
+QTEST_MAIN(tst_helpwindow)
+
 #include "tst_helpwindow.moc"

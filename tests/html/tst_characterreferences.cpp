@@ -5,7 +5,7 @@
 
 Q_DECLARE_METATYPE(ReferenceIn)
 
-class TestCharacterReferences : public QObject
+class tst_characterreferences : public QObject
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ private Q_SLOTS:
     void onlyHarmlessValuesStandUnquoted();
 };
 
-void TestCharacterReferences::referencesStandForCharacters_data()
+void tst_characterreferences::referencesStandForCharacters_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("text");
@@ -51,14 +51,14 @@ void TestCharacterReferences::referencesStandForCharacters_data()
     alike("nought", QString(QStringLiteral("a\0b")), QString("a\ufffdb"));
 }
 
-void TestCharacterReferences::referencesStandForCharacters()
+void tst_characterreferences::referencesStandForCharacters()
 {
     QFETCH(const QString, source);
     QTEST(DecodedText(source), "text");
     QTEST(DecodedValue(source), "value");
 }
 
-void TestCharacterReferences::everyNameIsKnown()
+void tst_characterreferences::everyNameIsKnown()
 {
     for (const CharacterName& named : CharacterNames()) {
         const QString name = QString::fromLatin1(named.name.data(), qsizetype(named.name.size()));
@@ -72,7 +72,7 @@ void TestCharacterReferences::everyNameIsKnown()
     }
 }
 
-void TestCharacterReferences::referencesHaveTheirPlaces()
+void tst_characterreferences::referencesHaveTheirPlaces()
 {
     const QString text = QStringLiteral("a & b &amp; c &#38 d &lte");
     const auto first = NextReference(text, 0, ReferenceIn::Text);
@@ -85,7 +85,7 @@ void TestCharacterReferences::referencesHaveTheirPlaces()
     QVERIFY(!NextReference(text, second->place.End(), ReferenceIn::Value));
 }
 
-void TestCharacterReferences::whatIsWrittenIsReadBack_data()
+void tst_characterreferences::whatIsWrittenIsReadBack_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("inDouble");
@@ -109,7 +109,7 @@ void TestCharacterReferences::whatIsWrittenIsReadBack_data()
                                   << QString("\u00e9\U0001F600");
 }
 
-void TestCharacterReferences::whatIsWrittenIsReadBack()
+void tst_characterreferences::whatIsWrittenIsReadBack()
 {
     QFETCH(const QString, value);
     QTEST(EscapedFor(u'"', value), "inDouble");
@@ -119,7 +119,7 @@ void TestCharacterReferences::whatIsWrittenIsReadBack()
     QCOMPARE(DecodedValue(EscapedFor(0, value)), value);
 }
 
-void TestCharacterReferences::onlyHarmlessValuesStandUnquoted_data()
+void tst_characterreferences::onlyHarmlessValuesStandUnquoted_data()
 {
     QTest::addColumn<QString>("value");
     QTest::addColumn<bool>("stands");
@@ -137,12 +137,12 @@ void TestCharacterReferences::onlyHarmlessValuesStandUnquoted_data()
     QTest::newRow("slash at the end") << "a/" << false;
 }
 
-void TestCharacterReferences::onlyHarmlessValuesStandUnquoted()
+void tst_characterreferences::onlyHarmlessValuesStandUnquoted()
 {
     QFETCH(const QString, value);
     QTEST(CanStandUnquoted(value), "stands");
 }
 
-QTEST_GUILESS_MAIN(TestCharacterReferences)
+QTEST_GUILESS_MAIN(tst_characterreferences)
 
 #include "tst_characterreferences.moc"

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QTest>
 
-class TestDeclaredEncoding : public QObject
+class tst_declaredencoding : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private Q_SLOTS:
     void validUtf8IsToldFromOtherBytes();
 };
 
-void TestDeclaredEncoding::labelsMeanEncodings_data()
+void tst_declaredencoding::labelsMeanEncodings_data()
 {
     QTest::addColumn<QByteArray>("label");
     QTest::addColumn<QString>("encoding");
@@ -44,13 +44,13 @@ void TestDeclaredEncoding::labelsMeanEncodings_data()
                                   << "";
 }
 
-void TestDeclaredEncoding::labelsMeanEncodings()
+void tst_declaredencoding::labelsMeanEncodings()
 {
     QFETCH(const QByteArray, label);
     QTEST(QString(EncodingOfLabel(label)), "encoding");
 }
 
-void TestDeclaredEncoding::marksAreAtTheVeryBeginning_data()
+void tst_declaredencoding::marksAreAtTheVeryBeginning_data()
 {
     QTest::addColumn<QByteArray>("page");
     QTest::addColumn<QString>("encoding");
@@ -67,13 +67,13 @@ void TestDeclaredEncoding::marksAreAtTheVeryBeginning_data()
     QTest::newRow("nothing") << QByteArray() << "";
 }
 
-void TestDeclaredEncoding::marksAreAtTheVeryBeginning()
+void tst_declaredencoding::marksAreAtTheVeryBeginning()
 {
     QFETCH(const QByteArray, page);
     QTEST(QString(EncodingOfMark(page)), "encoding");
 }
 
-void TestDeclaredEncoding::markupDeclaresAnEncoding_data()
+void tst_declaredencoding::markupDeclaresAnEncoding_data()
 {
     QTest::addColumn<QByteArray>("page");
     QTest::addColumn<QString>("encoding");
@@ -118,13 +118,13 @@ void TestDeclaredEncoding::markupDeclaresAnEncoding_data()
     row("XML with open quotes", "<?xml encoding='utf-8?>", "");
 }
 
-void TestDeclaredEncoding::markupDeclaresAnEncoding()
+void tst_declaredencoding::markupDeclaresAnEncoding()
 {
     QFETCH(const QByteArray, page);
     QTEST(QString(EncodingOfMarkup(page)), "encoding");
 }
 
-void TestDeclaredEncoding::onlyTheBeginningIsLookedAt()
+void tst_declaredencoding::onlyTheBeginningIsLookedAt()
 {
     const QByteArray declaration = "<meta charset=utf-8>";
     const QByteArray filling(1024 - declaration.size(), 'x');
@@ -132,7 +132,7 @@ void TestDeclaredEncoding::onlyTheBeginningIsLookedAt()
     QCOMPARE(EncodingOfMarkup(QByteArray(filling + 'x' + declaration)), QLatin1String());
 }
 
-void TestDeclaredEncoding::validUtf8IsToldFromOtherBytes_data()
+void tst_declaredencoding::validUtf8IsToldFromOtherBytes_data()
 {
     QTest::addColumn<QByteArray>("page");
     QTest::addColumn<bool>("isUtf8");
@@ -159,12 +159,12 @@ void TestDeclaredEncoding::validUtf8IsToldFromOtherBytes_data()
     QTest::newRow("far behind it") << QByteArray("\xF8\x88\x80\x80\x80") << false;
 }
 
-void TestDeclaredEncoding::validUtf8IsToldFromOtherBytes()
+void tst_declaredencoding::validUtf8IsToldFromOtherBytes()
 {
     QFETCH(const QByteArray, page);
     QTEST(IsUtf8BeyondAscii(page), "isUtf8");
 }
 
-QTEST_GUILESS_MAIN(TestDeclaredEncoding)
+QTEST_GUILESS_MAIN(tst_declaredencoding)
 
 #include "tst_declaredencoding.moc"

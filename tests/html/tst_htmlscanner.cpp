@@ -31,7 +31,7 @@ QList<HtmlPartKind> KindsOf(const QString& text)
 
 } // namespace
 
-class TestHtmlScanner : public QObject
+class tst_htmlscanner : public QObject
 {
     Q_OBJECT
 
@@ -48,7 +48,7 @@ private Q_SLOTS:
     void linesThatChangeNothingLeaveTheStateAsItIs();
 };
 
-void TestHtmlScanner::everythingInATagIsAPart()
+void tst_htmlscanner::everythingInATagIsAPart()
 {
     using enum HtmlPartKind;
     QCOMPARE(
@@ -60,7 +60,7 @@ void TestHtmlScanner::everythingInATagIsAPart()
                               TagName,        TagClose }));
 }
 
-void TestHtmlScanner::commentsAndDeclarationsAreOfThreeParts()
+void tst_htmlscanner::commentsAndDeclarationsAreOfThreeParts()
 {
     using enum HtmlPartKind;
     QCOMPARE(
@@ -70,7 +70,7 @@ void TestHtmlScanner::commentsAndDeclarationsAreOfThreeParts()
                               TagClose, CDataOpen, Text, CDataClose }));
 }
 
-void TestHtmlScanner::pagesReadByLineHaveTheSameParts_data()
+void tst_htmlscanner::pagesReadByLineHaveTheSameParts_data()
 {
     QTest::addColumn<QString>("text");
     QDir pages(QStringLiteral(QT_TESTCASE_SOURCEDIR "/pages"));
@@ -81,7 +81,7 @@ void TestHtmlScanner::pagesReadByLineHaveTheSameParts_data()
     }
 }
 
-void TestHtmlScanner::pagesReadByLineHaveTheSameParts()
+void tst_htmlscanner::pagesReadByLineHaveTheSameParts()
 {
     QFETCH(const QString, text);
     const std::vector<HtmlPart> parts = PartsOf(text);
@@ -90,7 +90,7 @@ void TestHtmlScanner::pagesReadByLineHaveTheSameParts()
     QVERIFY(IsSameByPiece(text, parts, PiecesOf(text)));
 }
 
-void TestHtmlScanner::lineEndsDoWhatTheyDoInTheText_data()
+void tst_htmlscanner::lineEndsDoWhatTheyDoInTheText_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<HtmlMode>("mode");
@@ -122,13 +122,13 @@ void TestHtmlScanner::lineEndsDoWhatTheyDoInTheText_data()
     QTest::newRow("section") << "<svg><![CDATA[ ]]" << HtmlMode::CData;
 }
 
-void TestHtmlScanner::lineEndsDoWhatTheyDoInTheText()
+void tst_htmlscanner::lineEndsDoWhatTheyDoInTheText()
 {
     QFETCH(const QString, line);
     QTEST(StateBehind({ line }).mode, "mode");
 }
 
-void TestHtmlScanner::statesAreEqualWhereAllGoesOnAlike()
+void tst_htmlscanner::statesAreEqualWhereAllGoesOnAlike()
 {
     const HtmlState plain;
     QCOMPARE(StateBehind({}), plain);
@@ -138,7 +138,7 @@ void TestHtmlScanner::statesAreEqualWhereAllGoesOnAlike()
     QCOMPARE(StateBehind({ "<a b='c'" }), StateBehind({ "<a d", "e=f" }));
 }
 
-void TestHtmlScanner::statesDifferWhereSomethingGoesOnOtherwise_data()
+void tst_htmlscanner::statesDifferWhereSomethingGoesOnOtherwise_data()
 {
     QTest::addColumn<QString>("one");
     QTest::addColumn<QString>("other");
@@ -160,14 +160,14 @@ void TestHtmlScanner::statesDifferWhereSomethingGoesOnOtherwise_data()
                             << "<a b='";
 }
 
-void TestHtmlScanner::statesDifferWhereSomethingGoesOnOtherwise()
+void tst_htmlscanner::statesDifferWhereSomethingGoesOnOtherwise()
 {
     QFETCH(const QString, one);
     QFETCH(const QString, other);
     QVERIFY(StateBehind({ one }) != StateBehind({ other }));
 }
 
-void TestHtmlScanner::linesThatChangeNothingLeaveTheStateAsItIs()
+void tst_htmlscanner::linesThatChangeNothingLeaveTheStateAsItIs()
 {
     for (const char* const beginning :
          { "", "<a ", "<a b='", "<!-- ", "<script>", "<script><!--", "<svg>", "<title>" }) {
@@ -177,6 +177,6 @@ void TestHtmlScanner::linesThatChangeNothingLeaveTheStateAsItIs()
     }
 }
 
-QTEST_GUILESS_MAIN(TestHtmlScanner)
+QTEST_GUILESS_MAIN(tst_htmlscanner)
 
 #include "tst_htmlscanner.moc"

@@ -1,23 +1,11 @@
-#include "html/CharacterReferences.h"
-#include "html/HtmlTokens.h"
+// The tags of a page and their parts.
 
-#include <QDir>
-#include <QElapsedTimer>
+#include "html/HtmlTokens.h"
+#include "tests/html/TokenLists.h"
+
 #include <QTest>
 
-Q_DECLARE_METATYPE(HtmlContent)
-
 namespace {
-
-QList<HtmlToken> TokensOf(QStringView text)
-{
-    QList<HtmlToken> tokens;
-    HtmlTokens reader(text);
-    for (HtmlToken token; reader.Next(token);) {
-        tokens += token;
-    }
-    return tokens;
-}
 
 /** The first tag of a text. */
 HtmlToken TagIn(QStringView text)
@@ -41,7 +29,7 @@ QStringList Shown(const QString& text)
 
 } // namespace
 
-class TestHtmlTokens : public QObject
+class tst_htmltokens : public QObject
 {
     Q_OBJECT
 
@@ -55,16 +43,9 @@ private Q_SLOTS:
     void theFirstOfSeveralNamesakesIsTheAttribute();
     void errorsAreToldWhereTheyAre_data();
     void errorsAreToldWhereTheyAre();
-    void textsSayWhatTheyAre_data();
-    void textsSayWhatTheyAre();
-    void commentsHoldWhatIsBetweenTheirMarks_data();
-    void commentsHoldWhatIsBetweenTheirMarks();
-    void everyPageIsCoveredByItsTokens();
-    void hostileTextTakesLinearTime_data();
-    void hostileTextTakesLinearTime();
 };
 
-void TestHtmlTokens::tokensFollowEachOther_data()
+void tst_htmltokens::tokensFollowEachOther_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("shown");
@@ -127,14 +108,14 @@ void TestHtmlTokens::tokensFollowEachOther_data()
                                                   "text <g>" };
 }
 
-void TestHtmlTokens::tokensFollowEachOther()
+void tst_htmltokens::tokensFollowEachOther()
 {
     QFETCH(const QString, text);
     QFETCH(const QStringList, shown);
     QCOMPARE(Shown(text), shown);
 }
 
-void TestHtmlTokens::everyPartOfATagHasItsPlace()
+void tst_htmltokens::everyPartOfATagHasItsPlace()
 {
     const QString text = QStringLiteral("x<area\r\n shape = 'rect'\thref=a&amp;b alt nohref=\"\" />y");
     const HtmlToken tag = TagIn(text);
@@ -168,7 +149,7 @@ void TestHtmlTokens::everyPartOfATagHasItsPlace()
     QCOMPARE(nohref.whole.In(text), u"nohref=\"\"");
 }
 
-void TestHtmlTokens::attributesHaveTheirPlaces_data()
+void tst_htmltokens::attributesHaveTheirPlaces_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("attributes");
@@ -190,7 +171,7 @@ void TestHtmlTokens::attributesHaveTheirPlaces_data()
     QTest::newRow("end tag") << "<i></i b=c>" << QStringList();
 }
 
-void TestHtmlTokens::attributesHaveTheirPlaces()
+void tst_htmltokens::attributesHaveTheirPlaces()
 {
     QFETCH(const QString, text);
     QFETCH(const QStringList, attributes);
@@ -201,14 +182,14 @@ void TestHtmlTokens::attributesHaveTheirPlaces()
     QCOMPARE(found, attributes);
 }
 
-void TestHtmlTokens::theFirstOfSeveralNamesakesIsTheAttribute_data()
+void tst_htmltokens::theFirstOfSeveralNamesakesIsTheAttribute_data()
 {
     QTest::addColumn<int>("others");
     QTest::newRow("few attributes") << 3;
     QTest::newRow("many attributes") << 300;
 }
 
-void TestHtmlTokens::theFirstOfSeveralNamesakesIsTheAttribute()
+void tst_htmltokens::theFirstOfSeveralNamesakesIsTheAttribute()
 {
     QFETCH(const int, others);
     QString text = QStringLiteral("<area HREF=1 \u212A=k ");
@@ -230,7 +211,7 @@ void TestHtmlTokens::theFirstOfSeveralNamesakesIsTheAttribute()
     QCOMPARE(tag.Find(text, QLatin1String("alt")), nullptr);
 }
 
-void TestHtmlTokens::errorsAreToldWhereTheyAre_data()
+void tst_htmltokens::errorsAreToldWhereTheyAre_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("inTag");
@@ -247,7 +228,7 @@ void TestHtmlTokens::errorsAreToldWhereTheyAre_data()
     QTest::newRow("equals sign in a quoted value") << "<a b='=<'>" << false << false;
 }
 
-void TestHtmlTokens::errorsAreToldWhereTheyAre()
+void tst_htmltokens::errorsAreToldWhereTheyAre()
 {
     QFETCH(const QString, text);
     const HtmlToken tag = TagIn(text);
@@ -255,184 +236,6 @@ void TestHtmlTokens::errorsAreToldWhereTheyAre()
     QTEST(std::ranges::any_of(tag.attributes, &HtmlAttribute::hasError), "inAttribute");
 }
 
-void TestHtmlTokens::textsSayWhatTheyAre_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<HtmlContent>("content");
-    QTest::newRow("between tags") << "<b>x</b>" << HtmlContent::Markup;
-    QTest::newRow("title") << "<title>x</title>" << HtmlContent::Reading;
-    QTest::newRow("textarea") << "<textarea>x" << HtmlContent::Reading;
-    QTest::newRow("style") << "<style>x</style>" << HtmlContent::Style;
-    QTest::newRow("script") << "<script>x</script>" << HtmlContent::Script;
-    QTest::newRow("xmp") << "<xmp>x</xmp>" << HtmlContent::Raw;
-    QTest::newRow("iframe") << "<iframe>x</iframe>" << HtmlContent::Raw;
-    QTest::newRow("noembed") << "<noembed>x</noembed>" << HtmlContent::Raw;
-    QTest::newRow("noframes") << "<noframes>x</noframes>" << HtmlContent::Raw;
-    QTest::newRow("plaintext") << "<plaintext>x" << HtmlContent::PlainText;
-    QTest::newRow("style of SVG") << "<svg><style>x</style>" << HtmlContent::Markup;
-}
-
-void TestHtmlTokens::textsSayWhatTheyAre()
-{
-    QFETCH(const QString, text);
-    const QList<HtmlToken> tokens = TokensOf(text);
-    const auto found = std::ranges::find_if(
-        tokens, [](const HtmlToken& token) { return token.kind == HtmlToken::Kind::Text; });
-    QVERIFY(found != tokens.end());
-    QCOMPARE(found->inside.In(text), u"x");
-    QTEST(found->content, "content");
-}
-
-void TestHtmlTokens::commentsHoldWhatIsBetweenTheirMarks_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("inside");
-    QTest::addColumn<QString>("rest");
-    QTest::newRow("plain") << "<!-- a -->b"
-                           << " a "
-                           << "b";
-    QTest::newRow("empty") << "<!---->b"
-                           << ""
-                           << "b";
-    QTest::newRow("closed at once") << "<!-->b"
-                                    << ""
-                                    << "b";
-    QTest::newRow("closed at once with a dash") << "<!--->b"
-                                                << ""
-                                                << "b";
-    QTest::newRow("dashes inside") << "<!-- a -- b ---->c"
-                                   << " a -- b --"
-                                   << "c";
-    QTest::newRow("closed with a bang") << "<!--a--!>b"
-                                        << "a"
-                                        << "b";
-    QTest::newRow("bang alone") << "<!--!>b-->c"
-                                << "!>b"
-                                << "c";
-    QTest::newRow("bang without an angle") << "<!--a--!b-->c"
-                                           << "a--!b"
-                                           << "c";
-    QTest::newRow("comment inside") << "<!--<!--a-->b"
-                                    << "<!--a"
-                                    << "b";
-    QTest::newRow("lines") << "<!--a\r\nb-->"
-                           << "a\r\nb"
-                           << "";
-    QTest::newRow("never closed") << "<!--a>b"
-                                  << "a>b"
-                                  << "";
-    QTest::newRow("instruction") << "<?a?>b"
-                                 << "?a?"
-                                 << "b";
-    QTest::newRow("declaration") << "<!a>b"
-                                 << "a"
-                                 << "b";
-    QTest::newRow("conditional") << "<![if IE]>b"
-                                 << "[if IE]"
-                                 << "b";
-    QTest::newRow("end tag of no letter") << "</ a>b"
-                                          << " a"
-                                          << "b";
-}
-
-void TestHtmlTokens::commentsHoldWhatIsBetweenTheirMarks()
-{
-    QFETCH(const QString, text);
-    QFETCH(const QString, rest);
-    const HtmlToken comment = TokensOf(text).constFirst();
-    QCOMPARE(comment.kind, HtmlToken::Kind::Comment);
-    QTEST(comment.inside.In(text).toString(), "inside");
-    QCOMPARE(text.sliced(comment.whole.End()), rest);
-}
-
-void TestHtmlTokens::everyPageIsCoveredByItsTokens()
-{
-    QDir pages(QStringLiteral(QT_TESTCASE_SOURCEDIR "/pages"));
-    const QStringList names = pages.entryList(QDir::Files);
-    QVERIFY(names.size() >= 60);
-    for (const QString& name : names) {
-        QFile file(pages.filePath(name));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QString text = QString::fromUtf8(file.readAll());
-        qsizetype end = 0;
-        for (const HtmlToken& token : TokensOf(text)) {
-            QVERIFY2(token.whole.offset == end, qPrintable(name));
-            end = token.whole.End();
-        }
-        // Only blanks can be left over, in a tag that the page ends in.
-        QVERIFY2(QStringView(text).sliced(end).trimmed().isEmpty(), qPrintable(name));
-    }
-}
-
-void TestHtmlTokens::hostileTextTakesLinearTime_data()
-{
-    QTest::addColumn<QString>("beginning");
-    QTest::addColumn<QString>("repeated");
-    QTest::newRow("angles") << ""
-                            << "<";
-    QTest::newRow("open tags") << ""
-                               << "<a";
-    QTest::newRow("open comments") << ""
-                                   << "<!--";
-    QTest::newRow("dashes in a comment") << "<!--"
-                                         << "-";
-    QTest::newRow("bangs in a comment") << "<!--"
-                                        << "--!";
-    QTest::newRow("open end tags in a script") << "<script>"
-                                               << "</script";
-    QTest::newRow("comments in a script") << "<script>"
-                                          << "<!--<script>--";
-    QTest::newRow("open end tags in a title") << "<title>"
-                                              << "</title";
-    QTest::newRow("open sections") << "<svg>"
-                                   << "<![CDATA[]]";
-    QTest::newRow("levels of SVG") << ""
-                                   << "<svg><desc>";
-    QTest::newRow("end tags in SVG") << "<svg>"
-                                     << "</svg>";
-    QTest::newRow("attributes of one name") << "<a"
-                                            << " b";
-    QTest::newRow("quotes") << "<a b="
-                            << "\"'";
-    QTest::newRow("slashes") << "<a"
-                             << "/";
-    QTest::newRow("a long value") << "<a b='"
-                                  << "x";
-    QTest::newRow("ampersands") << ""
-                                << "&";
-    QTest::newRow("numbers") << "&#"
-                             << "1";
-    QTest::newRow("names without an end") << ""
-                                          << "&CounterClockwiseContourIntegra";
-}
-
-/** Reads text, values and all. */
-static qsizetype ReadAll(const QString& text)
-{
-    qsizetype length = 0;
-    HtmlTokens reader(text);
-    for (HtmlToken token; reader.Next(token);) {
-        length += DecodedText(token.inside.In(text)).size();
-        for (const HtmlAttribute& attribute : token.attributes) {
-            length += DecodedValue(attribute.value.In(text)).size();
-        }
-    }
-    return length;
-}
-
-void TestHtmlTokens::hostileTextTakesLinearTime()
-{
-    QFETCH(const QString, beginning);
-    QFETCH(const QString, repeated);
-    constexpr qsizetype length = 1'000'000;
-    // Under a sanitizer too; what is not linear takes far longer.
-    constexpr int patience = 20'000;
-    QElapsedTimer timer;
-    timer.start();
-    (void)ReadAll(beginning + repeated.repeated(length / repeated.size()));
-    QVERIFY(timer.elapsed() < patience);
-}
-
-QTEST_GUILESS_MAIN(TestHtmlTokens)
+QTEST_GUILESS_MAIN(tst_htmltokens)
 
 #include "tst_htmltokens.moc"

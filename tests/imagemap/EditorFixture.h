@@ -81,6 +81,14 @@ public:
     QStringList Row(int index) const { return TextsOf(List()->model(), index); }
     QRect RowRect(int index) const { return List()->visualRect(List()->model()->index(index, 0)); }
     void SelectRow(int index) { List()->setCurrentIndex(List()->model()->index(index, 0)); }
+    void ClickRow(int index)
+    {
+        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {}, RowRect(index).topLeft() + QPoint(20, 5));
+    }
+    void DoubleClickRow(int index)
+    {
+        QTest::mouseDClick(List()->viewport(), Qt::LeftButton, {}, RowRect(index).topLeft() + QPoint(20, 5));
+    }
     /** The rows that are selected. */
     QList<int> SelectedRows() const
     {

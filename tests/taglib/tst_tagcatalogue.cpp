@@ -22,7 +22,7 @@ TagLevel LevelOf(const ExpectedTag& tag)
 
 } // namespace
 
-class TestTagCatalogue : public QObject
+class tst_tagcatalogue : public QObject
 {
     Q_OBJECT
 
@@ -50,13 +50,13 @@ private:
     QList<ExpectedTag> expected_;
 };
 
-void TestTagCatalogue::initTestCase()
+void tst_tagcatalogue::initTestCase()
 {
     expected_ = ReadTagTable(QFINDTESTDATA("data/tags.tsv"));
     QCOMPARE(expected_.size(), 169);
 }
 
-void TestTagCatalogue::nodesStandInOrderWithTheirKeysAndCaptions()
+void tst_tagcatalogue::nodesStandInOrderWithTheirKeysAndCaptions()
 {
     const auto nodes = TagNodes();
     QCOMPARE(qsizetype(nodes.size()), expected_.size());
@@ -68,7 +68,7 @@ void TestTagCatalogue::nodesStandInOrderWithTheirKeysAndCaptions()
     }
 }
 
-void TestTagCatalogue::thereAreOneRootTwelveCategoriesAndTheirItems()
+void tst_tagcatalogue::thereAreOneRootTwelveCategoriesAndTheirItems()
 {
     QList<int> counts(3, 0);
     for (const TagNode& node : TagNodes()) {
@@ -77,7 +77,7 @@ void TestTagCatalogue::thereAreOneRootTwelveCategoriesAndTheirItems()
     QCOMPARE(counts, QList<int>({ 1, 12, 156 }));
 }
 
-void TestTagCatalogue::categoriesHaveTheirIndexes_data()
+void tst_tagcatalogue::categoriesHaveTheirIndexes_data()
 {
     QTest::addColumn<int>("index");
     QTest::newRow("HTML") << 1;
@@ -95,7 +95,7 @@ void TestTagCatalogue::categoriesHaveTheirIndexes_data()
     QTest::newRow("C1100") << 160;
 }
 
-void TestTagCatalogue::categoriesHaveTheirIndexes()
+void tst_tagcatalogue::categoriesHaveTheirIndexes()
 {
     QFETCH(const int, index);
     const TagNode& node = TagNodes()[std::size_t(index - 1)];
@@ -103,7 +103,7 @@ void TestTagCatalogue::categoriesHaveTheirIndexes()
     QVERIFY(node.Level != TagLevel::Item);
 }
 
-void TestTagCatalogue::everyItemStandsUnderItsCategory()
+void tst_tagcatalogue::everyItemStandsUnderItsCategory()
 {
     QString category;
     for (std::size_t i = 0; i < TagNodes().size(); ++i) {
@@ -116,7 +116,7 @@ void TestTagCatalogue::everyItemStandsUnderItsCategory()
     }
 }
 
-void TestTagCatalogue::keysAreUniqueWhileCaptionsAreNot()
+void tst_tagcatalogue::keysAreUniqueWhileCaptionsAreNot()
 {
     QSet<QString> keys;
     QSet<QString> captions;
@@ -129,7 +129,7 @@ void TestTagCatalogue::keysAreUniqueWhileCaptionsAreNot()
     QVERIFY(captions.contains(QStringLiteral("Preformated Text")));
 }
 
-void TestTagCatalogue::everyItemInsertsItsTexts()
+void tst_tagcatalogue::everyItemInsertsItsTexts()
 {
     for (int index = 1; index <= expected_.size(); ++index) {
         const TagNode* const item = TagItem(index);
@@ -143,7 +143,7 @@ void TestTagCatalogue::everyItemInsertsItsTexts()
     }
 }
 
-void TestTagCatalogue::caretStandsBehindTheOpeningTextButForAFew()
+void tst_tagcatalogue::caretStandsBehindTheOpeningTextButForAFew()
 {
     QStringList others;
     for (const TagNode& node : TagNodes()) {
@@ -154,14 +154,14 @@ void TestTagCatalogue::caretStandsBehindTheOpeningTextButForAFew()
     QCOMPARE(others.join(u'|'), QStringLiteral("Meta|Frameset Columns|Frameset Rows|Comment"));
 }
 
-void TestTagCatalogue::onlyItemsAreItems()
+void tst_tagcatalogue::onlyItemsAreItems()
 {
     for (int index = 1; index <= expected_.size(); ++index) {
         QCOMPARE(TagItem(index) != nullptr, Expected(index).isItem);
     }
 }
 
-void TestTagCatalogue::previewIsWhatIsInsertedButForAFew()
+void tst_tagcatalogue::previewIsWhatIsInsertedButForAFew()
 {
     int others = 0;
     for (int index = 1; index <= expected_.size(); ++index) {
@@ -175,7 +175,7 @@ void TestTagCatalogue::previewIsWhatIsInsertedButForAFew()
     QCOMPARE(others, 15);
 }
 
-void TestTagCatalogue::previewOfRootAndCategoriesIsEmpty()
+void tst_tagcatalogue::previewOfRootAndCategoriesIsEmpty()
 {
     int count = 0;
     for (int index = 1; index <= expected_.size(); ++index) {
@@ -187,7 +187,7 @@ void TestTagCatalogue::previewOfRootAndCategoriesIsEmpty()
     QCOMPARE(count, 13);
 }
 
-void TestTagCatalogue::indexesOutsideHaveNothing_data()
+void tst_tagcatalogue::indexesOutsideHaveNothing_data()
 {
     QTest::addColumn<int>("index");
     for (const int index :
@@ -196,7 +196,7 @@ void TestTagCatalogue::indexesOutsideHaveNothing_data()
     }
 }
 
-void TestTagCatalogue::indexesOutsideHaveNothing()
+void tst_tagcatalogue::indexesOutsideHaveNothing()
 {
     QFETCH(const int, index);
     QVERIFY(TagItem(index) == nullptr);
@@ -204,7 +204,7 @@ void TestTagCatalogue::indexesOutsideHaveNothing()
     QVERIFY(!IsPreviewCleared(index));
 }
 
-void TestTagCatalogue::lettingGoClearsThePreviewOfTheseOnly()
+void tst_tagcatalogue::lettingGoClearsThePreviewOfTheseOnly()
 {
     // "Miscellaneous", the 160th, is not among them.
     const QList<int> clearing = { 1, 2, 17, 28, 43, 50, 71, 85, 105, 119, 138, 149 };
@@ -213,6 +213,6 @@ void TestTagCatalogue::lettingGoClearsThePreviewOfTheseOnly()
     }
 }
 
-QTEST_GUILESS_MAIN(TestTagCatalogue)
+QTEST_GUILESS_MAIN(tst_tagcatalogue)
 
 #include "tst_tagcatalogue.moc"

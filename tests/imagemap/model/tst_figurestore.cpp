@@ -1,53 +1,12 @@
+// Filling the ledger of the drawing tools, and emptying it.
+
 #include "imagemap/model/FigureStore.h"
+#include "tests/imagemap/model/DrawnFigures.h"
 
 #include <QTest>
 #include <memory>
 
 namespace {
-
-void Draw(FigureStore& store, qint16 kind)
-{
-    store.CurrentKind = kind;
-    store.AppendFigure();
-}
-
-/** Draws the sides of a polygon as the mouse does: the last one closes it and leaves the figures again. */
-void DrawSides(FigureStore& store, int drawn)
-{
-    store.CurrentKind = kindLine;
-    for (int side = 0; side < drawn; ++side) {
-        store.AppendSide();
-    }
-    store.RetractLastSide();
-}
-
-/** A finished polygon of which `sides` stay in the store, linked to `link`. */
-void DrawPolygon(FigureStore& store, int sides, const QString& link)
-{
-    DrawSides(store, sides + 1);
-    store.PolygonLines[store.PolygonLineCount - 1].Link = link;
-    store.ResetCurrentPolygon();
-}
-
-/** The polygon sides with a link, which are the ends of polygons, by their slots. */
-QList<int> EndMarks(const FigureStore& store)
-{
-    QList<int> marks;
-    for (int slot = 0; slot < store.PolygonLines.size(); ++slot) {
-        if (!store.PolygonLines[slot].Link.isEmpty()) {
-            marks << slot;
-        }
-    }
-    return marks;
-}
-
-using Counts = QList<int>;
-
-/** Figures, polygon sides and sides of the current polygon. */
-Counts CountsOf(const FigureStore& store)
-{
-    return { store.FigureCount, store.PolygonLineCount, store.CurrentPolygonLineCount };
-}
 
 void FillWithLinks(FigureStore::Records& records)
 {
@@ -58,7 +17,7 @@ void FillWithLinks(FigureStore::Records& records)
 
 } // namespace
 
-class TestFigureStore : public QObject
+class tst_figurestore : public QObject
 {
     Q_OBJECT
 
@@ -78,19 +37,6 @@ private Q_SLOTS:
     void resettingTheCurrentPolygonKeepsTheFirstLink();
     void resettingAFullCurrentPolygonSkipsTheSlotBeyond();
 
-    void removingFromAnEmptyStoreDoesNothing();
-    void removingARectangleOrCircleLowersTheCountAlone_data();
-    void removingARectangleOrCircleLowersTheCountAlone();
-    void removingTheFirstPolygonEmptiesTheSides();
-    void removingAPolygonErasesThePreviousEndMark();
-    void polygonAfterAnErasedEndMarkTakesThePreviousOneAlong();
-    void removingAPolygonOfOneSideStopsAtItsPredecessor();
-    void figuresBetweenPolygonsStay();
-    void sidesAreTakenFromTheEndOfTheFigures();
-    void sideWithoutBookkeepingCannotBeRemoved();
-    void staleLinkInAReusedSlotEndsTheWalk();
-    void removingFromAFullStoreWorks();
-
     void clearingKeepsTheFirstSidesLink();
     void clearingErasesTheSlotBehindTheLastFigure();
     void clearingLeavesTheCurrentPolygon();
@@ -100,12 +46,12 @@ private:
     std::unique_ptr<FigureStore> store_;
 };
 
-void TestFigureStore::init()
+void tst_figurestore::init()
 {
     store_ = std::make_unique<FigureStore>();
 }
 
-void TestFigureStore::newStoreIsEmpty()
+void tst_figurestore::newStoreIsEmpty()
 {
     QCOMPARE(CountsOf(*store_), (Counts{ 0, 0, 0 }));
     QCOMPARE(store_->CurrentKind, qint16(0));
@@ -116,7 +62,7 @@ void TestFigureStore::newStoreIsEmpty()
     QVERIFY(!store_->HasUnfinishedPolygon());
 }
 
-void TestFigureStore::slotOutsideTheArrayIsNone_data()
+void tst_figurestore::slotOutsideTheArrayIsNone_data()
 {
     QTest::addColumn<int>("slot");
     QTest::addColumn<bool>("isInside");
@@ -128,14 +74,14 @@ void TestFigureStore::slotOutsideTheArrayIsNone_data()
     QTest::newRow("far behind") << 100'000 << false;
 }
 
-void TestFigureStore::slotOutsideTheArrayIsNone()
+void tst_figurestore::slotOutsideTheArrayIsNone()
 {
     QFETCH(const int, slot);
     QFETCH(const bool, isInside);
     QCOMPARE(FigureStore::At(store_->Figures, slot) != nullptr, isInside);
 }
 
-void TestFigureStore::appendingWritesTheShapeAlone()
+void tst_figurestore::appendingWritesTheShapeAlone()
 {
     store_->Figures[0] = { 7, 1, 1, 1, 1, 55, "old link", "old target", "old message" };
     store_->StartX = 10;
@@ -150,7 +96,7 @@ void TestFigureStore::appendingWritesTheShapeAlone()
     QVERIFY(store_->LastFigure() == &store_->Figures[0]);
 }
 
-void TestFigureStore::appendingARectangleKeepsTheSlotsRadius()
+void tst_figurestore::appendingARectangleKeepsTheSlotsRadius()
 {
     store_->CurrentRadius = 12;
     Draw(*store_, kindCircle);
@@ -160,7 +106,7 @@ void TestFigureStore::appendingARectangleKeepsTheSlotsRadius()
     QCOMPARE(store_->Figures[0].Radius, qint16(12));
 }
 
-void TestFigureStore::appendingACircleTakesTheRadius()
+void tst_figurestore::appendingACircleTakesTheRadius()
 {
     store_->CurrentRadius = 12;
     Draw(*store_, kindCircle);
@@ -168,7 +114,7 @@ void TestFigureStore::appendingACircleTakesTheRadius()
     QCOMPARE(store_->Figures[0].Radius, qint16(12));
 }
 
-void TestFigureStore::appendingASideFillsAllThreeArrays()
+void tst_figurestore::appendingASideFillsAllThreeArrays()
 {
     Draw(*store_, kindRectangle);
     store_->CurrentKind = kindLine;
@@ -182,7 +128,7 @@ void TestFigureStore::appendingASideFillsAllThreeArrays()
     QVERIFY(store_->HasUnfinishedPolygon());
 }
 
-void TestFigureStore::appendingToAFullStoreWritesNothing()
+void tst_figurestore::appendingToAFullStoreWritesNothing()
 {
     store_->FigureCount = FigureStore::capacity;
     store_->PolygonLineCount = FigureStore::capacity;
@@ -196,13 +142,13 @@ void TestFigureStore::appendingToAFullStoreWritesNothing()
     QVERIFY(store_->CurrentPolygon == empty.CurrentPolygon);
 }
 
-void TestFigureStore::retractedSideStaysACorner()
+void tst_figurestore::retractedSideStaysACorner()
 {
     DrawSides(*store_, 3);
     QCOMPARE(CountsOf(*store_), (Counts{ 2, 2, 3 }));
 }
 
-void TestFigureStore::resettingTheCurrentPolygonKeepsTheFirstLink()
+void tst_figurestore::resettingTheCurrentPolygonKeepsTheFirstLink()
 {
     FillWithLinks(store_->CurrentPolygon);
     store_->CurrentPolygonLineCount = 3;
@@ -215,7 +161,7 @@ void TestFigureStore::resettingTheCurrentPolygonKeepsTheFirstLink()
     QCOMPARE(links, QStringList({ "link", "", "", "", "link" }));
 }
 
-void TestFigureStore::resettingAFullCurrentPolygonSkipsTheSlotBeyond()
+void tst_figurestore::resettingAFullCurrentPolygonSkipsTheSlotBeyond()
 {
     FillWithLinks(store_->CurrentPolygon);
     store_->CurrentPolygonLineCount = FigureStore::capacity;
@@ -225,140 +171,7 @@ void TestFigureStore::resettingAFullCurrentPolygonSkipsTheSlotBeyond()
     QCOMPARE(store_->CurrentPolygon.back().Link, QString());
 }
 
-void TestFigureStore::removingFromAnEmptyStoreDoesNothing()
-{
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 0, 0, 0 }));
-}
-
-void TestFigureStore::removingARectangleOrCircleLowersTheCountAlone_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::newRow("rectangle") << int(kindRectangle);
-    QTest::newRow("circle") << int(kindCircle);
-}
-
-void TestFigureStore::removingARectangleOrCircleLowersTheCountAlone()
-{
-    QFETCH(const int, kind);
-    DrawPolygon(*store_, 3, "a.htm");
-    Draw(*store_, static_cast<qint16>(kind));
-    store_->LastFigure()->Link = "b.htm";
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 3, 3, 0 }));
-    QCOMPARE(EndMarks(*store_), QList<int>{ 2 });
-    // A freed slot keeps what it held.
-    QCOMPARE(store_->Figures[3].Link, QString("b.htm"));
-}
-
-void TestFigureStore::removingTheFirstPolygonEmptiesTheSides()
-{
-    Draw(*store_, kindRectangle);
-    DrawPolygon(*store_, 4, "a.htm");
-    QCOMPARE(CountsOf(*store_), (Counts{ 5, 4, 0 }));
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 1, 0, 0 }));
-    QCOMPARE(EndMarks(*store_), QList<int>());
-}
-
-void TestFigureStore::removingAPolygonErasesThePreviousEndMark()
-{
-    DrawPolygon(*store_, 2, "a.htm");
-    DrawPolygon(*store_, 3, "b.htm");
-    QCOMPARE(EndMarks(*store_), (QList<int>{ 1, 4 }));
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 2, 2, 0 }));
-    QCOMPARE(EndMarks(*store_), QList<int>());
-}
-
-void TestFigureStore::polygonAfterAnErasedEndMarkTakesThePreviousOneAlong()
-{
-    DrawPolygon(*store_, 2, "o.htm");
-    DrawPolygon(*store_, 2, "a.htm");
-    DrawPolygon(*store_, 3, "b.htm");
-    store_->RemoveLast();
-    DrawPolygon(*store_, 4, "c.htm");
-    QCOMPARE(CountsOf(*store_), (Counts{ 8, 8, 0 }));
-    QCOMPARE(EndMarks(*store_), (QList<int>{ 1, 7 }));
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 2, 2, 0 }));
-    QCOMPARE(EndMarks(*store_), QList<int>());
-}
-
-void TestFigureStore::removingAPolygonOfOneSideStopsAtItsPredecessor()
-{
-    DrawPolygon(*store_, 1, "a.htm");
-    DrawPolygon(*store_, 1, "b.htm");
-    QCOMPARE(EndMarks(*store_), (QList<int>{ 0, 1 }));
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 1, 1, 0 }));
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 0, 0, 0 }));
-}
-
-void TestFigureStore::figuresBetweenPolygonsStay()
-{
-    DrawPolygon(*store_, 2, "a.htm");
-    Draw(*store_, kindCircle);
-    DrawPolygon(*store_, 3, "b.htm");
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 3, 2, 0 }));
-    QCOMPARE(store_->LastFigure()->Kind, kindCircle);
-}
-
-void TestFigureStore::sidesAreTakenFromTheEndOfTheFigures()
-{
-    DrawPolygon(*store_, 2, "a.htm");
-    DrawPolygon(*store_, 2, "b.htm");
-    store_->RemoveLast();
-    Draw(*store_, kindRectangle);
-    DrawPolygon(*store_, 1, "c.htm");
-    store_->RemoveLast();
-    // Three sides go, and the rectangle stands between them.
-    QCOMPARE(CountsOf(*store_), (Counts{ 1, 0, 0 }));
-    QCOMPARE(store_->LastFigure()->Kind, kindLine);
-}
-
-void TestFigureStore::sideWithoutBookkeepingCannotBeRemoved()
-{
-    DrawPolygon(*store_, 1, "a.htm");
-    store_->PolygonLineCount = 0;
-    store_->PolygonLines[0].Link.clear();
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 1, 0, 0 }));
-}
-
-void TestFigureStore::staleLinkInAReusedSlotEndsTheWalk()
-{
-    DrawPolygon(*store_, 1, "old.htm");
-    store_->Clear();
-    QCOMPARE(EndMarks(*store_), QList<int>{ 0 });
-    DrawPolygon(*store_, 3, "new.htm");
-    QCOMPARE(EndMarks(*store_), (QList<int>{ 0, 2 }));
-    store_->RemoveLast();
-    QCOMPARE(CountsOf(*store_), (Counts{ 1, 1, 0 }));
-    QCOMPARE(EndMarks(*store_), QList<int>());
-}
-
-void TestFigureStore::removingFromAFullStoreWorks()
-{
-    DrawPolygon(*store_, 2, "a.htm");
-    store_->CurrentKind = kindLine;
-    while (store_->FigureCount < FigureStore::capacity) {
-        store_->AppendSide();
-    }
-    store_->RemoveLast();
-    QCOMPARE(store_->FigureCount, 2);
-    QCOMPARE(store_->PolygonLineCount, 2);
-
-    while (store_->FigureCount < FigureStore::capacity) {
-        Draw(*store_, kindRectangle);
-    }
-    store_->RemoveLast();
-    QCOMPARE(store_->FigureCount, 499);
-}
-
-void TestFigureStore::clearingKeepsTheFirstSidesLink()
+void tst_figurestore::clearingKeepsTheFirstSidesLink()
 {
     store_->PolygonLineCount = 3;
     FillWithLinks(store_->PolygonLines);
@@ -375,7 +188,7 @@ void TestFigureStore::clearingKeepsTheFirstSidesLink()
     QCOMPARE(store_->PolygonLines[1].Link, QString("link"));
 }
 
-void TestFigureStore::clearingErasesTheSlotBehindTheLastFigure()
+void tst_figurestore::clearingErasesTheSlotBehindTheLastFigure()
 {
     FillWithLinks(store_->Figures);
     store_->FigureCount = 2;
@@ -388,7 +201,7 @@ void TestFigureStore::clearingErasesTheSlotBehindTheLastFigure()
     QCOMPARE(store_->FigureCount, 0);
 }
 
-void TestFigureStore::clearingLeavesTheCurrentPolygon()
+void tst_figurestore::clearingLeavesTheCurrentPolygon()
 {
     store_->CurrentKind = kindLine;
     store_->AppendSide();
@@ -397,7 +210,7 @@ void TestFigureStore::clearingLeavesTheCurrentPolygon()
     QCOMPARE(CountsOf(*store_), (Counts{ 0, 0, 2 }));
 }
 
-void TestFigureStore::clearingAFullStoreWorks()
+void tst_figurestore::clearingAFullStoreWorks()
 {
     FillWithLinks(store_->Figures);
     FillWithLinks(store_->PolygonLines);
@@ -409,6 +222,6 @@ void TestFigureStore::clearingAFullStoreWorks()
     QCOMPARE(store_->Figures.back().Link, QString("link"));
 }
 
-QTEST_GUILESS_MAIN(TestFigureStore)
+QTEST_GUILESS_MAIN(tst_figurestore)
 
 #include "tst_figurestore.moc"

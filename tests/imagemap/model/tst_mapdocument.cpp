@@ -1,62 +1,11 @@
-#include "imagemap/model/MapDocument.h"
+// How linking what was drawn changes a map.
+
+#include "tests/imagemap/model/MapTest.h"
 
 #include <QPoint>
 #include <QTest>
-#include <memory>
 
 namespace {
-
-/** An entry with every field filled. */
-LinkEntry FullEntry()
-{
-    LinkEntry entry;
-    entry.SetText(LinkField::Link, "a.html");
-    entry.SetText(LinkField::StatusBarMessage, "status bar");
-    entry.SetText(LinkField::DefaultImage, "default.gif");
-    entry.SetText(LinkField::SwitchImage, "switch.gif");
-    entry.SetText(LinkField::DefaultTextAreaMessage, "default text");
-    entry.SetText(LinkField::TextAreaMessage, "text area");
-    entry.SetText(LinkField::ToolTipMessage, "tool tip");
-    entry.Target = "_top";
-    return entry;
-}
-
-LinkEntry Without(const QList<LinkField>& fields)
-{
-    LinkEntry entry = FullEntry();
-    for (const LinkField field : fields) {
-        entry.SetText(field, {});
-    }
-    return entry;
-}
-
-void Place(FigureStore& store, QPoint start, QPoint end)
-{
-    store.StartX = static_cast<qint16>(start.x());
-    store.StartY = static_cast<qint16>(start.y());
-    store.EndX = static_cast<qint16>(end.x());
-    store.EndY = static_cast<qint16>(end.y());
-}
-
-void DrawFigure(FigureStore& store, qint16 kind, QPoint start, QPoint end)
-{
-    store.CurrentKind = kind;
-    Place(store, start, end);
-    store.AppendFigure();
-}
-
-/** Draws the sides between `points` as the mouse does, the last of them taken back at the right click. */
-void DrawPolygon(FigureStore& store, const QList<QPoint>& points)
-{
-    store.CurrentKind = kindLine;
-    for (qsizetype i = 1; i < points.size(); ++i) {
-        Place(store, points[i - 1], points[i]);
-        store.AppendSide();
-    }
-    store.RetractLastSide();
-}
-
-const QList<QPoint> triangle = { { 1, 2 }, { 30, 4 }, { 5, 60 }, { 1, 2 } };
 
 FigureRecord& Slot(FigureStore::Records& records, int index)
 {
@@ -65,20 +14,13 @@ FigureRecord& Slot(FigureStore::Records& records, int index)
 
 } // namespace
 
-Q_DECLARE_METATYPE(LinkEntry)
-
-/** How drawing, linking and deleting change a map. */
-class tst_mapdocument : public QObject
+class tst_mapdocument : public MapTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { Begin(); }
 
-    void fieldsAreRequiredInTheirOrder_data();
-    void fieldsAreRequiredInTheirOrder();
-    void blanksCountAsAText();
-    void onlyToolTipsAskForALinkUnderAnotherTitle();
     void messageIsTheModesField_data();
     void messageIsTheModesField();
     void defaultBecomesTheMapsWithItsHeader_data();
@@ -99,94 +41,7 @@ private Q_SLOTS:
     void otherKindsHaveNoArea();
     void linkingInAnEmptyStoreGivesNoArea();
     void lastSlotsOfTheStoreAreLinked();
-
-    void discardingAFigureTakesItAlone_data();
-    void discardingAFigureTakesItAlone();
-    void discardingAPolygonTakesItsSidesAndThePreviousEndMark();
-    void discardingTheFirstPolygonEmptiesTheSides();
-    void discardingResetsACurrentPolygonOfOneSide();
-    void discardingAFigureLeavesAnUnfinishedPolygon();
-    void discardingFromAnEmptyStoreDoesNothing();
-
-private:
-    [[nodiscard]] FigureStore& Store() const { return map_->Ledger(); }
-    /** Links what was drawn last; returns the area that came of it, if any. */
-    std::optional<MapArea> Link() const
-    {
-        const qsizetype before = map_->Areas().size();
-        map_->LinkNewArea(FullEntry());
-        return map_->Areas().size() > before ? std::optional(map_->Areas().constLast()) : std::nullopt;
-    }
-
-    std::unique_ptr<MapDocument> map_;
 };
-
-void tst_mapdocument::init()
-{
-    map_ = std::make_unique<MapDocument>();
-}
-
-void tst_mapdocument::fieldsAreRequiredInTheirOrder_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<LinkEntry>("entry");
-    QTest::addColumn<QString>("message");
-    const QString link = "Please, enter the Link to get conected to !";
-    const QString image = "Please, enter the Default Image File Name !";
-    const QString switchImage = "Please, enter the File Name for Image to switch to !";
-    const QString text = "Please, enter the Default Message !";
-    const QString switchText = "Please, enter the Message to switch to !";
-    const QString toolTip = "Please, enter the Tool Tip Message !";
-    for (const JSModeTexts& texts : jsModeTexts) {
-        QTest::addRow("nothing entered, mode %d", texts.mode) << int(texts.mode) << LinkEntry() << link;
-        QTest::addRow("all entered, mode %d", texts.mode) << int(texts.mode) << FullEntry() << "";
-        QTest::addRow("no link, mode %d", texts.mode)
-            << int(texts.mode) << Without({ LinkField::Link }) << link;
-    }
-    LinkEntry linkAlone;
-    linkAlone.SetText(LinkField::Link, "a.html");
-    QTest::newRow("no script, link alone") << int(JSDisabled) << linkAlone << "";
-    QTest::newRow("status bar, link alone") << int(JSStatusBar) << linkAlone << "";
-    QTest::newRow("images, link alone") << int(JSSwitchImages) << linkAlone << image;
-    QTest::newRow("images, no image")
-        << int(JSSwitchImages) << Without({ LinkField::SwitchImage }) << switchImage;
-    QTest::newRow("text area, link alone") << int(JSTextArea) << linkAlone << text;
-    QTest::newRow("text area, no message")
-        << int(JSTextArea) << Without({ LinkField::TextAreaMessage }) << switchText;
-    QTest::newRow("tool tips, link alone") << int(JSToolTips) << linkAlone << toolTip;
-}
-
-void tst_mapdocument::fieldsAreRequiredInTheirOrder()
-{
-    QFETCH(const int, mode);
-    QFETCH(const LinkEntry, entry);
-    QFETCH(const QString, message);
-    const std::optional<RequiredField> missing = MissingField(static_cast<JSMode>(mode), entry);
-    QCOMPARE(missing.has_value(), !message.isEmpty());
-    if (missing) {
-        QCOMPARE(missing->message.toString(), message);
-        QVERIFY(entry.Text(missing->field).isEmpty());
-    }
-}
-
-void tst_mapdocument::blanksCountAsAText()
-{
-    LinkEntry entry;
-    for (std::size_t field = 0; field < linkFieldCount; ++field) {
-        entry.Fields[field] = " ";
-    }
-    for (const JSModeTexts& texts : jsModeTexts) {
-        QVERIFY(!MissingField(texts.mode, entry));
-    }
-}
-
-void tst_mapdocument::onlyToolTipsAskForALinkUnderAnotherTitle()
-{
-    for (const JSModeTexts& texts : jsModeTexts) {
-        const QString title = texts.mode == JSToolTips ? "Image Map Link" : "Cartolen";
-        QCOMPARE(RulesOf(texts.mode).newLinkCaption.toString(), title);
-    }
-}
 
 void tst_mapdocument::messageIsTheModesField_data()
 {
@@ -403,81 +258,6 @@ void tst_mapdocument::lastSlotsOfTheStoreAreLinked()
     QVERIFY(Link());
     QCOMPARE(Store().Figures.back().Link, QString("a.html"));
     QCOMPARE(Store().Figures[498].Link, QString());
-}
-
-void tst_mapdocument::discardingAFigureTakesItAlone_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::newRow("rectangle") << int(kindRectangle);
-    QTest::newRow("circle") << int(kindCircle);
-}
-
-void tst_mapdocument::discardingAFigureTakesItAlone()
-{
-    QFETCH(const int, kind);
-    DrawPolygon(Store(), triangle);
-    (void)Link();
-    DrawFigure(Store(), static_cast<qint16>(kind), { 1, 2 }, { 3, 4 });
-    map_->DiscardNewArea();
-    QCOMPARE(Store().FigureCount, 2);
-    QCOMPARE(Store().PolygonLineCount, 2);
-    QCOMPARE(Store().PolygonLines[1].Link, QString("a.html"));
-}
-
-void tst_mapdocument::discardingAPolygonTakesItsSidesAndThePreviousEndMark()
-{
-    DrawPolygon(Store(), triangle);
-    (void)Link();
-    DrawPolygon(Store(), triangle);
-    QCOMPARE(Store().FigureCount, 4);
-    map_->DiscardNewArea();
-    QCOMPARE(Store().FigureCount, 2);
-    QCOMPARE(Store().PolygonLineCount, 2);
-    QCOMPARE(Store().CurrentPolygonLineCount, 0);
-    QCOMPARE(Store().PolygonLines[1].Link, QString());
-
-    DrawPolygon(Store(), triangle);
-    map_->DiscardNewArea();
-    QCOMPARE(Store().FigureCount, 0);
-}
-
-void tst_mapdocument::discardingTheFirstPolygonEmptiesTheSides()
-{
-    DrawFigure(Store(), kindRectangle, { 1, 2 }, { 3, 4 });
-    DrawPolygon(Store(), triangle);
-    map_->DiscardNewArea();
-    QCOMPARE(Store().FigureCount, 1);
-    QCOMPARE(Store().PolygonLineCount, 0);
-    QCOMPARE(Store().CurrentPolygonLineCount, 0);
-}
-
-void tst_mapdocument::discardingResetsACurrentPolygonOfOneSide()
-{
-    Store().CurrentKind = kindLine;
-    Store().AppendSide();
-    Store().CurrentPolygon[1].Link = "old";
-    map_->DiscardNewArea();
-    QCOMPARE(Store().CurrentPolygonLineCount, 0);
-    QCOMPARE(Store().CurrentPolygon[1].Link, QString());
-    QCOMPARE(Store().FigureCount, 0);
-}
-
-void tst_mapdocument::discardingAFigureLeavesAnUnfinishedPolygon()
-{
-    Store().CurrentKind = kindLine;
-    Store().AppendSide();
-    DrawFigure(Store(), kindRectangle, { 1, 2 }, { 3, 4 });
-    map_->DiscardNewArea();
-    QCOMPARE(Store().FigureCount, 1);
-    QCOMPARE(Store().PolygonLineCount, 1);
-    QCOMPARE(Store().CurrentPolygonLineCount, 1);
-}
-
-void tst_mapdocument::discardingFromAnEmptyStoreDoesNothing()
-{
-    map_->DiscardNewArea();
-    QCOMPARE(Store().FigureCount, 0);
-    QCOMPARE(Store().PolygonLineCount, 0);
 }
 
 QTEST_GUILESS_MAIN(tst_mapdocument)
