@@ -4,6 +4,7 @@
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QTest>
+#include <utility>
 
 /**
  * What the figure that follows the mouse leaves on the screen itself, at scalings where its pixels do not
@@ -36,6 +37,14 @@ QImage OnScreen(const QWidget& window)
     return window.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+/** Whether nothing but a ground of one colour is there. */
+bool IsEmpty(const QImage& image)
+{
+    QImage ground = image;
+    ground.fill(image.pixelColor(0, 0));
+    return image == ground;
+}
+
 } // namespace
 
 void tst_rubber::rubberFigureLeavesNoTraceOnTheScreen_data()
@@ -64,8 +73,12 @@ void tst_rubber::rubberFigureLeavesNoTraceOnTheScreen()
     surface.Add({ kindCircle, 200, 150, 0, 0, 90 });
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QTest::qWait(100);
-    const QImage before = OnScreen(window);
+    // The screen may show the window a while before its picture, and parts of that before the whole.
+    QImage before;
+    QVERIFY(QTest::qWaitFor([&before, &window] {
+        const QImage earlier = std::exchange(before, OnScreen(window));
+        return before == earlier && !IsEmpty(before);
+    }));
     QRandomGenerator random(7);
     constexpr int figures = 30;
     constexpr int moves = 25;
