@@ -1,5 +1,5 @@
 #include "app/Desktop.h"
-#include "app/ShellErrors.h"
+#include "app/rules/ShellErrors.h"
 #include "tests/support/ProgramFolder.h"
 
 #include <QDir>

@@ -124,7 +124,7 @@ bool tst_documents::OpenFile(const char* name, const QByteArray& bytes)
         return false;
     }
     test_->Open(Path(name));
-    return test_->DocumentName() == Path(name) && !test_->window.DocumentChanged();
+    return test_->DocumentName() == Path(name) && !test_->window.File().IsChanged();
 }
 
 /** Opens a document, changes it and takes its folder away. */
@@ -150,7 +150,7 @@ void tst_documents::newClearsAnUnchangedDocumentWithoutAsking()
     test_->Press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QString());
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     test_->Press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(test_->robot.Boxes().size(), 0);
     QCOMPARE(BytesOf(Path("page.htm")), bytes);
@@ -179,7 +179,7 @@ void tst_documents::newAfterNoIsANewDocument()
     test_->Press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QString());
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("old"));
 }
 
@@ -191,7 +191,7 @@ void tst_documents::newAfterYesSavesFirst()
     test_->Press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QString());
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("xold\r\n"));
 }
 
@@ -203,7 +203,7 @@ void tst_documents::newAfterCancelChangesNothing()
     test_->Press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
     QCOMPARE(test_->DocumentName(), Path("page.htm"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("old"));
 }
 
@@ -254,7 +254,7 @@ void tst_documents::openReadsTheFile()
     QCOMPARE(test_->Editor()->Text(), text);
     QCOMPARE(test_->DocumentName(), Path("page.htm"));
     QCOMPARE(test_->Editor()->SelStart(), qsizetype(0));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(BytesOf(Path("page.htm")), bytes);
 }
 
@@ -275,7 +275,7 @@ void tst_documents::openReplacesTheDocument()
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("two"));
     test_->Press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("two"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_documents::openingAnUntypedEndingTakesThePage()
@@ -323,7 +323,7 @@ void tst_documents::openingAMissingFileTells()
     QCOMPARE(test_->robot.Boxes().at(1).text, QString(u"Can't open file: " + Path("missing.htm")));
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("old"));
     QCOMPARE(test_->DocumentName(), Path("page.htm"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QVERIFY(!QFile::exists(Path("missing.txt")));
 }
 
@@ -384,7 +384,7 @@ void tst_documents::openAsksWhenTheDocumentHasChanged()
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("xold\r\n"));
     QCOMPARE(test_->DocumentName(), Path("other.htm"));
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("other"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(test_->robot.ProposedNames().constLast(), QString());
 }
 
@@ -397,7 +397,7 @@ void tst_documents::openAfterNoAndCancelledDialogHasLostTheDocument()
     test_->Press(Qt::Key_O, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QString());
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("old"));
 }
 
@@ -408,7 +408,7 @@ void tst_documents::openAfterCancelledPromptShowsNoDialog()
     test_->Press(Qt::Key_O, Qt::ControlModifier);
     QCOMPARE(test_->robot.ProposedNames().size(), 0);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::openAfterCancelledSaveShowsNoDialog()
@@ -420,7 +420,7 @@ void tst_documents::openAfterCancelledSaveShowsNoDialog()
     QCOMPARE(test_->robot.ProposedNames(), QStringList{ QStringLiteral("newmap.htm") });
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::openGoesOnAfterAFailedSave()
@@ -434,7 +434,7 @@ void tst_documents::openGoesOnAfterAFailedSave()
     QCOMPARE(test_->robot.Boxes().size(), 2);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
     QCOMPARE(test_->DocumentName(), Path("pages/page.htm"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->robot.AnswerBox(QMessageBox::Ok);
@@ -442,7 +442,7 @@ void tst_documents::openGoesOnAfterAFailedSave()
     test_->Press(Qt::Key_O, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("other"));
     QCOMPARE(test_->DocumentName(), Path("other.htm"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_documents::openingAMissingFileAfterNoLeavesAnEmptyDocument()
@@ -502,7 +502,7 @@ void tst_documents::savedDocumentHasItsNameAndOneMoreLineEnd()
     test_->Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(BytesOf(Path("page.html")), QByteArray("ab\r\n\r\n"));
     QCOMPARE(test_->DocumentName(), Path("page.html"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("ab\r\n"));
     QCOMPARE(test_->robot.Boxes().size(), 0);
 }
@@ -523,7 +523,7 @@ void tst_documents::cancelledSaveChangesNothing()
         test_->Press(Qt::Key_S, Qt::ControlModifier);
     }
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
     QVERIFY(!QFile::exists(Path("newmap.htm")));
     QCOMPARE(test_->robot.Boxes().size(), 0);
@@ -564,7 +564,7 @@ void tst_documents::namedDocumentIsSavedWithoutADialog()
     test_->Type("x");
     test_->Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("xold\r\n"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(test_->robot.ProposedNames().size(), 1);
     QCOMPARE(test_->robot.Boxes().size(), 0);
 }
@@ -593,7 +593,7 @@ void tst_documents::saveAsGoesToTheNewName()
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("old"));
     QCOMPARE(BytesOf(Path("copy.htm")), QByteArray("xold\r\n"));
     QCOMPARE(test_->DocumentName(), Path("copy.htm"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     test_->Type("y");
     test_->Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(BytesOf(Path("copy.htm")), QByteArray("xyold\r\n"));
@@ -703,7 +703,7 @@ void tst_documents::savingLeavesTheCaretAndUndo()
     QCOMPARE(test_->Editor()->SelStart(), qsizetype(7));
     test_->Press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::failedSaveKeepsEverything_data()
@@ -750,7 +750,7 @@ void tst_documents::failedSaveKeepsEverything()
     QVERIFY(!box.text.isEmpty());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
     QCOMPARE(test_->DocumentName(), Path("pages/page.htm"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::failedWriteLeavesTheOldFile()
@@ -763,7 +763,7 @@ void tst_documents::failedWriteLeavesTheOldFile()
     test_->Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(BytesOf(Path("file.txt")), QByteArray("old"));
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::savingEndsTheHourglass()
@@ -803,7 +803,7 @@ void tst_documents::promptClosedByEscIsCancelled()
     test_->Press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(test_->robot.Boxes().size(), 1);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::promptSavesTheNewDocumentWhereTheUserSays()
@@ -817,7 +817,7 @@ void tst_documents::promptSavesTheNewDocumentWhereTheUserSays()
     QCOMPARE(BytesOf(Path("saved.htm")), QByteArray("x\r\n"));
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
     QCOMPARE(test_->Editor()->Text(), QString());
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_documents::promptsCancelledSaveDialogStops()
@@ -828,7 +828,7 @@ void tst_documents::promptsCancelledSaveDialogStops()
     test_->window.close();
     QVERIFY(test_->window.isVisible());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::promptsFailedSaveKeepsTheDocument()
@@ -842,7 +842,7 @@ void tst_documents::promptsFailedSaveKeepsTheDocument()
     QCOMPARE(test_->robot.Boxes().at(1).title, QStringLiteral("Cartolen"));
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
     QCOMPARE(test_->DocumentName(), Path("pages/page.htm"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 using Command = std::function<void(MainWindowFixture&)>;
@@ -891,7 +891,7 @@ void tst_documents::menuAndToolbarRunTheSameCommands()
     test_->Type("x");
     save(*test_);
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("xold\r\n"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     makeNew(*test_);
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
     QCOMPARE(test_->Editor()->Text(), QString());

@@ -176,7 +176,7 @@ void tst_editing::cutMovesTheSelectionToTheClipboard()
     QCOMPARE(ClipboardText(), QStringLiteral("b\nc"));
     QCOMPARE(Editor()->Text(), QStringLiteral("ad"));
     QCOMPARE(Editor()->SelStart(), qsizetype(1));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("ab\r\ncd"));
 }
 
@@ -188,7 +188,7 @@ void tst_editing::copyPutsTheSelectionOnTheClipboard()
     QCOMPARE(ClipboardText(), QStringLiteral("b\nc"));
     QCOMPARE(Editor()->Text(), QStringLiteral("ab\r\ncd"));
     QCOMPARE(Editor()->SelText(), QStringLiteral("b\r\nc"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_editing::pasteReplacesTheSelection()
@@ -200,7 +200,7 @@ void tst_editing::pasteReplacesTheSelection()
     QCOMPARE(Editor()->SelStart(), qsizetype(6));
     QCOMPARE(Editor()->SelLength(), qsizetype(0));
     QCOMPARE(ClipboardText(), QStringLiteral("older"));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("abcd"));
 }
 
@@ -223,8 +223,8 @@ void tst_editing::skeletonMakesAPage()
     QCOMPARE(Editor()->SelLength(), qsizetype(0));
     test_->Type("x");
     QVERIFY(Editor()->Text().contains(u"<BODY>\r\nx\r\n</BODY>"));
-    test_->window.UndoEdit();
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QString());
 }
 
@@ -255,19 +255,19 @@ void tst_editing::nothingSelectedEmptiesTheClipboard()
     QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasImage());
     QCOMPARE(Editor()->Text(), QStringLiteral("abc"));
     QCOMPARE(Editor()->SelStart(), qsizetype(1));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_editing::clipboardCarriesTheCharactersOfTheCodePage()
 {
     const QString text = AnsiCodePage::Decode(EveryByte());
     Editor()->LoadText(text);
-    test_->window.mnuESelectAll_Click();
-    test_->window.CutText();
+    test_->window.Source().selectAll();
+    test_->window.Source().CutText();
     QCOMPARE(ClipboardText(), QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     QCOMPARE(Editor()->Text(), QString());
-    test_->window.PasteText();
-    test_->window.PasteText();
+    test_->window.Source().PasteText();
+    test_->window.Source().PasteText();
     QCOMPARE(Editor()->Text(), QString(text + text));
 }
 
@@ -278,7 +278,7 @@ void tst_editing::clipboardCarriesPlainTextOnly()
     QTextCharFormat format;
     format.setFontWeight(QFont::Bold);
     Editor()->SetSelFormat(format);
-    test_->window.CopyText();
+    test_->window.Source().CopyText();
     QCOMPARE(QGuiApplication::clipboard()->mimeData()->formats().join(u' '), QStringLiteral("text/plain"));
 }
 
@@ -381,7 +381,7 @@ void tst_editing::deleteTakesWhatIsBehindTheCaret()
         QCOMPARE(Editor()->SelStart(), qsizetype(caret));
         QCOMPARE(ClipboardText(), QStringLiteral("older"));
     }
-    QCOMPARE(test_->window.DocumentChanged(), expected != text);
+    QCOMPARE(test_->window.File().IsChanged(), expected != text);
 }
 
 void tst_editing::deleteTakesTheSelection_data()
@@ -413,7 +413,7 @@ void tst_editing::deleteIsOneStepOfUndo()
     Editor()->LoadText(QStringLiteral("ab\r\ncd"));
     Editor()->Select(2, 0);
     test_->Press(Qt::Key_Delete);
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("ab\r\ncd"));
 }
 
@@ -470,7 +470,7 @@ void tst_editing::selectAllTakesTheWholeText()
     QCOMPARE(Editor()->SelStart(), qsizetype(0));
     QCOMPARE(Editor()->SelLength(), text.size());
     QCOMPARE(Editor()->SelText(), text);
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_editing::caseOfTheSelectionIsChanged_data()
@@ -492,7 +492,7 @@ void tst_editing::caseOfTheSelectionIsChanged()
     QCOMPARE(Editor()->SelStart(), text.size() - 1);
     QCOMPARE(Editor()->SelLength(), qsizetype(0));
     QCOMPARE(ClipboardText(), QStringLiteral("older"));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), text);
 }
 
@@ -533,7 +533,7 @@ void tst_editing::caseWithoutASelectionChangesNothing()
     ClickEntry(QTest::currentDataTag());
     QCOMPARE(Editor()->Text(), QStringLiteral("abCD"));
     QCOMPARE(Editor()->SelStart(), qsizetype(caret));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_editing::skeletonReplacesTheSelection()
@@ -543,7 +543,7 @@ void tst_editing::skeletonReplacesTheSelection()
     ClickEntry("mnuICustomHTML");
     QCOMPARE(Editor()->Text(), QString(u"before\r\n" + skeleton + u"\r\nafter"));
     QCOMPARE(Editor()->SelStart(), qsizetype(60));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("before\r\nselected\r\nafter"));
 }
 
@@ -554,7 +554,7 @@ void tst_editing::skeletonIsPutInAtTheCaret()
     ClickEntry("mnuICustomHTML");
     QCOMPARE(Editor()->Text(), QString(text + skeleton));
     QCOMPARE(Editor()->SelStart(), qsizetype(60));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), text);
 }
 
@@ -577,9 +577,9 @@ void tst_editing::mapIsOneStepOfUndo()
 {
     test_->Type("ab");
     Editor()->Select(1, 1);
-    test_->window.InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n"));
+    test_->window.Page().InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n"));
     QCOMPARE(Editor()->Text(), QStringLiteral("a<MAP>\r\n</MAP>\r\n"));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("ab"));
 }
 
@@ -600,9 +600,9 @@ void tst_editing::everyCommandMarksTheDocumentAsChanged()
     QFETCH(const bool, isChanging);
     Editor()->LoadText(QStringLiteral("abc"));
     Editor()->Select(0, 2);
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     ClickEntry(QTest::currentDataTag());
-    QCOMPARE(test_->window.DocumentChanged(), isChanging);
+    QCOMPARE(test_->window.File().IsChanged(), isChanging);
 }
 
 QTEST_MAIN(tst_editing)

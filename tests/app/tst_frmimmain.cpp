@@ -417,10 +417,10 @@ void tst_frmimmain::loadingStartsWithAnEmptyNewDocument()
     QVERIFY(test_->Start());
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
     QCOMPARE(test_->Editor()->Text(), QString());
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QVERIFY(!test_->folder.imgMap.ContinueAction);
     test_->Type("x");
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_frmimmain::loadingListsTheSavedLinks()
@@ -680,7 +680,7 @@ void tst_frmimmain::imageMapEditorOpensBy()
     QCOMPARE(editor->parentWidget(), &test_->window);
     QTRY_VERIFY(QApplication::overrideCursor() == nullptr);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("text"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_frmimmain::imageMapEditorIsOpenedOnlyOnce()
@@ -737,11 +737,11 @@ void tst_frmimmain::mapGoesIntoTheDocumentAtTheCaret()
     QVERIFY(test_->Start());
     test_->Editor()->LoadText(QStringLiteral("a\r\n[old]\r\nb"));
     test_->Editor()->Select(3, 5);
-    DocumentSink& document = test_->window;
+    DocumentSink& document = test_->window.Page();
     QCOMPARE(document.InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n")), 2);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("a\r\n<MAP>\r\n</MAP>\r\n\r\nb"));
     QCOMPARE(test_->Editor()->SelStart(), qsizetype(18));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 using Act = std::function<void(MainWindowFixture&)>;
@@ -792,7 +792,7 @@ void tst_frmimmain::closingAsksWhenTheDocumentHasChanged()
     } else {
         test_->Press(Qt::Key_E, Qt::ControlModifier);
         QVERIFY(!test_->folder.imgMap.ContinueAction);
-        QVERIFY(test_->window.DocumentChanged());
+        QVERIFY(test_->window.File().IsChanged());
         QCOMPARE(test_->DocumentName(), path);
         QCOMPARE(test_->Editor()->Text(), QStringLiteral("oldx\r\n"));
     }

@@ -1,7 +1,7 @@
 #include "tests/support/WidgetDriving.h"
 
-#include "app/IndentRules.h"
 #include "app/frmMapOptions.h"
+#include "app/rules/IndentRules.h"
 #include "tests/app/MainWindowFixture.h"
 
 #include <QGroupBox>
@@ -398,7 +398,7 @@ void tst_frmmapoptions::indentationLeavesTheDocumentAlone()
     ChooseOption("optNoWordWrap");
     ClickOk();
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QVERIFY(!test_->Editor()->document()->isUndoAvailable());
 }
 

@@ -1,7 +1,7 @@
 #include "tests/support/WidgetDriving.h"
 
-#include "app/ShellErrors.h"
-#include "app/TemporaryCopy.h"
+#include "app/rules/ShellErrors.h"
+#include "app/rules/TemporaryCopy.h"
 #include "tests/app/MainWindowFixture.h"
 #include "tests/support/Icons.h"
 
@@ -179,11 +179,11 @@ void tst_launching::savedDocumentsCopyLiesBesideIt()
     QVERIFY(WriteBytes(test_->folder.Path(QStringLiteral("page.htm")), "saved"));
     test_->Open(test_->folder.Path(QStringLiteral("page.htm")));
     test_->Type("un");
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     const QString copy = test_->folder.Path(QStringLiteral("page_Temp.html"));
     QCOMPARE(test_->desktop.Requests.constFirst().Target, Native(copy));
     QCOMPARE(BytesOf(copy), QByteArray("unsaved\r\n"));
-    test_->window.PrintDocument();
+    test_->window.Outside().PrintDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("page_Temp.txt"))), QByteArray("unsaved\r\n"));
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("page.htm"))), QByteArray("saved"));
 }
@@ -194,7 +194,7 @@ void tst_launching::copyOfADocumentInAFolderWithADotLiesBesideThatFolder()
     const QString path = test_->folder.Path(QStringLiteral("my.site/page.htm"));
     QVERIFY(WriteBytes(path, "text"));
     test_->Open(path);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("my_Temp.html"))), QByteArray("text\r\n"));
 }
 
@@ -203,15 +203,15 @@ void tst_launching::copyHoldsEveryCharacter()
     const QString path = test_->folder.Path(QStringLiteral("page.htm"));
     QVERIFY(WriteBytes(path, EveryByte()));
     test_->Open(path);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("page_Temp.html"))), EveryByte() + "\r\n");
 }
 
 void tst_launching::copyingLeavesTheDocumentAsItIs()
 {
     Fill(QStringLiteral("x"));
-    test_->window.PreviewDocument();
-    QVERIFY(test_->window.DocumentChanged());
+    test_->window.Outside().PreviewDocument();
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
     QVERIFY(QApplication::overrideCursor() == nullptr);
@@ -220,10 +220,10 @@ void tst_launching::copyingLeavesTheDocumentAsItIs()
 void tst_launching::copyIsWrittenAgainEveryTime()
 {
     Fill(QStringLiteral("a long first text"));
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     test_->Editor()->Select(0, test_->Editor()->TextLength());
     Fill(QStringLiteral("short"));
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("Temp/Temp001.html"))), QByteArray("short\r\n"));
 }
 
@@ -256,7 +256,7 @@ void tst_launching::missingTempFolderIsToldTwice()
     Fill(QStringLiteral("x"));
     test_->robot.AnswerBox(QMessageBox::Ok);
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(test_->robot.Boxes().size(), 2);
     QCOMPARE(test_->robot.Boxes()[0].icon, QMessageBox::Warning);
     QVERIFY(!test_->robot.Boxes()[0].text.isEmpty());
@@ -271,7 +271,7 @@ void tst_launching::olderCopyIsLaunchedWhenItCannotBeWritten()
     QVERIFY(QDir().mkpath(copy)); // a folder cannot be written over
     Fill(QStringLiteral("x"));
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(test_->robot.Boxes().constFirst().icon, QMessageBox::Warning);
     QCOMPARE(test_->desktop.Requests.size(), 1);
     QCOMPARE(test_->desktop.Requests.constFirst().Target, Native(copy));
@@ -286,7 +286,7 @@ void tst_launching::missingFolderOfADocumentIsAMissingPath()
     test_->desktop.Code = shellPathNotFound;
     test_->robot.AnswerBox(QMessageBox::Ok);
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(test_->robot.Boxes()[1].text, QStringLiteral("Path not found"));
 }
 
@@ -311,7 +311,7 @@ void tst_launching::failedLaunchIsTold()
     if (boxes > 0) {
         test_->robot.AnswerBox(QMessageBox::Ok);
     }
-    test_->window.PrintDocument();
+    test_->window.Outside().PrintDocument();
     QCOMPARE(test_->robot.Boxes().size(), boxes);
     if (boxes > 0) {
         QCOMPARE(test_->robot.Boxes().constFirst().text, ShellErrorText(code));
@@ -330,7 +330,7 @@ void tst_launching::lateFailureOfAClosedWindowIsNotTold()
     } late;
     {
         frmIMmain window(test_->folder.imgMap, test_->folder.map, late);
-        window.OpenHomePage();
+        window.Outside().OpenHomePage();
     }
     QVERIFY(late.report_);
     late.report_(shellNoAssociation);
@@ -381,7 +381,7 @@ void tst_launching::homePageThatCannotBeOpenedIsTold()
 {
     test_->desktop.Code = shellNoAssociation;
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.OpenHomePage();
+    test_->window.Outside().OpenHomePage();
     QCOMPARE(test_->robot.Boxes().constFirst().text, QStringLiteral("No association for this file"));
 }
 
@@ -400,7 +400,7 @@ void tst_launching::aboutIsABoxOfOurOwnWhereTheSystemHasNone()
 {
     test_->desktop.HasAboutBox = false;
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.ShowAbout();
+    test_->window.Outside().ShowAbout();
     const DialogRobot::SeenBox& box = test_->robot.Boxes().constFirst();
     QCOMPARE(box.title, QStringLiteral("About"));
     QCOMPARE(box.text, QStringLiteral("Cartolen\nV4.0\nMade by the Cartolen authors"));
@@ -412,7 +412,7 @@ void tst_launching::missingPathOfAnAddressIsToldAsSuch()
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
     test_->desktop.Code = shellPathNotFound;
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.OpenHomePage();
+    test_->window.Outside().OpenHomePage();
     QCOMPARE(test_->robot.Boxes().constFirst().text, QStringLiteral("Path not found"));
 }
 
@@ -431,7 +431,7 @@ void tst_launching::ownAboutBoxShowsLogoLicenceAndHomePage()
         Q_EMIT information->linkActivated(QStringLiteral("https://cartolen.example/"));
         QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
     });
-    test_->window.ShowAbout();
+    test_->window.Outside().ShowAbout();
     QVERIFY2(details.contains(u"MIT"), qPrintable(details));
     QVERIFY2(details.contains(u"href=\"https://cartolen.example/\""), qPrintable(details));
     QVERIFY(logo.width() >= 64);

@@ -125,7 +125,7 @@ void tst_quicktags::droppedTagGoesInAtTheCaretWhereverThePointerIs()
     DragToEditor(label.constData(), place);
     QCOMPARE(Editor()->Text(), expected);
     QCOMPARE(Editor()->SelStart(), 1 + expected.size() - 8);
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->Preview(), QStringLiteral("<B>|</B>"));
 }
 
@@ -142,7 +142,7 @@ void tst_quicktags::droppedTagIsOneStepOfUndo()
 {
     Editor()->Select(1, 5);
     DragToEditor("lblQTagsO", Middle());
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
 }
 
@@ -194,7 +194,7 @@ void tst_quicktags::labelWithoutATagStartsNoDrag()
           [this] { Release(Editor()->viewport(), Middle()); } });
     QVERIFY(!isDragging);
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_quicktags::escapeCancelsTheDrag()
@@ -204,7 +204,7 @@ void tst_quicktags::escapeCancelsTheDrag()
                        [this] { QTest::keyClick(test_->window.windowHandle(), Qt::Key_Escape); },
                        [this] { Release(Editor()->viewport(), Middle()); } });
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_quicktags::tagDroppedElsewhereIsGone_data()
@@ -224,7 +224,7 @@ void tst_quicktags::tagDroppedElsewhereIsGone()
                        [this, widget] { Move(widget, widget->rect().center()); },
                        [this, widget] { Release(widget, widget->rect().center()); } });
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_quicktags::releaseWithoutMovingInsertsNothing()
@@ -286,7 +286,7 @@ void tst_quicktags::selectedTextIsNotMovedByDragging()
     QTest::qWait(100);
     Release(Editor()->viewport(), Middle());
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 QTEST_MAIN(tst_quicktags)

@@ -147,7 +147,7 @@ void tst_tagtree::clickInsertsNothing()
 {
     test_->Click(test_->Node(QStringLiteral("C604")));
     QCOMPARE(test_->Editor()->Text(), QString());
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 /** Double-clicks the item with `selected` selected in a line; tells what is not as it should be. */
@@ -181,7 +181,7 @@ QString tst_tagtree::AfterDoubleClick(const ExpectedTag& tag, const QString& sel
     check(QGuiApplication::clipboard()->text() == selected, QGuiApplication::clipboard()->text());
     check(test_->Preview() == tag.opening + u'|' + tag.closing, test_->Preview());
     check(change.count() > 0, QStringLiteral("no change told"));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     check(editor->Text() == text, u"undone: " + editor->Text());
     return problems.isEmpty() ? QString() : tag.key + u": " + problems.join(u", ");
 }
@@ -238,7 +238,7 @@ void tst_tagtree::doubleClickKeepsTheSelectedText()
     QCOMPARE(editor->Text(), QString(u"a\r\n<B>" + selected + u"</B>d"));
     QCOMPARE(editor->SelStart(), qsizetype(6));
     QCOMPARE(QGuiApplication::clipboard()->text(), carried);
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(editor->Text(), QString(u"a\r\n" + selected + u"d"));
 
     // One without a caret of its own leaves it behind the selection.
@@ -281,7 +281,7 @@ void tst_tagtree::doubleClickWithAnotherButtonInsertsNothing()
     const QPoint place = test_->PlaceOf(bold);
     QTest::mouseDClick(test_->Tree()->viewport(), button, {}, place);
     QCOMPARE(test_->Editor()->Text(), QString());
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     // The next one of the left button works.
     QTest::mouseDClick(test_->Tree()->viewport(), Qt::LeftButton, {}, place);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("<B></B>"));
@@ -309,7 +309,7 @@ void tst_tagtree::doubleClickOnACategoryOnlyOpensIt()
     QCOMPARE(editor->Text(), QStringLiteral("abc"));
     QCOMPARE(editor->SelText(), QStringLiteral("b"));
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("older"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_tagtree::everyInsertionIsAStepOfUndoOfItsOwn()
@@ -331,9 +331,9 @@ void tst_tagtree::everyInsertionIsAStepOfUndoOfItsOwn()
 
 void tst_tagtree::insertionMarksTheDocumentAsChanged()
 {
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     test_->DoubleClick(test_->Node(QStringLiteral("C4")));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("TYPE"));
 }
 
@@ -351,7 +351,7 @@ void tst_tagtree::insertionIntoALargeDocument()
     QVERIFY(
         editor->Text() ==
         text.left(start) + u"<DIV>" + line + line + u"</DIV>" + text.mid(start + line.size() * 2));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QVERIFY(editor->Text() == text);
 }
 
@@ -377,7 +377,7 @@ void tst_tagtree::enterInsertsAsADoubleClickDoes()
     QCOMPARE(editor->SelStart(), qsizetype(4));
     QVERIFY(editor->hasFocus());
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("b"));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(editor->Text(), QStringLiteral("abc"));
 }
 
@@ -391,7 +391,7 @@ void tst_tagtree::enterOpensAndClosesACategory()
     QTest::keyClick(test_->Tree(), Qt::Key_Return);
     QVERIFY(!fonts->isExpanded());
     QCOMPARE(test_->Editor()->Text(), QString());
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_tagtree::enterWithNothingSelectedInsertsNothing()
@@ -399,7 +399,7 @@ void tst_tagtree::enterWithNothingSelectedInsertsNothing()
     test_->Tree()->setFocus();
     QTest::keyClick(test_->Tree(), Qt::Key_Return);
     QCOMPARE(test_->Editor()->Text(), QString());
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_tagtree::enterInsertsWhatIsShownAfterAClickBesideIt()

@@ -98,7 +98,7 @@ Cost CostOfTag(const QByteArray& page)
                 editor->Select(word, 4);
                 Q_EMIT tree->itemDoubleClicked(bold, 0);
                 QCoreApplication::processEvents();
-                window.UndoEdit();
+                window.Source().undo();
             }
         },
         tags);

@@ -384,7 +384,7 @@ void tst_closing::cancelledEndLeavesTheProgramUsable()
         }
     });
     QVERIFY(test_->window.isVisible());
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
     test_->Type("y");
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xy"));

@@ -131,7 +131,7 @@ void tst_failingstorage::OpenPage(const QByteArray& bytes)
     QVERIFY(WriteBytes(Path("pages/page.htm"), bytes));
     test_->Open(Path("pages/page.htm"));
     test_->Type("x");
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_failingstorage::everyCallOfASaveMayFail_data()
@@ -167,7 +167,7 @@ void tst_failingstorage::everyCallOfASaveMayFail()
         // Always changed: a key more, and the same one away.
         test_->Type("y");
         test_->Press(Qt::Key_Backspace);
-        QVERIFY(test_->window.DocumentChanged());
+        QVERIFY(test_->window.File().IsChanged());
         bool isTold = false;
         test_->robot.Act([&isTold](QDialog& dialog) {
             isTold = true;
@@ -176,7 +176,7 @@ void tst_failingstorage::everyCallOfASaveMayFail()
         });
         FailingSystem::Watch(Path("pages"));
         FailingSystem::Fail(call, error, isLasting);
-        test_->window.SaveDocument();
+        test_->window.Documents().SaveDocument();
         isFailing = isTold || FailingSystem::Stop() > call;
         if (!isTold) {
             test_->robot.TakeBack();
@@ -184,7 +184,7 @@ void tst_failingstorage::everyCallOfASaveMayFail()
         const QByteArray now = BytesOf(Path("pages/page.htm"));
         const QByteArray wanted = isTold ? old : "x" + old + "\r\n";
         QVERIFY2(now == wanted, qPrintable(QStringLiteral("call %1, told %2").arg(call).arg(isTold)));
-        QCOMPARE(test_->window.DocumentChanged(), isTold);
+        QCOMPARE(test_->window.File().IsChanged(), isTold);
         QCOMPARE(test_->Editor()->TextLength(), old.size() + 1);
         QCOMPARE(Names(), names);
         QVERIFY2(call < 100, "a save takes no hundred calls");
@@ -212,7 +212,7 @@ void tst_failingstorage::diskThatTellsLateThatItIsFullKeepsTheOldFile()
     QCOMPARE(test_->robot.Boxes().constFirst().text, QString::fromLocal8Bit(std::strerror(error)));
     QCOMPARE(BytesOf(Path("pages/page.htm")), QByteArray("old"));
     QCOMPARE(Names(), QStringList(QStringLiteral("page.htm")));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_failingstorage::diskThatCannotBeWaitedForIsNoError()
@@ -268,7 +268,7 @@ void tst_failingstorage::everyCallOfAPreviewMayFail()
         });
         FailingSystem::Watch(Path("Temp"));
         FailingSystem::Fail(call, ENOSPC, true);
-        test_->window.PreviewDocument();
+        test_->window.Outside().PreviewDocument();
         isFailing = isTold || FailingSystem::Stop() > call;
         if (!isTold) {
             test_->robot.TakeBack();
@@ -295,7 +295,7 @@ void tst_failingstorage::everyCallOfOpeningMayFail()
         });
         FailingSystem::Watch(Path("pages"));
         FailingSystem::Fail(call, EIO, true);
-        test_->window.OpenDocument();
+        test_->window.Documents().OpenDocument();
         isFailing = isTold || FailingSystem::Stop() > call;
         if (!isTold) {
             test_->robot.TakeBack();
@@ -346,7 +346,7 @@ void tst_failingstorage::diskFullAtAnyPlaceLeavesTheOldFile()
     QCOMPARE(test_->robot.Boxes().constFirst().text, QString::fromLocal8Bit(std::strerror(EFBIG)));
     QVERIFY(BytesOf(Path("pages/page.htm")) == old);
     QCOMPARE(Names(), names);
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     test_->Press(Qt::Key_S, Qt::ControlModifier);
     QVERIFY(BytesOf(Path("pages/page.htm")) == "x" + old + "\r\n");
 }
@@ -416,7 +416,7 @@ void tst_failingstorage::smallDiskTakesWhatFitsAndTellsOfTheRest()
     QCOMPARE(test_->robot.Boxes().size(), 1);
     QCOMPARE(test_->robot.Boxes().constFirst().text, QString::fromLocal8Bit(std::strerror(ENOSPC)));
     QVERIFY(BytesOf(path) == old);
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(QDir(Path("disk")).entryList(QDir::Files | QDir::Hidden).size(), isInPlace ? 3 : 1);
 }
 

@@ -183,7 +183,7 @@ void tst_strangefiles::TextIsKept(const QString& path)
 {
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
     QCOMPARE(test_->DocumentName(), path);
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 /** Everything that a name can stand for without being a file. */
@@ -316,7 +316,7 @@ void tst_strangefiles::pipeThatNobodyEmptiesDoesNotHangTheWindow()
     close(reader);
     QCOMPARE(test_->robot.Boxes().size(), 1);
     QCOMPARE(test_->Editor()->TextLength(), qsizetype(700'001));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_strangefiles::pipeThatIsReadGetsTheText()
@@ -330,7 +330,7 @@ void tst_strangefiles::pipeThatIsReadGetsTheText()
     received.truncate(std::max<ssize_t>(read(reader, received.data(), std::size_t(received.size())), 0));
     close(reader);
     QCOMPARE(received, QByteArray("xold\r\n"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_strangefiles::linksFileThatIsAPipeIsNotWaitedFor()
