@@ -1,12 +1,10 @@
 #include "tests/support/WidgetDriving.h"
 
 #include "app/rules/ShellErrors.h"
-#include "app/rules/TemporaryCopy.h"
-#include "tests/app/MainWindowFixture.h"
+#include "tests/app/LaunchingFixture.h"
 #include "tests/support/Icons.h"
 
 #include <QDir>
-#include <memory>
 
 namespace {
 
@@ -17,18 +15,13 @@ QString Native(const QString& path)
 
 } // namespace
 
-class tst_launching : public QObject
+class tst_launching : public LaunchingFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
-    void errorCodesHaveTheirTexts_data();
-    void errorCodesHaveTheirTexts();
-    void copyReplacesWhatFollowsTheFirstDot_data();
-    void copyReplacesWhatFollowsTheFirstDot();
+    void init() { Start(); }
+    void cleanup() { Finish(); }
 
     void commandWritesACopyAndHandsItOver_data();
     void commandWritesACopyAndHandsItOver();
@@ -55,83 +48,7 @@ private Q_SLOTS:
     void missingPathOfAnAddressIsToldAsSuch();
     void aboutIsABoxOfOurOwnWhereTheSystemHasNone();
     void ownAboutBoxShowsLogoLicenceAndHomePage();
-
-private:
-    void Fill(const QString& text);
-
-    std::unique_ptr<MainWindowFixture> test_;
 };
-
-void tst_launching::init()
-{
-    test_ = std::make_unique<MainWindowFixture>();
-    QVERIFY(test_->Start());
-}
-
-void tst_launching::cleanup()
-{
-    QCOMPARE(test_->robot.Problems(), QString());
-    test_.reset();
-}
-
-void tst_launching::Fill(const QString& text)
-{
-    test_->Editor()->ReplaceSelection(text);
-}
-
-void tst_launching::errorCodesHaveTheirTexts_data()
-{
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("text");
-    const auto row = [](int code, const char* text) {
-        QTest::addRow("%d", code) << code << QString::fromLatin1(text);
-    };
-    row(0, "Memory Error");
-    row(2, "File not found");
-    row(3, "Path not found");
-    row(5, "Access Denied");
-    row(8, "Out of Memory");
-    row(11, "Bad Executeable Format");
-    row(26, "Sharing violation");
-    row(27, "Association incomplete");
-    row(28, "DEE time out");
-    row(29, "DDE failed");
-    row(30, "DDE Busy error");
-    row(31, "No association for this file");
-    for (const int other : { -1, 1, 4, 6, 7, 9, 10, 12, 25, 32 }) {
-        row(other, "Unknown Error!, Please try again...");
-    }
-}
-
-void tst_launching::errorCodesHaveTheirTexts()
-{
-    QFETCH(const int, code);
-    QTEST(ShellErrorText(code), "text");
-}
-
-void tst_launching::copyReplacesWhatFollowsTheFirstDot_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("copy");
-    QTest::newRow("page") << "C:\\web\\page.htm"
-                          << "C:\\web\\page_Temp.html";
-    QTest::newRow("folder with a dot") << "C:\\my.site\\page.htm"
-                                       << "C:\\my_Temp.html";
-    QTest::newRow("two dots") << "/a/b.c.htm"
-                              << "/a/b_Temp.html";
-    QTest::newRow("no dot") << "/a/page"
-                            << "_Temp.html";
-    QTest::newRow("dot first") << ".page"
-                               << "_Temp.html";
-    QTest::newRow("hidden folder") << "/a/.b/page.htm"
-                                   << "/a/_Temp.html";
-}
-
-void tst_launching::copyReplacesWhatFollowsTheFirstDot()
-{
-    QFETCH(const QString, path);
-    QTEST(TemporaryCopyOf(path, QStringLiteral("html")), "copy");
-}
 
 using Act = std::function<void(MainWindowFixture&)>;
 

@@ -81,8 +81,12 @@ void tst_quicktags::DragFrom(const char* label, const QList<Step>& steps)
     // The drag has an event loop of its own, in which these come due.
     QObject context;
     int delay = 0;
+    qsizetype done = 0;
     for (const Step& step : steps) {
-        QTimer::singleShot(delay += 20, &context, step);
+        QTimer::singleShot(delay += 20, &context, [&done, step] {
+            step();
+            ++done;
+        });
     }
     bool isStuck = false;
     QTimer::singleShot(delay + 3000, &context, [&isStuck] {
@@ -92,7 +96,8 @@ void tst_quicktags::DragFrom(const char* label, const QList<Step>& steps)
     auto* const source = test_->Find<QLabel>(label);
     QTest::mousePress(
         test_->window.windowHandle(), Qt::LeftButton, {}, source->mapTo(&test_->window, QPoint(5, 5)));
-    QTest::qWait(delay + 60);
+    QTRY_COMPARE(done, steps.size());
+    QCoreApplication::processEvents();
     QVERIFY(!isStuck);
 }
 
@@ -278,12 +283,16 @@ void tst_quicktags::selectedTextIsNotMovedByDragging()
     const QPoint from = Editor()->cursorRect(first).center();
     QObject context;
     QTimer::singleShot(30, &context, [this] { Move(Editor()->viewport(), Middle()); });
-    QTimer::singleShot(60, &context, [this] { Release(Editor()->viewport(), Middle()); });
+    bool isReleased = false;
+    QTimer::singleShot(60, &context, [this, &isReleased] {
+        Release(Editor()->viewport(), Middle());
+        isReleased = true;
+    });
     QTest::mousePress(
         test_->window.windowHandle(), Qt::LeftButton, {}, Editor()->viewport()->mapTo(&test_->window, from));
-    QTest::qWait(600);
+    QTRY_VERIFY(isReleased);
     Move(Editor()->viewport(), from + QPoint(30, 40));
-    QTest::qWait(100);
+    QCoreApplication::processEvents();
     Release(Editor()->viewport(), Middle());
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
     QVERIFY(!test_->window.File().IsChanged());
