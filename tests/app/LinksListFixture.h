@@ -2,6 +2,8 @@
 
 #include "tests/support/WidgetDriving.h"
 
+#include "tests/app/MainWindowFixture.h"
+
 #include <QListWidget>
 #include <QTabWidget>
 #include <memory>

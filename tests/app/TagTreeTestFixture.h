@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/app/TagTreeDriving.h"
+
 #include <QSignalSpy>
 #include <memory>
 

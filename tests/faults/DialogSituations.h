@@ -28,7 +28,7 @@ inline void ClickEditorButton(int position)
 }
 
 /** Opens the image map editor with a picture; nothing of it is drawn on. */
-inline inline void OpenEditor(MainWindowFixture& test)
+inline void OpenEditor(MainWindowFixture& test)
 {
     test.Press(Qt::Key_I, Qt::ControlModifier);
     if (Editor() == nullptr || !QTest::qWaitForWindowActive(Editor())) {
@@ -49,7 +49,7 @@ inline void DrawRectangle()
 }
 
 /** Draws a rectangle and gives it a link. */
-inline inline void MakeArea(MainWindowFixture& test)
+inline void MakeArea(MainWindowFixture& test)
 {
     OpenEditor(test);
     test.robot.Act([](QDialog& dialog) {
@@ -92,7 +92,7 @@ struct Situation
 inline void Nothing(MainWindowFixture&) {}
 
 /** Dialogs of the main window, while no text would be lost. */
-inline inline QList<Situation> MainWindowDialogs()
+inline QList<Situation> MainWindowDialogs()
 {
     return {
         { "Open", Nothing, [](auto& test) { test.Press(Qt::Key_O, Qt::ControlModifier); } },
@@ -106,7 +106,7 @@ inline inline QList<Situation> MainWindowDialogs()
 }
 
 /** Dialogs of the image map editor, while there is no area, or the one that the dialog is about. */
-inline inline QList<Situation> EditorDialogs()
+inline QList<Situation> EditorDialogs()
 {
     const auto draw = [](MainWindowFixture&) { DrawRectangle(); };
     const auto clickOk = [](QDialog& dialog) { ClickIn(&dialog, "SSCmdOK"); };
@@ -136,7 +136,7 @@ inline inline QList<Situation> EditorDialogs()
 }
 
 /** Dialogs of the image map editor, while there is an area. */
-inline inline QList<Situation> AreaDialogs()
+inline QList<Situation> AreaDialogs()
 {
     return {
         { "whether to delete the map", MakeArea, [](auto&) { ClickEditorButton(18); } },
@@ -163,7 +163,7 @@ inline inline QList<Situation> AreaDialogs()
 }
 
 /** What Qt does when the desktop tells the program to end. */
-inline inline void QuitProgram(MainWindowFixture&)
+inline void QuitProgram(MainWindowFixture&)
 {
     QEvent quit(QEvent::Quit);
     QCoreApplication::sendEvent(qApp, &quit);
