@@ -1,7 +1,7 @@
 // The desktop of Linux and its like: the tools that every such desktop brings along.
 
 #include "app/Desktop.h"
-#include "app/ShellErrors.h"
+#include "app/rules/ShellErrors.h"
 #include "shared/AnsiCodePage.h"
 
 #include <QDir>

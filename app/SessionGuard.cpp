@@ -14,13 +14,13 @@ SessionGuard::SessionGuard(frmIMmain& mainWindow)
 
 void SessionGuard::CommitData(QSessionManager& session)
 {
-    if (!mainWindow_.DocumentChanged() || !session.allowsInteraction()) {
+    if (!mainWindow_.File().IsChanged() || !session.allowsInteraction()) {
         return;
     }
     if (QApplication::activeModalWidget() == nullptr) {
         (void)mainWindow_.QueryUnload();
     }
-    if (mainWindow_.DocumentChanged()) {
+    if (mainWindow_.File().IsChanged()) {
         session.cancel();
     } else {
         session.release();

@@ -1,9 +1,11 @@
 #include "app/SourceEditor.h"
 
+#include "app/source/SourceRange.h"
+#include "app/source/SourceText.h"
+#include "app/source/WidestLine.h"
 #include "widgets/CommandTable.h"
 #include "widgets/WindowHelpers.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -11,17 +13,12 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QResizeEvent>
-#include <QSignalBlocker>
-#include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
-/** Wider than any window, in pixels. */
-constexpr qreal beyondAnyWindow = 1e6;
 /** So much room stays for the text beside any indentation, in pixels. */
 constexpr int leastTextWidth = 60;
 
@@ -31,107 +28,16 @@ const QLabel* DraggedLabel(const QDropEvent& event)
     return qobject_cast<const QLabel*>(event.source());
 }
 
-bool IsLineEnd(QChar character)
-{
-    return character == u'\n' || character == u'\r';
-}
-
-/** What a document takes for a line end or the edge of a frame of its own, and cannot hold as a character. */
-bool IsOfLayout(QChar character)
-{
-    constexpr char16_t beginningOfFrame = 0xFDD0;
-    constexpr char16_t endOfFrame = 0xFDD1;
-    return character == QChar::LineSeparator || character == QChar::ParagraphSeparator ||
-           character == beginningOfFrame || character == endOfFrame;
-}
-
-/** Whether a document would make something else of `text`. */
-bool IsForDocument(const QString& text)
-{
-    return std::ranges::none_of(text, [](QChar c) { return IsLineEnd(c) || IsOfLayout(c); });
-}
-
-/** How a character outside the code page is saved. */
-constexpr QChar replacement = u'?';
-
-/**
- * `text` as a document can hold it, in one pass over any length: every kind of line end as the one that it
- * takes for a new line, and the characters of its layout as they would be saved.
- */
-QString ForDocument(const QString& text)
-{
-    QString lines(text.size(), Qt::Uninitialized);
-    QChar* to = lines.data();
-    const QChar* const end = text.constEnd();
-    for (const QChar* from = text.constBegin(); from != end; ++from) {
-        if (*from == u'\r' && from + 1 != end && from[1] == u'\n') {
-            continue;
-        }
-        *to++ = IsLineEnd(*from) ? QChar(u'\n') : IsOfLayout(*from) ? replacement : *from;
-    }
-    lines.truncate(to - lines.constData());
-    return lines;
-}
-
-/** A document's own text, in which new lines are paragraph separators, with CR LF line ends. */
-QString WithCrLf(const QString& lines)
-{
-    QString text(lines.size() + lines.count(QChar::ParagraphSeparator), Qt::Uninitialized);
-    QChar* to = text.data();
-    for (const QChar character : lines) {
-        if (character == QChar::ParagraphSeparator) {
-            *to++ = u'\r';
-            *to++ = u'\n';
-        } else {
-            *to++ = character;
-        }
-    }
-    return text;
-}
-
-/** A document's position, which counts a line end as one, in characters of the text. */
-qsizetype TextPosition(const QTextDocument* document, int position)
-{
-    return qsizetype(position) + document->findBlock(position).blockNumber();
-}
-
-/** The document's position of a character of the text; between CR and LF counts as before both. */
-int DocumentPosition(const QTextDocument* document, qsizetype position)
-{
-    const auto start = [document](int number) {
-        return qsizetype(document->findBlockByNumber(number).position()) + number;
-    };
-    int first = 0;
-    int count = document->blockCount();
-    while (count > 1) {
-        const int half = count / 2;
-        if (start(first + half) <= position) {
-            first += half;
-            count -= half;
-        } else {
-            count = half;
-        }
-    }
-    const QTextBlock block = document->findBlockByNumber(first);
-    const qsizetype inBlock = std::clamp<qsizetype>(position - start(first), 0, block.length() - 1);
-    return block.position() + static_cast<int>(inBlock);
-}
-
-/** A number that tells the text of `block` from another; never that of a block without one. */
-int TextMark(const QTextBlock& block)
-{
-    return static_cast<int>(qHash(block.text(), 0) & size_t(std::numeric_limits<int>::max()));
-}
-
 } // namespace
 
 SourceEditor::SourceEditor(QWidget* parent)
     : QPlainTextEdit(parent)
+    , watch_(new EditWatch(document()))
 {
     // The room left by an indentation belongs to the text.
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
-    connect(document(), &QTextDocument::contentsChange, this, &SourceEditor::Document_ContentsChange);
+    connect(watch_, &EditWatch::Edited, this, &SourceEditor::Change);
     LoadText(QString());
 }
 
@@ -142,55 +48,17 @@ QString SourceEditor::Text() const
 
 void SourceEditor::LoadText(const QString& text)
 {
-    isLoading_ = true;
-    LoadLines(ForDocument(text));
-    isLoading_ = false;
-}
-
-void SourceEditor::LoadLines(const QString& lines)
-{
+    const QString lines = ForDocument(text);
+    const EditWatch::Loading loading(*watch_);
     document()->setUndoRedoEnabled(false);
     // A new text would take the look of the old one.
     document()->clear();
     setCurrentCharFormat(QTextCharFormat());
     setPlainText(lines);
-    KeepWidestLine();
-    document()->setUndoRedoEnabled(true);
-}
-
-/**
- * Spares the layout its search for the widest line. When that line gets shorter, the plain text layout looks
- * through all the others for the next widest: a pause at every such key in a large document. Lines wrap at
- * the window's edge, so none is wider than the window; here the layout comes to believe that a line just
- * behind the last is as wide as that, and follows this line's number as others come and go before it.
- */
-void SourceEditor::KeepWidestLine()
-{
-    QTextCharFormat wide;
-    wide.setFontLetterSpacingType(QFont::AbsoluteSpacing);
-    wide.setFontLetterSpacing(beyondAnyWindow);
-    QTextCursor cursor(document());
-    // In a block of edits the cursor does not ask for its place, which would lay out its line.
-    const auto edit = [this, &cursor](const auto& change) {
-        cursor.beginEditBlock();
-        cursor.setPosition(document()->characterCount() - 1);
-        change();
-        cursor.endEditBlock();
-    };
-    {
-        // Nor may the scroll bars, which ask for the last lines.
-        const QSignalBlocker quiet(document()->documentLayout());
-        edit([&cursor] { cursor.insertBlock(); });
-        edit([&cursor, &wide] { cursor.insertText(QStringLiteral("-"), wide); });
-        edit([&cursor] {
-            cursor.setPosition(cursor.position() - 2, QTextCursor::KeepAnchor);
-            cursor.removeSelectedText();
-        });
-        edit([&cursor] { cursor.insertBlock(); });
-        edit([&cursor] { cursor.deletePreviousChar(); });
-    }
+    KeepWidestLine(*document());
     QResizeEvent toThisWidth(viewport()->size(), QSize());
     resizeEvent(&toThisWidth);
+    document()->setUndoRedoEnabled(true);
 }
 
 qsizetype SourceEditor::TextLength() const
@@ -201,12 +69,12 @@ qsizetype SourceEditor::TextLength() const
 
 qsizetype SourceEditor::SelStart() const
 {
-    return TextPosition(document(), textCursor().selectionStart());
+    return TextPosition(*document(), textCursor().selectionStart());
 }
 
 qsizetype SourceEditor::SelLength() const
 {
-    return TextPosition(document(), textCursor().selectionEnd()) - SelStart();
+    return TextPosition(*document(), textCursor().selectionEnd()) - SelStart();
 }
 
 QString SourceEditor::SelText() const
@@ -219,8 +87,8 @@ void SourceEditor::Select(qsizetype start, qsizetype length)
     const qsizetype first = std::clamp<qsizetype>(start, 0, TextLength());
     const qsizetype count = std::clamp<qsizetype>(length, 0, TextLength() - first);
     QTextCursor cursor = textCursor();
-    cursor.setPosition(DocumentPosition(document(), first));
-    cursor.setPosition(DocumentPosition(document(), first + count), QTextCursor::KeepAnchor);
+    cursor.setPosition(DocumentPosition(*document(), first));
+    cursor.setPosition(DocumentPosition(*document(), first + count), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
 }
 
@@ -230,15 +98,37 @@ void SourceEditor::ReplaceSelection(const QString& text)
     if (text.isEmpty() && !cursor.hasSelection()) {
         return; // nothing to undo: what comes next must not join the step before
     }
+    BeginStep(cursor);
+    cursor.insertText(ForDocument(text));
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void SourceEditor::Replace(const QList<TextReplacement>& replacements)
+{
+    if (replacements.isEmpty()) {
+        return; // as in ReplaceSelection()
+    }
+    QTextCursor cursor(document());
+    BeginStep(cursor);
+    ReplaceEach(cursor, replacements);
+    cursor.endEditBlock();
+}
+
+/** Begins a block of edits that is a step of undo of its own, or joins the one that is being made. */
+void SourceEditor::BeginStep(QTextCursor& cursor)
+{
     if (stepStart_ && document()->revision() != *stepStart_) {
         cursor.joinPreviousEditBlock();
     } else {
         cursor.beginEditBlock();
     }
-    cursor.insertText(ForDocument(text));
-    cursor.endEditBlock();
-    setTextCursor(cursor);
-    ensureCursorVisible();
+}
+
+std::unique_ptr<AnchoredRange> SourceEditor::Anchor(const TextSpan& place)
+{
+    return std::make_unique<SourceRange>(document(), watch_, place);
 }
 
 SourceEditor::UndoStep::UndoStep(SourceEditor& editor)
@@ -302,30 +192,6 @@ void SourceEditor::resizeEvent(QResizeEvent* event)
 {
     QPlainTextEdit::resizeEvent(event);
     ShowIndent();
-}
-
-void SourceEditor::Document_ContentsChange(int position, int removed, int added)
-{
-    // Formatting is told as if as much text came as went.
-    const bool isOtherText = RememberText(position, added);
-    if (!isLoading_ && (removed != added || isOtherText)) {
-        Q_EMIT Change();
-    }
-}
-
-/** Marks the blocks of a range by their texts; true when one of them had another text before. */
-bool SourceEditor::RememberText(int position, int length)
-{
-    bool isOtherText = false;
-    QTextBlock block = document()->findBlock(position);
-    for (; block.isValid() && block.position() <= position + length; block = block.next()) {
-        const int mark = TextMark(block);
-        if (block.userState() != mark) {
-            isOtherText = true;
-            block.setUserState(mark);
-        }
-    }
-    return isOtherText;
 }
 
 bool SourceEditor::event(QEvent* event)

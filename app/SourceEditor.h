@@ -1,7 +1,11 @@
 #pragma once
 
+#include "shared/PageDocument.h"
+
 #include <QPlainTextEdit>
 #include <optional>
+
+class EditWatch;
 
 /**
  * The editor of the HTML source. Its text goes in and out without loss, with CR LF line ends, and every
@@ -32,6 +36,15 @@ public:
 
     /** Replaces the selection as one step of undo and leaves the caret behind the new text. */
     void ReplaceSelection(const QString& text);
+
+    /**
+     * Makes `replacements` as one step of undo, however many. Their places are those before any of them is
+     * made, in ascending order and apart from one another; the caret stays with the text around it.
+     */
+    void Replace(const QList<TextReplacement>& replacements);
+
+    /** Keeps hold of a part of the text; it may outlive the editor. */
+    [[nodiscard]] std::unique_ptr<AnchoredRange> Anchor(const TextSpan& place);
 
     /** Puts the selected text, be it empty, on the clipboard in place of what is there. */
     void CopyText();
@@ -78,15 +91,11 @@ protected:
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
-    void Document_ContentsChange(int position, int removed, int added);
-    [[nodiscard]] bool RememberText(int position, int length);
     [[nodiscard]] bool IsMenuKey(const QKeyEvent& key) const;
-    void LoadLines(const QString& lines);
-    void KeepWidestLine();
-
+    void BeginStep(QTextCursor& cursor);
     void ShowIndent();
 
-    bool isLoading_ = false;
+    EditWatch* watch_;
     double indent_ = 0; ///< in twips
     /** The document's revision when the step of undo began that is being made. */
     std::optional<int> stepStart_;

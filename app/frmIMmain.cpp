@@ -1,8 +1,13 @@
 #include "app/frmIMmain.h"
 
 #include "app/CapsLock.h"
-#include "app/WindowLayout.h"
+#include "app/DocumentCommands.h"
+#include "app/EditCommands.h"
+#include "app/LinksList.h"
+#include "app/OutsideCommands.h"
+#include "app/TagTree.h"
 #include "app/frmMapOptions.h"
+#include "app/rules/WindowLayout.h"
 #include "help/HelpDisplay.h"
 #include "help/HelpWindow.h"
 #include "imagemap/frmImageMap.h"
@@ -12,76 +17,12 @@
 #include "widgets/WindowHelpers.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QTextBlock>
+#include <QUrl>
 #include <QWindow>
 
 namespace {
-
-using Row = frmIMmain::Command;
-using enum CommandRowKind;
-
-constexpr int toolbarPositions = 21;
-constexpr auto commandRows = std::to_array<Row>({
-    { Menu, "mnuFile", "&File" },
-    { Entry, "mnuFNew", "&New", "Ctrl+N", &frmIMmain::NewDocument, { 2, "New", "new" } },
-    { Entry, "mnuFOpen", "&Open...", "Ctrl+O", &frmIMmain::OpenDocument, { 3, "Open", "open" } },
-    { Entry, "mnuFSave", "&Save", "Ctrl+S", &frmIMmain::SaveDocument, { 4, "Save", "save" } },
-    { Entry, "mnuFSaveAs", "Save &As...", "", &frmIMmain::SaveDocumentAs },
-    { Separator, "mnuFSep1" },
-    { Entry, "mnuFPrint", "&Print...", "", &frmIMmain::PrintDocument, { 6, "Print", "print" } },
-    { Separator, "mnuFSep2" },
-    { Entry, "mnuFExit", "&Exit", "Ctrl+E", &frmIMmain::ExitProgram, { 21, "Exit", "exit" } },
-    { Menu, "mnuEdit", "&Edit" },
-    { Entry, "mnuEUndo", "&Undo", "Ctrl+Z", &frmIMmain::UndoEdit, { 11, "Undo", "undo" } },
-    { Separator, "mnuESep1" },
-    { Entry, "mnuECut", "Cu&t", "Ctrl+X", &frmIMmain::CutText, { 8, "Cut", "cut" } },
-    { Entry, "mnuECopy", "&Copy", "Ctrl+C", &frmIMmain::CopyText, { 9, "Copy", "copy" } },
-    { Entry, "mnuEPaste", "&Paste", "", &frmIMmain::PasteText, { 10, "Paste", "paste" } },
-    { Entry, "mnuEDelete", "&Delete", "Del", &frmIMmain::mnuEDelete_Click },
-    { Entry, "mnuESelectAll", "Select &All", "", &frmIMmain::mnuESelectAll_Click },
-    { Separator, "mnuESep2" },
-    { Entry, "mnuEFont", "&Font", "", &frmIMmain::mnuEFont_Click },
-    { Separator, "mnuESep3" },
-    { Submenu, "mnuEEditCase", "&Edit Case" },
-    { Entry, "mnuEUpperCase", "&Upper Case", "", &frmIMmain::mnuEUpperCase_Click },
-    { Entry, "mnuELowerCase", "&Lower Case", "", &frmIMmain::mnuELowerCase_Click },
-    { Entry, "mnuEProperCase", "&Proper Case", "", &frmIMmain::mnuEProperCase_Click },
-    { EndSubmenu },
-    { Menu, "mnuInsert", "&Insert" },
-    { Entry,
-      "mnuIimagemaps",
-      "&Image Maps...",
-      "Ctrl+I",
-      &frmIMmain::OpenImageMapEditor,
-      { 15, "Image Map", "image-map" } },
-    { Separator, "mnuISep2" },
-    { Entry,
-      "mnuICustomHTML",
-      "Custom &HTML",
-      "",
-      &frmIMmain::InsertPageSkeleton,
-      { 13, "Custom HTML", "custom-html" } },
-    { Menu, "mnuTools", "&Tools" },
-    { Entry, "mnuTPref", "&Preferences...", "Ctrl+P", &frmIMmain::mnuTPref_Click },
-    { Separator, "mnuTSep1" },
-    { Entry,
-      "mnuTPreview",
-      "Preview with Default &Browser",
-      "Ctrl+D",
-      &frmIMmain::PreviewDocument,
-      { 17, "Preview with Default Browser", "preview" } },
-    { Menu, "mnuHelp", "&Help" },
-    { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents, { 19, "Help", "help" } },
-    { Entry, "mnuHSearch", "&Search", "", &frmIMmain::ShowHelpSearch },
-    { Separator, "mnuHSep1" },
-    { Entry, "mnuHHome", "&Cartolen Home Page...", "", &frmIMmain::OpenHomePage },
-    { Separator, "mnuHSep2" },
-    { Entry, "mnuHAbout", "&About Cartolen...", "", &frmIMmain::ShowAbout },
-});
-static_assert(IsToolbarWhole(commandRows, toolbarPositions));
 
 /** Room between the toolbar's frame and what stands below it, in pixels. */
 constexpr int belowToolbar = 4;
@@ -105,7 +46,7 @@ frmIMmain::frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
 {
     ui_->setupUi(this);
     HoldOneLine(this);
-    CreateCommands();
+    CreateParts();
     CreateStatusBar();
     PlaceToolbar();
     // A tag is known by its beginning.
@@ -119,24 +60,13 @@ frmIMmain::frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
 
 frmIMmain::~frmIMmain() = default;
 
-void frmIMmain::CreateCommands()
-{
-    commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
-}
-
 void frmIMmain::ConnectControls()
 {
-    connect(ui_->MapsText1, &SourceEditor::Change, this, &frmIMmain::MapsText1_Change);
-    connect(ui_->TreeView1, &QTreeWidget::currentItemChanged, this, &frmIMmain::TreeView1_NodeClick);
-    connect(ui_->TreeView1, &QTreeWidget::itemClicked, this, &frmIMmain::TreeView1_NodeClick);
-    connect(ui_->TreeView1, &QTreeWidget::itemDoubleClicked, this, &frmIMmain::TreeView1_DblClick);
-    connect(ui_->btnAdd, &QPushButton::clicked, this, &frmIMmain::btnAdd_Click);
-    connect(ui_->btnDelete, &QPushButton::clicked, this, &frmIMmain::btnDelete_Click);
-    connect(ui_->btnSave, &QPushButton::clicked, this, &frmIMmain::btnSave_Click);
+    connect(ui_->MapsText1, &SourceEditor::Change, &file_, &DocumentFile::MarkChanged);
+    connect(&file_, &DocumentFile::NameChanged, this, &frmIMmain::ShowDocumentName);
     connect(help_.get(), &HelpDisplay::LinkToOutside, this, &frmIMmain::Help_LinkToOutside);
-    for (QObject* const watched : std::initializer_list<QObject*>{
-             ui_->centralWidget, ui_->TreeView1, ui_->TreeView1->viewport(), ui_->txtCTags, ui_->lblQTagsO,
-             ui_->lblQTagsC, ui_->Picture1, ui_->Picture2 }) {
+    for (QObject* const watched :
+         std::initializer_list<QObject*>{ ui_->centralWidget, ui_->Picture1, ui_->Picture2 }) {
         watched->installEventFilter(this);
     }
 }
@@ -193,9 +123,9 @@ void frmIMmain::Form_Load()
     GoToProgramFolder(imgMap_);
     CentreOnScreen(this);
     ToggleFlatLook(ui_->Toolbar1);
-    ClearDocument();
-    BuildTagTree();
-    LoadSavedLinks();
+    documents_->ClearDocument();
+    tags_->Build();
+    links_->Load();
 }
 
 bool frmIMmain::event(QEvent* event)
@@ -223,44 +153,12 @@ void frmIMmain::KeepLeastSize()
 
 bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::KeyPress:
-        if (watched == ui_->TreeView1 && TreeView1_KeyDown(*static_cast<QKeyEvent*>(event))) {
-            return true;
-        }
-        break;
-    case QEvent::ShortcutOverride:
-        if (watched == ui_->txtCTags && IsCommandKey(*static_cast<QKeyEvent*>(event))) {
-            event->ignore();
-            return true;
-        }
-        break;
-    case QEvent::MouseButtonDblClick:
-        if (watched == ui_->TreeView1->viewport() &&
-            static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
-            return true; // the tree would tell it as a double click like any other
-        }
-        break;
-    case QEvent::MouseButtonPress:
-        if (watched == ui_->lblQTagsO || watched == ui_->lblQTagsC) {
-            lblQTags_MouseDown(static_cast<QLabel*>(watched));
-            return true;
-        }
-        break;
-    case QEvent::MouseButtonRelease:
-        if (watched == ui_->TreeView1->viewport()) {
-            TreeView1_MouseUp();
-        } else if (watched == ui_->Picture1 || watched == ui_->Picture2) {
-            Picture_MouseUp(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
-        }
-        break;
-    case QEvent::Resize:
-        if (watched == ui_->centralWidget) {
-            Form_Resize();
-        }
-        break;
-    default:
-        break;
+    if (event->type() == QEvent::Resize && watched == ui_->centralWidget) {
+        Form_Resize();
+    } else if (
+        event->type() == QEvent::MouseButtonRelease &&
+        (watched == ui_->Picture1 || watched == ui_->Picture2)) {
+        Picture_MouseUp(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -268,15 +166,8 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
 void frmIMmain::Picture_MouseUp(const QWidget& picture, const QMouseEvent& event)
 {
     if (event.button() == Qt::LeftButton && picture.rect().contains(event.position().toPoint())) {
-        OpenHomePage();
+        outside_->OpenHomePage();
     }
-}
-
-/** Whether `key` belongs to a command that a text field must leave alone: any but those of the Edit menu. */
-bool frmIMmain::IsCommandKey(const QKeyEvent& key) const
-{
-    QAction* const entry = EntryOfKey(this, key);
-    return entry != nullptr && !findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions().contains(entry);
 }
 
 void frmIMmain::Form_Resize()
@@ -320,7 +211,7 @@ template<class Window, class Make> void frmIMmain::ShowOnce(QPointer<Window>& wi
 
 void frmIMmain::OpenImageMapEditor()
 {
-    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, map_, *this, *help_, this); });
+    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, map_, *page_, *help_, this); });
 }
 
 void frmIMmain::mnuTPref_Click()
@@ -328,12 +219,32 @@ void frmIMmain::mnuTPref_Click()
     ShowOnce(options_, [this] { return new frmMapOptions(imgMap_, *ui_->MapsText1, this); });
 }
 
-int frmIMmain::InsertAtCaret(const QString& text)
+void frmIMmain::ShowDocumentName(const QString& name)
 {
-    const int start = ui_->MapsText1->textCursor().selectionStart();
-    const int line = ui_->MapsText1->document()->findBlock(start).blockNumber() + 1;
-    ui_->MapsText1->ReplaceSelection(text);
-    return line;
+    panel3_->setText(name);
+    panel3_->setToolTip(PlainToolTip(name));
+}
+
+void frmIMmain::ShowHelpContents()
+{
+    GoToProgramFolder(imgMap_);
+    help_->ShowContents(this);
+}
+
+void frmIMmain::ShowHelpSearch()
+{
+    GoToProgramFolder(imgMap_);
+    help_->ShowSearch(this);
+}
+
+void frmIMmain::Help_LinkToOutside(const QUrl& url)
+{
+    outside_->OpenAddress(url.toString(QUrl::FullyEncoded));
+}
+
+bool frmIMmain::QueryUnload()
+{
+    return documents_->QueryUnload();
 }
 
 void frmIMmain::ExitProgram()

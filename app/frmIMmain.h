@@ -1,35 +1,36 @@
 #pragma once
 
-#include "shared/DocumentSink.h"
+#include "app/EditedPage.h"
+#include "app/rules/DocumentFile.h"
 #include "shared/ImgMap.h"
 #include "widgets/CommandTable.h"
 
 #include <QMainWindow>
 #include <QPointer>
-#include <QTextCharFormat>
 #include <memory>
-#include <optional>
 
 namespace Ui {
 class frmIMmain;
 }
 class Desktop;
+class DocumentCommands;
+class EditCommands;
 class HelpDisplay;
+class LinksList;
 class MapDocument;
-class QKeyEvent;
+class OutsideCommands;
 class QLabel;
 class QMouseEvent;
-class QTreeWidgetItem;
 class QUrl;
+class TagTree;
 class frmImageMap;
 class frmMapOptions;
-struct ShellRequest;
 
 /**
  * The main window: the HTML source editor with tags and saved links beside it. It owns the document, whose
- * name is the text of the status bar's third panel.
+ * name the status bar's third panel shows. What its commands do is done by its parts.
  */
-class frmIMmain : public QMainWindow, public DocumentSink
+class frmIMmain : public QMainWindow
 {
     Q_OBJECT
 
@@ -42,34 +43,18 @@ public:
     /** Prepares the window for its first showing; tells when the saved links cannot be read. */
     void Form_Load();
 
-    void NewDocument();
-    void OpenDocument();
-    void SaveDocument();
-    void SaveDocumentAs();
-    void PrintDocument();
-    void PreviewDocument();
-    void UndoEdit();
-    void CutText();
-    void CopyText();
-    void PasteText();
-    void mnuEDelete_Click();
-    void mnuESelectAll_Click();
-    void mnuEFont_Click();
-    void mnuEUpperCase_Click();
-    void mnuELowerCase_Click();
-    void mnuEProperCase_Click();
-    void InsertPageSkeleton();
     void OpenImageMapEditor();
     void mnuTPref_Click();
-    void OpenHomePage();
     void ShowHelpContents();
     void ShowHelpSearch();
-    void ShowAbout();
     void ExitProgram();
 
-    int InsertAtCaret(const QString& text) override;
-
-    [[nodiscard]] bool DocumentChanged() const { return documentChanged_; }
+    [[nodiscard]] const DocumentFile& File() const { return file_; }
+    [[nodiscard]] PageDocument& Page() { return *page_; }
+    [[nodiscard]] SourceEditor& Source();
+    [[nodiscard]] DocumentCommands& Documents();
+    [[nodiscard]] EditCommands& Edits();
+    [[nodiscard]] OutsideCommands& Outside();
 
     /** Asks whether changes are to be saved; false when the user wants to go on with the document. */
     [[nodiscard]] bool QueryUnload();
@@ -81,20 +66,12 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void MapsText1_Change();
-    void TreeView1_NodeClick(const QTreeWidgetItem* node);
-    void TreeView1_MouseUp();
-    void TreeView1_DblClick();
-    void btnAdd_Click();
-    void btnDelete_Click();
-    void btnSave_Click();
-    void lblQTags_MouseDown(QLabel* label);
     void Picture_MouseUp(const QWidget& picture, const QMouseEvent& event);
     void Help_LinkToOutside(const QUrl& url);
     void Form_Resize();
     void Form_Unload();
 
-    void CreateCommands();
+    void CreateParts();
     void CreateStatusBar();
     void PlaceToolbar();
     void ShowLogo();
@@ -102,37 +79,19 @@ private:
     void KeepLeastSize();
     void ConnectControls();
     template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
-    void BuildTagTree();
-    void LoadSavedLinks();
-    [[nodiscard]] bool IsCommandKey(const QKeyEvent& key) const;
-    [[nodiscard]] bool TreeView1_KeyDown(const QKeyEvent& key);
-    [[nodiscard]] int SelectedNode() const;
-    void ShowPreview(int node);
-    [[nodiscard]] QString LinksPath() const;
-
-    [[nodiscard]] QString DocumentName() const;
-    [[nodiscard]] bool IsNeverSaved() const;
-    void SetDocumentName(const QString& name);
-    void ClearDocument();
-    void PromptSaveChanges();
-    [[nodiscard]] bool MayDiscardChanges();
-    [[nodiscard]] bool WriteText(const QString& path);
-    void WriteDocument(const QString& path);
-    [[nodiscard]] std::optional<QString> AskForSavePath();
-    [[nodiscard]] std::optional<QString> AskForOpenPath();
-
-    /** Writes a copy of the document for another program; returns its path, also when that failed. */
-    [[nodiscard]] QString WriteTemporaryCopy(const QString& ending);
-    void ShellRun(const QString& verb, const QString& target);
-    void OpenAddress(const QString& address);
-    void Launch(const ShellRequest& request, int missingFolder);
-    void ShowShellError(int code);
-    void ShowOwnAboutBox(const QString& text);
+    void ShowDocumentName(const QString& name);
 
     ImgMap& imgMap_;
     MapDocument& map_;
     Desktop& desktop_;
+    DocumentFile file_;
     std::unique_ptr<Ui::frmIMmain> ui_;
+    std::unique_ptr<DocumentCommands> documents_;
+    std::unique_ptr<EditCommands> edits_;
+    std::unique_ptr<EditedPage> page_;
+    OutsideCommands* outside_ = nullptr;
+    TagTree* tags_ = nullptr;
+    LinksList* links_ = nullptr;
     CommandSet<Command> commands_;
     QLabel* panel1_ = nullptr;
     QLabel* panel2_ = nullptr;
@@ -140,6 +99,4 @@ private:
     std::unique_ptr<HelpDisplay> help_;
     QPointer<frmImageMap> imageMapEditor_;
     QPointer<frmMapOptions> options_;
-    std::optional<QTextCharFormat> lastFont_; ///< what the font dialog was accepted with last
-    bool documentChanged_ = false;
 };

@@ -1,7 +1,7 @@
 #include "app/frmMapOptions.h"
 
-#include "app/IndentRules.h"
 #include "app/SourceEditor.h"
+#include "app/rules/IndentRules.h"
 #include "ui_frmMapOptions.h"
 #include "widgets/OneLineField.h"
 #include "widgets/WindowHelpers.h"

@@ -28,6 +28,36 @@ struct ToolbarSpot
 enum class NoNeed { Nothing };
 enum class NoChoice {};
 
+/** What a command does: a procedure of its window, or one that is called with it. */
+template<class Window> class Procedure
+{
+public:
+    constexpr Procedure() = default;
+    constexpr Procedure(void (Window::*ofWindow)())
+        : ofWindow_(ofWindow)
+    {
+    }
+    constexpr Procedure(void (*withWindow)(Window&))
+        : withWindow_(withWindow)
+    {
+    }
+
+    [[nodiscard]] constexpr bool IsThere() const { return ofWindow_ != nullptr || withWindow_ != nullptr; }
+
+    void operator()(Window& window) const
+    {
+        if (withWindow_ != nullptr) {
+            withWindow_(window);
+        } else {
+            (window.*ofWindow_)();
+        }
+    }
+
+private:
+    void (Window::*ofWindow_)() = nullptr;
+    void (*withWindow_)(Window&) = nullptr;
+};
+
 /** A menu, a separator, or a command; a command without a procedure is disabled. */
 template<class WindowType, class NeedType = NoNeed, class ChoiceType = NoChoice> struct CommandRow
 {
@@ -39,7 +69,7 @@ template<class WindowType, class NeedType = NoNeed, class ChoiceType = NoChoice>
     const char* name = "";
     const char* caption = "";
     const char* shortcut = "";
-    void (Window::*run)() = nullptr;
+    Procedure<Window> run = {};
     ToolbarSpot button = {};
     Need need = {};                              ///< what must be there for the command to be enabled
     std::optional<Choice> choice = std::nullopt; ///< the command is checked while this is chosen
@@ -81,7 +111,7 @@ public:
     void Enable(typename Row::Need need, bool enable)
     {
         for (const Command& command : commands_) {
-            if (command.row->run != nullptr && command.row->need == need) {
+            if (command.row->run.IsThere() && command.row->need == need) {
                 ForEachAction(command, [enable](QAction* action) { action->setEnabled(enable); });
             }
         }
@@ -118,9 +148,9 @@ private:
     static void Connect(Window* window, const Row& row, QAction* action)
     {
         action->setCheckable(row.choice.has_value());
-        action->setEnabled(row.run != nullptr);
-        if (row.run != nullptr) {
-            QObject::connect(action, &QAction::triggered, window, row.run);
+        action->setEnabled(row.run.IsThere());
+        if (row.run.IsThere()) {
+            QObject::connect(action, &QAction::triggered, window, [window, &row] { row.run(*window); });
         }
     }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/DocumentCommands.h"
+#include "app/EditCommands.h"
+#include "app/OutsideCommands.h"
 #include "app/SourceEditor.h"
 #include "app/frmIMmain.h"
 #include "tests/support/DialogRobot.h"

@@ -1,5 +1,5 @@
 #include "app/Desktop.h"
-#include "app/ShellErrors.h"
+#include "app/rules/ShellErrors.h"
 #include "tests/support/ProgramFolder.h"
 
 #include <QDir>
@@ -267,11 +267,11 @@ void tst_desktoplinux::toolOfAnotherKindIsABadFormat()
 
 void tst_desktoplinux::launchingDoesNotWait()
 {
-    MakeTool("xdg-open", "while [ ! -e go ]; do sleep 0.05; done\n");
+    MakeTool("xdg-open", "touch started; while [ ! -e go ]; do sleep 0.05; done\n");
     int reports = 0;
     desktop_->Execute(
         Request("Open", QStringLiteral("https://cartolen.example/")), [&reports](int) { ++reports; });
-    QTest::qWait(200);
+    QTRY_VERIFY(QFile::exists(QStringLiteral("started")));
     QCOMPARE(reports, 0);
     QVERIFY(QFile(QStringLiteral("go")).open(QIODevice::WriteOnly));
     QTRY_COMPARE(reports, 1);

@@ -1,68 +1,31 @@
-#include "tests/support/WidgetDriving.h"
-
 #include "shared/AnsiCodePage.h"
 #include "shared/TextCase.h"
-#include "tests/app/MainWindowFixture.h"
+#include "tests/app/EditingFixture.h"
 
-#include <QClipboard>
 #include <QListWidget>
-#include <QMimeData>
-#include <QTabWidget>
 #include <QTreeWidget>
-#include <memory>
 
 namespace {
 
 const QString skeleton = QStringLiteral("<HTML>\r\n<HEAD>\r\n<TITLE>Your Title</TITLE>\r\n</HEAD>\r\n"
                                         "<BODY>\r\n\r\n</BODY>\r\n</HTML>");
 
-constexpr int cutButton = 8;
-constexpr int copyButton = 9;
-constexpr int pasteButton = 10;
-constexpr int undoButton = 11;
 constexpr int skeletonButton = 13;
-
-QString ClipboardText()
-{
-    return QGuiApplication::clipboard()->text();
-}
-
-void PutOnClipboard(const QString& text)
-{
-    QGuiApplication::clipboard()->setText(text);
-}
 
 } // namespace
 
-class tst_editing : public QObject
+class tst_editing : public EditingFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Start(); }
+    void cleanup() { Finish(); }
 
-    void cutMovesTheSelectionToTheClipboard_data() { WaysTo("mnuECut", cutButton, "Ctrl+X"); }
-    void cutMovesTheSelectionToTheClipboard();
-    void copyPutsTheSelectionOnTheClipboard_data() { WaysTo("mnuECopy", copyButton, "Ctrl+C"); }
-    void copyPutsTheSelectionOnTheClipboard();
-    void pasteReplacesTheSelection_data() { WaysTo("mnuEPaste", pasteButton, "Ctrl+V"); }
-    void pasteReplacesTheSelection();
     void undoTakesTheLastEditBack_data() { WaysTo("mnuEUndo", undoButton, "Ctrl+Z"); }
     void undoTakesTheLastEditBack();
     void skeletonMakesAPage_data() { WaysTo("mnuICustomHTML", skeletonButton, ""); }
     void skeletonMakesAPage();
-
-    void nothingSelectedEmptiesTheClipboard_data();
-    void nothingSelectedEmptiesTheClipboard();
-    void clipboardCarriesTheCharactersOfTheCodePage();
-    void clipboardCarriesPlainTextOnly();
-    void pastedTextGetsCrLf_data();
-    void pastedTextGetsCrLf();
-    void pastingWithoutTextReplacesTheSelectionWithNothing_data();
-    void pastingWithoutTextReplacesTheSelectionWithNothing();
-    void clipboardCommandsWorkOnTheEditorWhateverHasTheFocus_data();
-    void clipboardCommandsWorkOnTheEditorWhateverHasTheFocus();
 
     void deleteTakesWhatIsBehindTheCaret_data();
     void deleteTakesWhatIsBehindTheCaret();
@@ -88,121 +51,7 @@ private Q_SLOTS:
     void mapIsOneStepOfUndo();
     void everyCommandMarksTheDocumentAsChanged_data();
     void everyCommandMarksTheDocumentAsChanged();
-
-private:
-    static void WaysTo(const char* entry, int button, const char* keys);
-    void RunAsTheRowSays();
-    void ClickEntry(const char* entry);
-    void GoToUrlField(const char* text);
-
-    SourceEditor* Editor() { return test_->Editor(); }
-    QLineEdit* UrlField() { return test_->Find<QLineEdit>("txtCTags"); }
-
-    std::unique_ptr<MainWindowFixture> test_;
 };
-
-void tst_editing::init()
-{
-    test_ = std::make_unique<MainWindowFixture>();
-    QVERIFY(test_->Start());
-    PutOnClipboard(QStringLiteral("older"));
-}
-
-void tst_editing::cleanup()
-{
-    QCOMPARE(test_->robot.Problems(), QString());
-    test_.reset();
-}
-
-/** Rows for the menu, the toolbar and the keyboard; no keys where there are none. */
-void tst_editing::WaysTo(const char* entry, int button, const char* keys)
-{
-    QTest::addColumn<QByteArray>("entry");
-    QTest::addColumn<int>("button");
-    QTest::addColumn<QKeySequence>("keys");
-    QTest::newRow("menu") << QByteArray(entry) << 0 << QKeySequence();
-    QTest::newRow("toolbar") << QByteArray() << button << QKeySequence();
-    if (*keys != '\0') {
-        QTest::newRow("keys") << QByteArray() << 0 << QKeySequence(QString::fromLatin1(keys));
-    }
-}
-
-void tst_editing::RunAsTheRowSays()
-{
-    QFETCH(const QByteArray, entry);
-    QFETCH(const int, button);
-    QFETCH(const QKeySequence, keys);
-    if (!keys.isEmpty()) {
-        test_->Press(keys[0].key(), keys[0].keyboardModifiers());
-    } else if (button > 0) {
-        test_->ClickToolbar(button);
-    } else {
-        ClickEntry(entry.constData());
-    }
-}
-
-/** Clicks a menu entry, by way of the submenu where it lies in one. */
-void tst_editing::ClickEntry(const char* entry)
-{
-    auto* const submenu = test_->Find<QMenu>("mnuEEditCase");
-    auto* const action = test_->Find<QAction>(entry);
-    if (submenu->actions().contains(action)) {
-        test_->ClickMenu("mnuEdit", "mnuEEditCase");
-        QVERIFY(QTest::qWaitFor([submenu] { return submenu->isVisible(); }));
-        QTest::mouseClick(submenu, Qt::LeftButton, {}, submenu->actionGeometry(action).center());
-        return;
-    }
-    for (const char* const menu : { "mnuEdit", "mnuInsert", "mnuTools" }) {
-        if (test_->Find<QMenu>(menu)->actions().contains(action)) {
-            test_->ClickMenu(menu, entry);
-        }
-    }
-}
-
-/** Goes to the field beside the saved links, with `text` in it and the caret before it. */
-void tst_editing::GoToUrlField(const char* text)
-{
-    test_->Find<QTabWidget>("SSTab1")->setCurrentIndex(1);
-    UrlField()->setText(QString::fromLatin1(text));
-    UrlField()->setFocus();
-    UrlField()->home(false);
-}
-
-void tst_editing::cutMovesTheSelectionToTheClipboard()
-{
-    Editor()->LoadText(QStringLiteral("ab\r\ncd"));
-    Editor()->Select(1, 4);
-    RunAsTheRowSays();
-    QCOMPARE(ClipboardText(), QStringLiteral("b\nc"));
-    QCOMPARE(Editor()->Text(), QStringLiteral("ad"));
-    QCOMPARE(Editor()->SelStart(), qsizetype(1));
-    test_->window.UndoEdit();
-    QCOMPARE(Editor()->Text(), QStringLiteral("ab\r\ncd"));
-}
-
-void tst_editing::copyPutsTheSelectionOnTheClipboard()
-{
-    Editor()->LoadText(QStringLiteral("ab\r\ncd"));
-    Editor()->Select(1, 4);
-    RunAsTheRowSays();
-    QCOMPARE(ClipboardText(), QStringLiteral("b\nc"));
-    QCOMPARE(Editor()->Text(), QStringLiteral("ab\r\ncd"));
-    QCOMPARE(Editor()->SelText(), QStringLiteral("b\r\nc"));
-    QVERIFY(!test_->window.DocumentChanged());
-}
-
-void tst_editing::pasteReplacesTheSelection()
-{
-    Editor()->LoadText(QStringLiteral("abcd"));
-    Editor()->Select(1, 2);
-    RunAsTheRowSays();
-    QCOMPARE(Editor()->Text(), QStringLiteral("aolderd"));
-    QCOMPARE(Editor()->SelStart(), qsizetype(6));
-    QCOMPARE(Editor()->SelLength(), qsizetype(0));
-    QCOMPARE(ClipboardText(), QStringLiteral("older"));
-    test_->window.UndoEdit();
-    QCOMPARE(Editor()->Text(), QStringLiteral("abcd"));
-}
 
 void tst_editing::undoTakesTheLastEditBack()
 {
@@ -223,133 +72,9 @@ void tst_editing::skeletonMakesAPage()
     QCOMPARE(Editor()->SelLength(), qsizetype(0));
     test_->Type("x");
     QVERIFY(Editor()->Text().contains(u"<BODY>\r\nx\r\n</BODY>"));
-    test_->window.UndoEdit();
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QString());
-}
-
-void tst_editing::nothingSelectedEmptiesTheClipboard_data()
-{
-    QTest::addColumn<Qt::Key>("key");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::newRow("Ctrl+C") << Qt::Key_C << Qt::KeyboardModifiers(Qt::ControlModifier);
-    QTest::newRow("Ctrl+X") << Qt::Key_X << Qt::KeyboardModifiers(Qt::ControlModifier);
-    QTest::newRow("Ctrl+Insert") << Qt::Key_Insert << Qt::KeyboardModifiers(Qt::ControlModifier);
-    QTest::newRow("Shift+Del") << Qt::Key_Delete << Qt::KeyboardModifiers(Qt::ShiftModifier);
-}
-
-void tst_editing::nothingSelectedEmptiesTheClipboard()
-{
-    QFETCH(const Qt::Key, key);
-    QFETCH(const Qt::KeyboardModifiers, modifiers);
-    auto old = std::make_unique<QMimeData>();
-    old->setText(QStringLiteral("older"));
-    old->setHtml(QStringLiteral("<b>older</b>"));
-    old->setImageData(QImage(2, 2, QImage::Format_RGB32));
-    QGuiApplication::clipboard()->setMimeData(old.release());
-    Editor()->LoadText(QStringLiteral("abc"));
-    Editor()->Select(1, 0);
-    test_->Press(key, modifiers);
-    QCOMPARE(ClipboardText(), QString());
-    QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasHtml());
-    QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasImage());
-    QCOMPARE(Editor()->Text(), QStringLiteral("abc"));
-    QCOMPARE(Editor()->SelStart(), qsizetype(1));
-    QVERIFY(!test_->window.DocumentChanged());
-}
-
-void tst_editing::clipboardCarriesTheCharactersOfTheCodePage()
-{
-    const QString text = AnsiCodePage::Decode(EveryByte());
-    Editor()->LoadText(text);
-    test_->window.mnuESelectAll_Click();
-    test_->window.CutText();
-    QCOMPARE(ClipboardText(), QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
-    QCOMPARE(Editor()->Text(), QString());
-    test_->window.PasteText();
-    test_->window.PasteText();
-    QCOMPARE(Editor()->Text(), QString(text + text));
-}
-
-void tst_editing::clipboardCarriesPlainTextOnly()
-{
-    Editor()->LoadText(QStringLiteral("abc"));
-    Editor()->Select(0, 3);
-    QTextCharFormat format;
-    format.setFontWeight(QFont::Bold);
-    Editor()->SetSelFormat(format);
-    test_->window.CopyText();
-    QCOMPARE(QGuiApplication::clipboard()->mimeData()->formats().join(u' '), QStringLiteral("text/plain"));
-}
-
-void tst_editing::pastedTextGetsCrLf_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("CR LF") << "x\r\ny";
-    QTest::newRow("LF") << "x\ny";
-    QTest::newRow("CR") << "x\ry";
-}
-
-void tst_editing::pastedTextGetsCrLf()
-{
-    QFETCH(const QString, text);
-    PutOnClipboard(text);
-    test_->Press(Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(Editor()->Text(), QStringLiteral("x\r\ny"));
-    QCOMPARE(Editor()->SelStart(), qsizetype(4));
-}
-
-void tst_editing::pastingWithoutTextReplacesTheSelectionWithNothing_data()
-{
-    QTest::addColumn<bool>("hasPicture");
-    QTest::newRow("picture") << true;
-    QTest::newRow("empty clipboard") << false;
-}
-
-void tst_editing::pastingWithoutTextReplacesTheSelectionWithNothing()
-{
-    QFETCH(const bool, hasPicture);
-    QGuiApplication::clipboard()->clear();
-    if (hasPicture) {
-        QGuiApplication::clipboard()->setImage(QImage(2, 2, QImage::Format_RGB32));
-    }
-    Editor()->LoadText(QStringLiteral("abc"));
-    Editor()->Select(1, 1);
-    test_->Press(Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(Editor()->Text(), QStringLiteral("ac"));
-    QCOMPARE(Editor()->SelStart(), qsizetype(1));
-    test_->Press(Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(Editor()->Text(), QStringLiteral("ac"));
-}
-
-void tst_editing::clipboardCommandsWorkOnTheEditorWhateverHasTheFocus_data()
-{
-    QTest::addColumn<QByteArray>("focused");
-    QTest::newRow("URL field") << QByteArray("txtCTags");
-    QTest::newRow("saved links") << QByteArray("ListView1");
-    QTest::newRow("tabs") << QByteArray("SSTab1");
-}
-
-void tst_editing::clipboardCommandsWorkOnTheEditorWhateverHasTheFocus()
-{
-    QFETCH(const QByteArray, focused);
-    Editor()->LoadText(QStringLiteral("abc"));
-    Editor()->Select(1, 1);
-    GoToUrlField("http://a.example/");
-    UrlField()->selectAll();
-    test_->Find<QListWidget>("ListView1")->addItem(QStringLiteral("link"));
-    test_->Find<QListWidget>("ListView1")->setCurrentRow(0);
-    test_->Find<QWidget>(focused.constData())->setFocus();
-    test_->ClickToolbar(copyButton);
-    QCOMPARE(ClipboardText(), QStringLiteral("b"));
-    test_->ClickMenu("mnuEdit", "mnuECut");
-    QCOMPARE(Editor()->Text(), QStringLiteral("ac"));
-    test_->ClickToolbar(pasteButton);
-    test_->ClickToolbar(pasteButton);
-    QCOMPARE(Editor()->Text(), QStringLiteral("abbc"));
-    test_->ClickToolbar(undoButton);
-    QCOMPARE(Editor()->Text(), QStringLiteral("abc"));
-    QCOMPARE(UrlField()->text(), QStringLiteral("http://a.example/"));
 }
 
 void tst_editing::deleteTakesWhatIsBehindTheCaret_data()
@@ -381,7 +106,7 @@ void tst_editing::deleteTakesWhatIsBehindTheCaret()
         QCOMPARE(Editor()->SelStart(), qsizetype(caret));
         QCOMPARE(ClipboardText(), QStringLiteral("older"));
     }
-    QCOMPARE(test_->window.DocumentChanged(), expected != text);
+    QCOMPARE(test_->window.File().IsChanged(), expected != text);
 }
 
 void tst_editing::deleteTakesTheSelection_data()
@@ -413,7 +138,7 @@ void tst_editing::deleteIsOneStepOfUndo()
     Editor()->LoadText(QStringLiteral("ab\r\ncd"));
     Editor()->Select(2, 0);
     test_->Press(Qt::Key_Delete);
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("ab\r\ncd"));
 }
 
@@ -470,7 +195,7 @@ void tst_editing::selectAllTakesTheWholeText()
     QCOMPARE(Editor()->SelStart(), qsizetype(0));
     QCOMPARE(Editor()->SelLength(), text.size());
     QCOMPARE(Editor()->SelText(), text);
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_editing::caseOfTheSelectionIsChanged_data()
@@ -492,7 +217,7 @@ void tst_editing::caseOfTheSelectionIsChanged()
     QCOMPARE(Editor()->SelStart(), text.size() - 1);
     QCOMPARE(Editor()->SelLength(), qsizetype(0));
     QCOMPARE(ClipboardText(), QStringLiteral("older"));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), text);
 }
 
@@ -533,7 +258,7 @@ void tst_editing::caseWithoutASelectionChangesNothing()
     ClickEntry(QTest::currentDataTag());
     QCOMPARE(Editor()->Text(), QStringLiteral("abCD"));
     QCOMPARE(Editor()->SelStart(), qsizetype(caret));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_editing::skeletonReplacesTheSelection()
@@ -543,7 +268,7 @@ void tst_editing::skeletonReplacesTheSelection()
     ClickEntry("mnuICustomHTML");
     QCOMPARE(Editor()->Text(), QString(u"before\r\n" + skeleton + u"\r\nafter"));
     QCOMPARE(Editor()->SelStart(), qsizetype(60));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("before\r\nselected\r\nafter"));
 }
 
@@ -554,7 +279,7 @@ void tst_editing::skeletonIsPutInAtTheCaret()
     ClickEntry("mnuICustomHTML");
     QCOMPARE(Editor()->Text(), QString(text + skeleton));
     QCOMPARE(Editor()->SelStart(), qsizetype(60));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), text);
 }
 
@@ -577,9 +302,9 @@ void tst_editing::mapIsOneStepOfUndo()
 {
     test_->Type("ab");
     Editor()->Select(1, 1);
-    test_->window.InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n"));
+    test_->window.Page().InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n"));
     QCOMPARE(Editor()->Text(), QStringLiteral("a<MAP>\r\n</MAP>\r\n"));
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("ab"));
 }
 
@@ -600,9 +325,9 @@ void tst_editing::everyCommandMarksTheDocumentAsChanged()
     QFETCH(const bool, isChanging);
     Editor()->LoadText(QStringLiteral("abc"));
     Editor()->Select(0, 2);
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     ClickEntry(QTest::currentDataTag());
-    QCOMPARE(test_->window.DocumentChanged(), isChanging);
+    QCOMPARE(test_->window.File().IsChanged(), isChanging);
 }
 
 QTEST_MAIN(tst_editing)

@@ -217,10 +217,10 @@ void tst_fontcommand::formattingIsNoChangeOfTheDocument()
     Accept(QStringLiteral("Red"));
     RunFont();
     QVERIFY(FormatAt(1).fontItalic());
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QCOMPARE(Editor()->Text(), QStringLiteral("abcdef"));
-    test_->window.UndoEdit();
-    QVERIFY(!test_->window.DocumentChanged());
+    test_->window.Source().undo();
+    QVERIFY(!test_->window.File().IsChanged());
     QVERIFY(!FormatAt(1).fontItalic());
 }
 

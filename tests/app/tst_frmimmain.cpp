@@ -1,29 +1,15 @@
-#include "imagemap/frmImageMap.h"
-#include "tests/app/MainWindowFixture.h"
+#include "tests/app/FormFixture.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
-#include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QToolButton>
 #include <QTreeWidget>
-#include <memory>
-#include <utility>
 
 namespace {
 
 constexpr int twipsPerPixel = 15;
-constexpr qsizetype linkRecordSize = 276;
-
-/** A used record of the links file. */
-QByteArray LinkRecord(const QByteArray& url)
-{
-    QByteArray record = url.leftJustified(260, ' ') + QByteArray::fromHex("02000100");
-    return record.leftJustified(linkRecordSize, '\0');
-}
 
 /** One line of a menu: a name alone is a separator. */
 struct Line
@@ -32,17 +18,6 @@ struct Line
     const char* caption = nullptr;
     const char* shortcut = "";
 };
-
-QList<int> LookOfButtons(const QToolBar* toolbar)
-{
-    QList<int> looks;
-    for (QAction* const action : toolbar->actions()) {
-        if (const auto* const button = qobject_cast<QToolButton*>(toolbar->widgetForAction(action))) {
-            looks << (button->autoRaise() ? 1 : 0);
-        }
-    }
-    return looks;
-}
 
 bool ShowsPicture(const QIcon& icon)
 {
@@ -59,13 +34,13 @@ bool ShowsPicture(const QIcon& icon)
 
 } // namespace
 
-class tst_frmimmain : public QObject
+class tst_frmimmain : public FormFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Start(); }
+    void cleanup() { Finish(); }
 
     void windowIsComplete();
     void captionsAreThoseOfTheWindow();
@@ -77,19 +52,6 @@ private Q_SLOTS:
     void toolbarButtonsShowPictures();
     void separatorsDoNothing();
 
-    void loadingMakesTheProgramFolderCurrent();
-    void loadingCentresTheWindow();
-    void loadingTurnsTheRaisedToolbarFlat();
-    void loadingAFlatToolbarTurnsItRaised();
-    void loadingStartsWithAnEmptyNewDocument();
-    void loadingListsTheSavedLinks();
-    void loadingListsAtMostFifteenLinks();
-    void loadingCreatesMissingLinksFile();
-    void loadingTellsOnceWhenTheLinksFolderIsMissing();
-    void loadingTellsOfADamagedFileAfterEverythingElse();
-    void showingEndsTheHourglass();
-    void capsPanelFollowsWhatIsTyped();
-
     void editorTakesTheRoomOfTheWindow_data();
     void editorTakesTheRoomOfTheWindow();
     void lowWindowLeavesTheEditorsHeight();
@@ -97,75 +59,7 @@ private Q_SLOTS:
     void lowEditorLeavesTheTabbedPanelsHeight();
     void minimisingChangesNoSize();
     void longDocumentNameDoesNotWidenTheWindow();
-
-    void imageMapEditorOpensBy_data();
-    void imageMapEditorOpensBy();
-    void imageMapEditorIsOpenedOnlyOnce();
-    void minimisedImageMapEditorComesBack();
-    void closedImageMapEditorIsOpenedAfresh();
-    void mapGoesIntoTheDocumentAtTheCaret();
-
-    void programEndsBy_data();
-    void programEndsBy();
-    void closingAsksWhenTheDocumentHasChanged_data();
-    void closingAsksWhenTheDocumentHasChanged();
-    void closingTakesTheImageMapEditorAlong();
-    void closingWithFiguresTellsThatTheMapIsDeleted();
-    void cancelledClosingKeepsTheMap();
-    void closingGoesOnAfterAFailedSave();
-
-private:
-    void ResizeInside(int width, int height);
-    void MakeFigure();
-    frmImageMap* ImageMapEditor();
-    QByteArray LoadedLinks();
-
-    std::unique_ptr<MainWindowFixture> test_;
 };
-
-void tst_frmimmain::init()
-{
-    test_ = std::make_unique<MainWindowFixture>();
-}
-
-void tst_frmimmain::cleanup()
-{
-    QCOMPARE(test_->robot.Problems(), QString());
-    test_.reset();
-    while (QApplication::overrideCursor() != nullptr) {
-        QApplication::restoreOverrideCursor();
-    }
-}
-
-/** Makes the room inside the window, below the menu bar and above the status bar, of the given size. */
-void tst_frmimmain::ResizeInside(int width, int height)
-{
-    QMainWindow& window = test_->window;
-    window.resize(window.size() - window.centralWidget()->size() + QSize(width, height));
-    QTRY_COMPARE(window.centralWidget()->size(), QSize(width, height));
-}
-
-void tst_frmimmain::MakeFigure()
-{
-    FigureStore& store = test_->folder.map.Ledger();
-    store.CurrentKind = kindRectangle;
-    store.AppendFigure();
-}
-
-frmImageMap* tst_frmimmain::ImageMapEditor()
-{
-    return test_->window.findChild<frmImageMap*>(QStringLiteral("frmImageMap"));
-}
-
-QByteArray tst_frmimmain::LoadedLinks()
-{
-    const auto* const list = test_->Find<QListWidget>("ListView1");
-    QStringList links;
-    for (int i = 0; i < list->count(); ++i) {
-        links << list->item(i)->text();
-    }
-    return links.join(u'|').toLatin1();
-}
 
 void tst_frmimmain::windowIsComplete()
 {
@@ -378,153 +272,6 @@ void tst_frmimmain::separatorsDoNothing()
     QVERIFY(ImageMapEditor() == nullptr);
 }
 
-void tst_frmimmain::loadingMakesTheProgramFolderCurrent()
-{
-    QDir::setCurrent(QDir::rootPath());
-    test_->window.Form_Load();
-    QCOMPARE(QDir::currentPath(), QDir(test_->folder.imgMap.ProgramFolder).canonicalPath());
-}
-
-void tst_frmimmain::loadingCentresTheWindow()
-{
-    frmIMmain& window = test_->window;
-    window.resize(500, 400);
-    window.Form_Load();
-    const QRect screen = window.screen()->geometry();
-    QCOMPARE(window.pos(), QPoint((screen.width() - 500) / 2, (screen.height() - 400) / 2));
-}
-
-void tst_frmimmain::loadingTurnsTheRaisedToolbarFlat()
-{
-    const QList<int> raised(13, 0);
-    const QList<int> flat(13, 1);
-    QCOMPARE(LookOfButtons(test_->Toolbar()), raised);
-    test_->window.Form_Load();
-    QCOMPARE(LookOfButtons(test_->Toolbar()), flat);
-}
-
-void tst_frmimmain::loadingAFlatToolbarTurnsItRaised()
-{
-    for (QToolButton* const button : test_->Toolbar()->findChildren<QToolButton*>()) {
-        button->setAutoRaise(true);
-    }
-    test_->window.Form_Load();
-    QCOMPARE(LookOfButtons(test_->Toolbar()), QList<int>(13, 0));
-}
-
-void tst_frmimmain::loadingStartsWithAnEmptyNewDocument()
-{
-    QVERIFY(test_->Start());
-    QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-    QCOMPARE(test_->Editor()->Text(), QString());
-    QVERIFY(!test_->window.DocumentChanged());
-    QVERIFY(!test_->folder.imgMap.ContinueAction);
-    test_->Type("x");
-    QVERIFY(test_->window.DocumentChanged());
-}
-
-void tst_frmimmain::loadingListsTheSavedLinks()
-{
-    const QByteArray bytes = LinkRecord("  http://a.example/ ") + LinkRecord("b\xE9.htm") +
-                             QByteArray(276, '\0') + LinkRecord("behind a free record");
-    QVERIFY(WriteBytes(test_->folder.Path(QStringLiteral("Data/Links.dra")), bytes));
-    QVERIFY(test_->Start());
-    QCOMPARE(LoadedLinks(), QByteArray("http://a.example/|b\xE9.htm"));
-    const ImgMap& imgMap = test_->folder.imgMap;
-    QCOMPARE(imgMap.SavedLinkURL[1], QStringLiteral("http://a.example/"));
-    QCOMPARE(imgMap.SavedLinkURL[2], QStringLiteral("b\u00E9.htm"));
-    QVERIFY(imgMap.SavedLinkMark[1].has_value());
-    QVERIFY(imgMap.SavedLinkMark[2].has_value());
-    QVERIFY(!imgMap.SavedLinkMark[3].has_value());
-    QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("Data/Links.dra"))), bytes);
-}
-
-void tst_frmimmain::loadingListsAtMostFifteenLinks()
-{
-    QByteArray bytes;
-    for (int i = 1; i <= 20; ++i) {
-        bytes += LinkRecord(QByteArray::number(i));
-    }
-    QVERIFY(WriteBytes(test_->folder.Path(QStringLiteral("Data/Links.dra")), bytes));
-    QVERIFY(test_->Start());
-    QCOMPARE(LoadedLinks(), QByteArray("1|2|3|4|5|6|7|8|9|10|11|12|13|14|15"));
-    QVERIFY(!test_->folder.imgMap.SavedLinkMark[16].has_value());
-}
-
-void tst_frmimmain::loadingCreatesMissingLinksFile()
-{
-    QVERIFY(test_->Start());
-    QCOMPARE(LoadedLinks(), QByteArray());
-    QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("Data/Links.dra"))), QByteArray());
-    QCOMPARE(test_->robot.Boxes().size(), 0);
-}
-
-void tst_frmimmain::loadingTellsOnceWhenTheLinksFolderIsMissing()
-{
-    QVERIFY(QDir(test_->folder.imgMap.ProgramFolder).rmdir(QStringLiteral("Data")));
-    test_->robot.AnswerBox(QMessageBox::Ok);
-    QVERIFY(test_->Start());
-    QCOMPARE(test_->robot.Boxes().size(), 1);
-    const DialogRobot::SeenBox& box = test_->robot.Boxes().constFirst();
-    QCOMPARE(box.text, QStringLiteral("File Links.dra is either damaged or missing !"));
-    QCOMPARE(box.title, QStringLiteral("Cartolen"));
-    QCOMPARE(box.icon, QMessageBox::Warning);
-    QCOMPARE(box.buttons, QMessageBox::Ok);
-    QVERIFY(!QFile::exists(test_->folder.Path(QStringLiteral("Data"))));
-    QVERIFY(test_->window.isVisible());
-}
-
-void tst_frmimmain::loadingTellsOfADamagedFileAfterEverythingElse()
-{
-    const QByteArray cutRecord = LinkRecord("cut off").first(100);
-    QVERIFY(WriteBytes(test_->folder.Path(QStringLiteral("Data/Links.dra")), LinkRecord("good") + cutRecord));
-    QString name;
-    QByteArray links;
-    QList<int> looks;
-    test_->robot.Act([&](QDialog& dialog) {
-        name = test_->DocumentName();
-        links = LoadedLinks();
-        looks = LookOfButtons(test_->Toolbar());
-        dialog.accept();
-    });
-    QVERIFY(test_->Start());
-    QCOMPARE(test_->robot.Boxes().size(), 1);
-    QCOMPARE(
-        test_->robot.Boxes().constFirst().text,
-        QStringLiteral("File Links.dra is either damaged or missing !"));
-    QCOMPARE(name, QString::fromLatin1(newDocument));
-    QCOMPARE(links, QByteArray("good"));
-    QCOMPARE(looks, QList<int>(13, 1));
-    QCOMPARE(LoadedLinks(), QByteArray("good"));
-}
-
-void tst_frmimmain::showingEndsTheHourglass()
-{
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    QVERIFY(test_->Start());
-    QVERIFY(QApplication::overrideCursor() == nullptr);
-}
-
-void tst_frmimmain::capsPanelFollowsWhatIsTyped()
-{
-    QVERIFY(test_->Start());
-    const auto* const caps = test_->Find<QLabel>("StatusBar1_Panel1");
-    QVERIFY(!caps->isEnabled());
-    test_->Press(Qt::Key_CapsLock);
-    QVERIFY(caps->isEnabled());
-    QTest::keyClick(test_->Editor(), 'x');
-    QVERIFY(!caps->isEnabled());
-    QTest::sendKeyEvent(QTest::Click, test_->Editor(), Qt::Key_X, QStringLiteral("X"), Qt::NoModifier);
-    QVERIFY(caps->isEnabled());
-    QTest::sendKeyEvent(QTest::Click, test_->Editor(), Qt::Key_X, QStringLiteral("x"), Qt::ShiftModifier);
-    QVERIFY(caps->isEnabled());
-    QTest::sendKeyEvent(QTest::Click, test_->Editor(), Qt::Key_X, QStringLiteral("X"), Qt::ShiftModifier);
-    QVERIFY(!caps->isEnabled());
-    QTest::sendKeyEvent(QTest::Click, test_->Editor(), Qt::Key_1, QStringLiteral("1"), Qt::NoModifier);
-    QVERIFY(!caps->isEnabled());
-}
-
 void tst_frmimmain::editorTakesTheRoomOfTheWindow_data()
 {
     QTest::addColumn<QSize>("inside");
@@ -650,234 +397,6 @@ void tst_frmimmain::longDocumentNameDoesNotWidenTheWindow()
     QCOMPARE(test_->DocumentName(), path);
     QCoreApplication::processEvents();
     QCOMPARE(test_->window.size(), before);
-}
-
-void tst_frmimmain::imageMapEditorOpensBy_data()
-{
-    QTest::addColumn<QString>("way");
-    for (const char* const way : { "shortcut", "menu", "toolbar" }) {
-        QTest::newRow(way) << QString::fromLatin1(way);
-    }
-}
-
-void tst_frmimmain::imageMapEditorOpensBy()
-{
-    QFETCH(const QString, way);
-    QVERIFY(test_->Start());
-    test_->Editor()->LoadText(QStringLiteral("text"));
-    if (way == u"shortcut") {
-        test_->Press(Qt::Key_I, Qt::ControlModifier);
-    } else if (way == u"menu") {
-        test_->ClickMenu("mnuInsert", "mnuIimagemaps");
-    } else {
-        test_->ClickToolbar(15);
-    }
-    frmImageMap* const editor = ImageMapEditor();
-    QVERIFY(editor != nullptr);
-    QVERIFY(QTest::qWaitForWindowActive(editor));
-    QVERIFY(editor->isWindow());
-    QVERIFY(!editor->isModal());
-    QCOMPARE(editor->parentWidget(), &test_->window);
-    QTRY_VERIFY(QApplication::overrideCursor() == nullptr);
-    QCOMPARE(test_->Editor()->Text(), QStringLiteral("text"));
-    QVERIFY(!test_->window.DocumentChanged());
-}
-
-void tst_frmimmain::imageMapEditorIsOpenedOnlyOnce()
-{
-    QVERIFY(test_->Start());
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    frmImageMap* const first = ImageMapEditor();
-    QVERIFY(first != nullptr);
-    QVERIFY(QTest::qWaitForWindowActive(first));
-    first->move(7, 9);
-    const auto* const toolbar = first->findChild<QToolBar*>(QStringLiteral("Toolbar1"));
-    const QList<int> looks = LookOfButtons(toolbar);
-    test_->window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&test_->window));
-
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    QCOMPARE(test_->window.findChildren<frmImageMap*>().size(), 1);
-    QCOMPARE(ImageMapEditor(), first);
-    QVERIFY(QTest::qWaitForWindowActive(first));
-    QCOMPARE(first->pos(), QPoint(7, 9));
-    QCOMPARE(LookOfButtons(toolbar), looks);
-    QTRY_VERIFY(QApplication::overrideCursor() == nullptr);
-}
-
-void tst_frmimmain::minimisedImageMapEditorComesBack()
-{
-    QVERIFY(test_->Start());
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    QVERIFY(QTest::qWaitForWindowActive(ImageMapEditor()));
-    ImageMapEditor()->showMinimized();
-    test_->window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&test_->window));
-    test_->ClickToolbar(15);
-    QVERIFY(!ImageMapEditor()->isMinimized());
-    QVERIFY(ImageMapEditor()->isVisible());
-    QVERIFY(QTest::qWaitForWindowActive(ImageMapEditor()));
-}
-
-void tst_frmimmain::closedImageMapEditorIsOpenedAfresh()
-{
-    QVERIFY(test_->Start());
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    const QPointer<frmImageMap> first = ImageMapEditor();
-    QVERIFY(first != nullptr);
-    QVERIFY(first->close());
-    QTRY_VERIFY(first == nullptr);
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    QVERIFY(ImageMapEditor() != nullptr);
-    QVERIFY(ImageMapEditor()->isVisible());
-}
-
-void tst_frmimmain::mapGoesIntoTheDocumentAtTheCaret()
-{
-    QVERIFY(test_->Start());
-    test_->Editor()->LoadText(QStringLiteral("a\r\n[old]\r\nb"));
-    test_->Editor()->Select(3, 5);
-    DocumentSink& document = test_->window;
-    QCOMPARE(document.InsertAtCaret(QStringLiteral("<MAP>\r\n</MAP>\r\n")), 2);
-    QCOMPARE(test_->Editor()->Text(), QStringLiteral("a\r\n<MAP>\r\n</MAP>\r\n\r\nb"));
-    QCOMPARE(test_->Editor()->SelStart(), qsizetype(18));
-    QVERIFY(test_->window.DocumentChanged());
-}
-
-using Act = std::function<void(MainWindowFixture&)>;
-
-void tst_frmimmain::programEndsBy_data()
-{
-    QTest::addColumn<Act>("act");
-    const auto row = [](const char* name, const Act& act) { QTest::newRow(name) << act; };
-    row("shortcut", [](MainWindowFixture& test) { test.Press(Qt::Key_E, Qt::ControlModifier); });
-    row("menu", [](MainWindowFixture& test) { test.ClickMenu("mnuFile", "mnuFExit"); });
-    row("toolbar", [](MainWindowFixture& test) { test.ClickToolbar(21); });
-    row("close box", [](MainWindowFixture& test) { test.window.close(); });
-}
-
-void tst_frmimmain::programEndsBy()
-{
-    QFETCH(const Act, act);
-    QVERIFY(test_->Start());
-    QVERIFY(EndsProgram([&] { act(*test_); }));
-    QVERIFY(!test_->window.isVisible());
-    QCOMPARE(test_->robot.Boxes().size(), 0);
-}
-
-void tst_frmimmain::closingAsksWhenTheDocumentHasChanged_data()
-{
-    QTest::addColumn<QMessageBox::StandardButton>("answer");
-    QTest::addColumn<bool>("isClosed");
-    QTest::addColumn<QByteArray>("saved");
-    QTest::newRow("Yes") << QMessageBox::Yes << true << QByteArray("oldx\r\n\r\n");
-    QTest::newRow("No") << QMessageBox::No << true << QByteArray("old\r\n");
-    QTest::newRow("Cancel") << QMessageBox::Cancel << false << QByteArray("old\r\n");
-}
-
-void tst_frmimmain::closingAsksWhenTheDocumentHasChanged()
-{
-    QFETCH(const QMessageBox::StandardButton, answer);
-    QFETCH(const bool, isClosed);
-    QFETCH(const QByteArray, saved);
-    QVERIFY(test_->Start());
-    const QString path = test_->folder.Path(QStringLiteral("page.htm"));
-    QVERIFY(WriteBytes(path, "old\r\n"));
-    test_->Open(path);
-    test_->Press(Qt::Key_End);
-    test_->Type("x");
-    test_->robot.AnswerBox(answer);
-    if (isClosed) {
-        QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
-    } else {
-        test_->Press(Qt::Key_E, Qt::ControlModifier);
-        QVERIFY(!test_->folder.imgMap.ContinueAction);
-        QVERIFY(test_->window.DocumentChanged());
-        QCOMPARE(test_->DocumentName(), path);
-        QCOMPARE(test_->Editor()->Text(), QStringLiteral("oldx\r\n"));
-    }
-    QCOMPARE(test_->window.isVisible(), !isClosed);
-    QCOMPARE(BytesOf(path), saved);
-    QCOMPARE(test_->robot.Boxes().size(), 1);
-    QCOMPARE(
-        test_->robot.Boxes().constFirst().text,
-        QString(u"The text in [" + path + u"] has changed.\n\rDo you want to save the changes?"));
-}
-
-void tst_frmimmain::closingTakesTheImageMapEditorAlong()
-{
-    QVERIFY(test_->Start());
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    const QPointer<frmImageMap> editor = ImageMapEditor();
-    QVERIFY(QTest::qWaitForWindowActive(editor));
-    QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
-    QVERIFY(editor == nullptr || !editor->isVisible());
-    QCOMPARE(test_->robot.Boxes().size(), 0);
-}
-
-void tst_frmimmain::closingWithFiguresTellsThatTheMapIsDeleted()
-{
-    QVERIFY(test_->Start());
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    const QPointer<frmImageMap> editor = ImageMapEditor();
-    QVERIFY(QTest::qWaitForWindowActive(editor));
-    MakeFigure();
-    test_->Type("x");
-    test_->robot.AnswerBox(QMessageBox::No);
-    test_->robot.AnswerBox(QMessageBox::Ok);
-    QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
-    QCOMPARE(test_->robot.Boxes().size(), 2);
-    QVERIFY(test_->robot.Boxes().at(0).text.startsWith(u"The text in [New Document]"));
-    const DialogRobot::SeenBox& box = test_->robot.Boxes().at(1);
-    QCOMPARE(box.text, QStringLiteral("Your Image Map must be deleted"));
-    QCOMPARE(box.title, QStringLiteral("Cartolen"));
-    QCOMPARE(box.icon, QMessageBox::NoIcon);
-    QCOMPARE(box.buttons, QMessageBox::Ok);
-    QCOMPARE(test_->folder.map.Ledger().FigureCount, 0);
-    QVERIFY(editor == nullptr || !editor->isVisible());
-    QVERIFY(!test_->window.isVisible());
-}
-
-void tst_frmimmain::cancelledClosingKeepsTheMap()
-{
-    QVERIFY(test_->Start());
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    frmImageMap* const editor = ImageMapEditor();
-    QVERIFY(QTest::qWaitForWindowActive(editor));
-    MakeFigure();
-    test_->Type("x");
-    test_->robot.AnswerBox(QMessageBox::Cancel);
-    test_->Press(Qt::Key_E, Qt::ControlModifier);
-    QVERIFY(test_->window.isVisible());
-    QVERIFY(editor->isVisible());
-    QCOMPARE(test_->folder.map.Ledger().FigureCount, 1);
-    QVERIFY(!test_->folder.imgMap.ContinueAction);
-
-    // Its own close box asks as if nothing had been closed before.
-    test_->robot.AnswerBox(QMessageBox::No);
-    editor->close();
-    QCOMPARE(test_->robot.Boxes().size(), 2);
-    QCOMPARE(test_->robot.Boxes().at(1).text, QStringLiteral("Do you want to delete your Image Map?"));
-    QVERIFY(editor->isVisible());
-    QCOMPARE(test_->folder.map.Ledger().FigureCount, 1);
-}
-
-void tst_frmimmain::closingGoesOnAfterAFailedSave()
-{
-    QVERIFY(test_->Start());
-    QDir folder(test_->folder.imgMap.ProgramFolder);
-    QVERIFY(folder.mkdir(QStringLiteral("pages")));
-    const QString path = folder.filePath(QStringLiteral("pages/page.htm"));
-    QVERIFY(WriteBytes(path, "old"));
-    test_->Open(path);
-    test_->Type("x");
-    QVERIFY(QDir(folder.filePath(QStringLiteral("pages"))).removeRecursively());
-    test_->robot.AnswerBox(QMessageBox::Yes);
-    test_->robot.AnswerBox(QMessageBox::Ok);
-    QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
-    QCOMPARE(test_->robot.Boxes().size(), 2);
-    QCOMPARE(test_->robot.Boxes().at(1).icon, QMessageBox::Warning);
-    QVERIFY(!test_->window.isVisible());
 }
 
 QTEST_MAIN(tst_frmimmain)

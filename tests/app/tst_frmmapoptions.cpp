@@ -1,23 +1,17 @@
-#include "tests/support/WidgetDriving.h"
-
-#include "app/IndentRules.h"
-#include "app/frmMapOptions.h"
-#include "tests/app/MainWindowFixture.h"
+#include "tests/app/MapOptionsFixture.h"
+#include "tests/app/rules/IndentRows.h"
 
 #include <QGroupBox>
-#include <QRadioButton>
-#include <QScreen>
 #include <QScrollBar>
 #include <cmath>
-#include <memory>
 
-class tst_frmmapoptions : public QObject
+class tst_frmmapoptions : public MapOptionsFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Start(); }
+    void cleanup() { Finish(); }
 
     void dialogShowsItsTexts();
     void dialogOpensBy_data();
@@ -30,11 +24,8 @@ private Q_SLOTS:
     void dialogGoesWithTheProgram();
     void tabGoesThroughTheControlsInOrder();
 
-    void millimetresAreWholeNumbersUpToTheMost_data();
-    void millimetresAreWholeNumbersUpToTheMost();
-    void fieldFollowsTheRules_data() { millimetresAreWholeNumbersUpToTheMost_data(); }
+    void fieldFollowsTheRules_data() { AddIndentRows(); }
     void fieldFollowsTheRules();
-    void everyMillimetreHasItsInches();
     void typingIsTakenKeyByKey_data();
     void typingIsTakenKeyByKey();
 
@@ -48,56 +39,7 @@ private Q_SLOTS:
     void wrapModeInForceIsChosen_data() { okWithoutAnOptionLeavesTheWrapMode_data(); }
     void wrapModeInForceIsChosen();
     void unwrappedLinesAreScrolledAsFarAsTheyGo();
-
-private:
-    void Open();
-    template<class Widget> Widget* Part(const char* name) { return Find<Widget>(dialog_, name); }
-    QLineEdit* Field() { return Part<QLineEdit>("txtIndentValue"); }
-    QString Inches() { return Part<QLabel>("lblInchIndValue")->text(); }
-    void ChooseOption(const char* name);
-    void ClickOk() { Click(Part<QPushButton>("cmdOK")); }
-    int Indent() { return test_->Editor()->viewport()->x() - plainLeft_; }
-
-    std::unique_ptr<MainWindowFixture> test_;
-    QPointer<frmMapOptions> dialog_;
-    int plainLeft_ = 0; ///< where the source starts without an indentation
 };
-
-void tst_frmmapoptions::init()
-{
-    test_ = std::make_unique<MainWindowFixture>();
-    QVERIFY(test_->Start());
-    plainLeft_ = test_->Editor()->viewport()->x();
-}
-
-void tst_frmmapoptions::cleanup()
-{
-    QCOMPARE(test_->robot.Problems(), QString());
-    test_.reset();
-    while (QApplication::overrideCursor() != nullptr) {
-        QApplication::restoreOverrideCursor();
-    }
-}
-
-void tst_frmmapoptions::Open()
-{
-    test_->Press(Qt::Key_P, Qt::ControlModifier);
-    for (frmMapOptions* const dialog : test_->window.findChildren<frmMapOptions*>()) {
-        if (dialog->isVisible()) {
-            dialog_ = dialog;
-        }
-    }
-    QVERIFY(dialog_ != nullptr);
-    dialog_->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(dialog_));
-}
-
-void tst_frmmapoptions::ChooseOption(const char* name)
-{
-    auto* const option = Part<QRadioButton>(name);
-    QTest::mouseClick(option, Qt::LeftButton, {}, { 8, option->height() / 2 });
-    QVERIFY(option->isChecked());
-}
 
 void tst_frmmapoptions::dialogShowsItsTexts()
 {
@@ -232,66 +174,6 @@ void tst_frmmapoptions::tabGoesThroughTheControlsInOrder()
     QVERIFY(Part<QRadioButton>("optWrapToWin")->isChecked());
 }
 
-void tst_frmmapoptions::millimetresAreWholeNumbersUpToTheMost_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("millimetres");
-    QTest::addColumn<QString>("inches");
-    const auto row = [](const char* typed, const char* millimetres, const char* inches) {
-        QTest::newRow(*typed != '\0' ? typed : "nothing")
-            << QString::fromLatin1(typed) << QString::fromLatin1(millimetres) << QString::fromLatin1(inches);
-    };
-    row("1", "1", "0.0");
-    row("10", "10", "0.4");
-    row("13", "13", "0.5");
-    row("24", "24", "0.9");
-    row("25", "25", "1");
-    row("26", "26", "1.0");
-    row("50", "50", "2");
-    row("225", "225", "9");
-    row("249", "249", "9.9");
-    row("250", "250", "1");
-    row("253", "253", "10.1");
-    row("254", "254", "10.1");
-    row("12.7", "13", "0.5");
-    row("12.5", "12", "0.4");
-    row("13.5", "14", "0.5");
-    row("0.5", "0", "0");
-    row("1.5", "2", "0.0");
-    row("-0.4", "0", "0");
-    row("-0.5", "0", "0");
-    row("254.4", "254", "10.1");
-    row("254.5", "254", "10.1");
-    row("007", "7", "0.2");
-    row("1e2", "100", "4");
-    row(" 5 ", "5", "0.2");
-    row("+5", "5", "0.2");
-    row("254.6", "", "0");
-    row("255", "", "0");
-    row("300", "", "0");
-    row("-5", "", "0");
-    row("-0.6", "", "0");
-    row("99999999999999999999", "", "0");
-    row("1e400", "", "0");
-    row("nan", "", "0");
-    row("inf", "", "0");
-    row("-", "", "0");
-    row("x", "", "0");
-    row("5x", "", "0");
-    row("1,5", "", "0");
-    row("", "", "0");
-}
-
-void tst_frmmapoptions::millimetresAreWholeNumbersUpToTheMost()
-{
-    QFETCH(const QString, typed);
-    QFETCH(const QString, millimetres);
-    QFETCH(const QString, inches);
-    const IndentTexts texts = IndentTextsFor(typed);
-    QCOMPARE(texts.Millimetres, millimetres);
-    QCOMPARE(texts.Inches, inches);
-}
-
 void tst_frmmapoptions::fieldFollowsTheRules()
 {
     QFETCH(const QString, typed);
@@ -302,21 +184,6 @@ void tst_frmmapoptions::fieldFollowsTheRules()
     Field()->setText(typed);
     QCOMPARE(Field()->text(), millimetres);
     QCOMPARE(Inches(), inches);
-}
-
-void tst_frmmapoptions::everyMillimetreHasItsInches()
-{
-    for (int millimetres = 0; millimetres <= 254; ++millimetres) {
-        // Four hundredths of an inch each: written out, then cut behind the first decimal.
-        QString inches = QString::number(millimetres * 4 / 100) + u'.' +
-                         QString::number(millimetres * 4 % 100).rightJustified(2, u'0').left(1);
-        if (millimetres % 25 == 0) {
-            inches = inches.left(1);
-        }
-        const IndentTexts texts = IndentTextsFor(QString::number(millimetres));
-        QCOMPARE(texts.Millimetres, QString::number(millimetres));
-        QCOMPARE(texts.Inches, inches);
-    }
 }
 
 void tst_frmmapoptions::typingIsTakenKeyByKey_data()
@@ -398,7 +265,7 @@ void tst_frmmapoptions::indentationLeavesTheDocumentAlone()
     ChooseOption("optNoWordWrap");
     ClickOk();
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
     QVERIFY(!test_->Editor()->document()->isUndoAvailable());
 }
 

@@ -1,12 +1,10 @@
 #include "tests/support/WidgetDriving.h"
 
-#include "app/ShellErrors.h"
-#include "app/TemporaryCopy.h"
-#include "tests/app/MainWindowFixture.h"
+#include "app/rules/ShellErrors.h"
+#include "tests/app/LaunchingFixture.h"
 #include "tests/support/Icons.h"
 
 #include <QDir>
-#include <memory>
 
 namespace {
 
@@ -17,18 +15,13 @@ QString Native(const QString& path)
 
 } // namespace
 
-class tst_launching : public QObject
+class tst_launching : public LaunchingFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
-    void errorCodesHaveTheirTexts_data();
-    void errorCodesHaveTheirTexts();
-    void copyReplacesWhatFollowsTheFirstDot_data();
-    void copyReplacesWhatFollowsTheFirstDot();
+    void init() { Start(); }
+    void cleanup() { Finish(); }
 
     void commandWritesACopyAndHandsItOver_data();
     void commandWritesACopyAndHandsItOver();
@@ -55,83 +48,7 @@ private Q_SLOTS:
     void missingPathOfAnAddressIsToldAsSuch();
     void aboutIsABoxOfOurOwnWhereTheSystemHasNone();
     void ownAboutBoxShowsLogoLicenceAndHomePage();
-
-private:
-    void Fill(const QString& text);
-
-    std::unique_ptr<MainWindowFixture> test_;
 };
-
-void tst_launching::init()
-{
-    test_ = std::make_unique<MainWindowFixture>();
-    QVERIFY(test_->Start());
-}
-
-void tst_launching::cleanup()
-{
-    QCOMPARE(test_->robot.Problems(), QString());
-    test_.reset();
-}
-
-void tst_launching::Fill(const QString& text)
-{
-    test_->Editor()->ReplaceSelection(text);
-}
-
-void tst_launching::errorCodesHaveTheirTexts_data()
-{
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("text");
-    const auto row = [](int code, const char* text) {
-        QTest::addRow("%d", code) << code << QString::fromLatin1(text);
-    };
-    row(0, "Memory Error");
-    row(2, "File not found");
-    row(3, "Path not found");
-    row(5, "Access Denied");
-    row(8, "Out of Memory");
-    row(11, "Bad Executeable Format");
-    row(26, "Sharing violation");
-    row(27, "Association incomplete");
-    row(28, "DEE time out");
-    row(29, "DDE failed");
-    row(30, "DDE Busy error");
-    row(31, "No association for this file");
-    for (const int other : { -1, 1, 4, 6, 7, 9, 10, 12, 25, 32 }) {
-        row(other, "Unknown Error!, Please try again...");
-    }
-}
-
-void tst_launching::errorCodesHaveTheirTexts()
-{
-    QFETCH(const int, code);
-    QTEST(ShellErrorText(code), "text");
-}
-
-void tst_launching::copyReplacesWhatFollowsTheFirstDot_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("copy");
-    QTest::newRow("page") << "C:\\web\\page.htm"
-                          << "C:\\web\\page_Temp.html";
-    QTest::newRow("folder with a dot") << "C:\\my.site\\page.htm"
-                                       << "C:\\my_Temp.html";
-    QTest::newRow("two dots") << "/a/b.c.htm"
-                              << "/a/b_Temp.html";
-    QTest::newRow("no dot") << "/a/page"
-                            << "_Temp.html";
-    QTest::newRow("dot first") << ".page"
-                               << "_Temp.html";
-    QTest::newRow("hidden folder") << "/a/.b/page.htm"
-                                   << "/a/_Temp.html";
-}
-
-void tst_launching::copyReplacesWhatFollowsTheFirstDot()
-{
-    QFETCH(const QString, path);
-    QTEST(TemporaryCopyOf(path, QStringLiteral("html")), "copy");
-}
 
 using Act = std::function<void(MainWindowFixture&)>;
 
@@ -179,11 +96,11 @@ void tst_launching::savedDocumentsCopyLiesBesideIt()
     QVERIFY(WriteBytes(test_->folder.Path(QStringLiteral("page.htm")), "saved"));
     test_->Open(test_->folder.Path(QStringLiteral("page.htm")));
     test_->Type("un");
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     const QString copy = test_->folder.Path(QStringLiteral("page_Temp.html"));
     QCOMPARE(test_->desktop.Requests.constFirst().Target, Native(copy));
     QCOMPARE(BytesOf(copy), QByteArray("unsaved\r\n"));
-    test_->window.PrintDocument();
+    test_->window.Outside().PrintDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("page_Temp.txt"))), QByteArray("unsaved\r\n"));
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("page.htm"))), QByteArray("saved"));
 }
@@ -194,7 +111,7 @@ void tst_launching::copyOfADocumentInAFolderWithADotLiesBesideThatFolder()
     const QString path = test_->folder.Path(QStringLiteral("my.site/page.htm"));
     QVERIFY(WriteBytes(path, "text"));
     test_->Open(path);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("my_Temp.html"))), QByteArray("text\r\n"));
 }
 
@@ -203,15 +120,15 @@ void tst_launching::copyHoldsEveryCharacter()
     const QString path = test_->folder.Path(QStringLiteral("page.htm"));
     QVERIFY(WriteBytes(path, EveryByte()));
     test_->Open(path);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("page_Temp.html"))), EveryByte() + "\r\n");
 }
 
 void tst_launching::copyingLeavesTheDocumentAsItIs()
 {
     Fill(QStringLiteral("x"));
-    test_->window.PreviewDocument();
-    QVERIFY(test_->window.DocumentChanged());
+    test_->window.Outside().PreviewDocument();
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
     QVERIFY(QApplication::overrideCursor() == nullptr);
@@ -220,10 +137,10 @@ void tst_launching::copyingLeavesTheDocumentAsItIs()
 void tst_launching::copyIsWrittenAgainEveryTime()
 {
     Fill(QStringLiteral("a long first text"));
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     test_->Editor()->Select(0, test_->Editor()->TextLength());
     Fill(QStringLiteral("short"));
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(BytesOf(test_->folder.Path(QStringLiteral("Temp/Temp001.html"))), QByteArray("short\r\n"));
 }
 
@@ -256,7 +173,7 @@ void tst_launching::missingTempFolderIsToldTwice()
     Fill(QStringLiteral("x"));
     test_->robot.AnswerBox(QMessageBox::Ok);
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(test_->robot.Boxes().size(), 2);
     QCOMPARE(test_->robot.Boxes()[0].icon, QMessageBox::Warning);
     QVERIFY(!test_->robot.Boxes()[0].text.isEmpty());
@@ -271,7 +188,7 @@ void tst_launching::olderCopyIsLaunchedWhenItCannotBeWritten()
     QVERIFY(QDir().mkpath(copy)); // a folder cannot be written over
     Fill(QStringLiteral("x"));
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(test_->robot.Boxes().constFirst().icon, QMessageBox::Warning);
     QCOMPARE(test_->desktop.Requests.size(), 1);
     QCOMPARE(test_->desktop.Requests.constFirst().Target, Native(copy));
@@ -286,7 +203,7 @@ void tst_launching::missingFolderOfADocumentIsAMissingPath()
     test_->desktop.Code = shellPathNotFound;
     test_->robot.AnswerBox(QMessageBox::Ok);
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.PreviewDocument();
+    test_->window.Outside().PreviewDocument();
     QCOMPARE(test_->robot.Boxes()[1].text, QStringLiteral("Path not found"));
 }
 
@@ -311,7 +228,7 @@ void tst_launching::failedLaunchIsTold()
     if (boxes > 0) {
         test_->robot.AnswerBox(QMessageBox::Ok);
     }
-    test_->window.PrintDocument();
+    test_->window.Outside().PrintDocument();
     QCOMPARE(test_->robot.Boxes().size(), boxes);
     if (boxes > 0) {
         QCOMPARE(test_->robot.Boxes().constFirst().text, ShellErrorText(code));
@@ -330,7 +247,7 @@ void tst_launching::lateFailureOfAClosedWindowIsNotTold()
     } late;
     {
         frmIMmain window(test_->folder.imgMap, test_->folder.map, late);
-        window.OpenHomePage();
+        window.Outside().OpenHomePage();
     }
     QVERIFY(late.report_);
     late.report_(shellNoAssociation);
@@ -381,7 +298,7 @@ void tst_launching::homePageThatCannotBeOpenedIsTold()
 {
     test_->desktop.Code = shellNoAssociation;
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.OpenHomePage();
+    test_->window.Outside().OpenHomePage();
     QCOMPARE(test_->robot.Boxes().constFirst().text, QStringLiteral("No association for this file"));
 }
 
@@ -400,7 +317,7 @@ void tst_launching::aboutIsABoxOfOurOwnWhereTheSystemHasNone()
 {
     test_->desktop.HasAboutBox = false;
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.ShowAbout();
+    test_->window.Outside().ShowAbout();
     const DialogRobot::SeenBox& box = test_->robot.Boxes().constFirst();
     QCOMPARE(box.title, QStringLiteral("About"));
     QCOMPARE(box.text, QStringLiteral("Cartolen\nV4.0\nMade by the Cartolen authors"));
@@ -412,7 +329,7 @@ void tst_launching::missingPathOfAnAddressIsToldAsSuch()
     QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
     test_->desktop.Code = shellPathNotFound;
     test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->window.OpenHomePage();
+    test_->window.Outside().OpenHomePage();
     QCOMPARE(test_->robot.Boxes().constFirst().text, QStringLiteral("Path not found"));
 }
 
@@ -431,7 +348,7 @@ void tst_launching::ownAboutBoxShowsLogoLicenceAndHomePage()
         Q_EMIT information->linkActivated(QStringLiteral("https://cartolen.example/"));
         QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
     });
-    test_->window.ShowAbout();
+    test_->window.Outside().ShowAbout();
     QVERIFY2(details.contains(u"MIT"), qPrintable(details));
     QVERIFY2(details.contains(u"href=\"https://cartolen.example/\""), qPrintable(details));
     QVERIFY(logo.width() >= 64);

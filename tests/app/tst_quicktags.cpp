@@ -81,8 +81,12 @@ void tst_quicktags::DragFrom(const char* label, const QList<Step>& steps)
     // The drag has an event loop of its own, in which these come due.
     QObject context;
     int delay = 0;
+    qsizetype done = 0;
     for (const Step& step : steps) {
-        QTimer::singleShot(delay += 20, &context, step);
+        QTimer::singleShot(delay += 20, &context, [&done, step] {
+            step();
+            ++done;
+        });
     }
     bool isStuck = false;
     QTimer::singleShot(delay + 3000, &context, [&isStuck] {
@@ -92,7 +96,8 @@ void tst_quicktags::DragFrom(const char* label, const QList<Step>& steps)
     auto* const source = test_->Find<QLabel>(label);
     QTest::mousePress(
         test_->window.windowHandle(), Qt::LeftButton, {}, source->mapTo(&test_->window, QPoint(5, 5)));
-    QTest::qWait(delay + 60);
+    QTRY_COMPARE(done, steps.size());
+    QCoreApplication::processEvents();
     QVERIFY(!isStuck);
 }
 
@@ -125,7 +130,7 @@ void tst_quicktags::droppedTagGoesInAtTheCaretWhereverThePointerIs()
     DragToEditor(label.constData(), place);
     QCOMPARE(Editor()->Text(), expected);
     QCOMPARE(Editor()->SelStart(), 1 + expected.size() - 8);
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->Preview(), QStringLiteral("<B>|</B>"));
 }
 
@@ -142,7 +147,7 @@ void tst_quicktags::droppedTagIsOneStepOfUndo()
 {
     Editor()->Select(1, 5);
     DragToEditor("lblQTagsO", Middle());
-    test_->window.UndoEdit();
+    test_->window.Source().undo();
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
 }
 
@@ -194,7 +199,7 @@ void tst_quicktags::labelWithoutATagStartsNoDrag()
           [this] { Release(Editor()->viewport(), Middle()); } });
     QVERIFY(!isDragging);
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_quicktags::escapeCancelsTheDrag()
@@ -204,7 +209,7 @@ void tst_quicktags::escapeCancelsTheDrag()
                        [this] { QTest::keyClick(test_->window.windowHandle(), Qt::Key_Escape); },
                        [this] { Release(Editor()->viewport(), Middle()); } });
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_quicktags::tagDroppedElsewhereIsGone_data()
@@ -224,7 +229,7 @@ void tst_quicktags::tagDroppedElsewhereIsGone()
                        [this, widget] { Move(widget, widget->rect().center()); },
                        [this, widget] { Release(widget, widget->rect().center()); } });
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_quicktags::releaseWithoutMovingInsertsNothing()
@@ -278,15 +283,19 @@ void tst_quicktags::selectedTextIsNotMovedByDragging()
     const QPoint from = Editor()->cursorRect(first).center();
     QObject context;
     QTimer::singleShot(30, &context, [this] { Move(Editor()->viewport(), Middle()); });
-    QTimer::singleShot(60, &context, [this] { Release(Editor()->viewport(), Middle()); });
+    bool isReleased = false;
+    QTimer::singleShot(60, &context, [this, &isReleased] {
+        Release(Editor()->viewport(), Middle());
+        isReleased = true;
+    });
     QTest::mousePress(
         test_->window.windowHandle(), Qt::LeftButton, {}, Editor()->viewport()->mapTo(&test_->window, from));
-    QTest::qWait(600);
+    QTRY_VERIFY(isReleased);
     Move(Editor()->viewport(), from + QPoint(30, 40));
-    QTest::qWait(100);
+    QCoreApplication::processEvents();
     Release(Editor()->viewport(), Middle());
     QCOMPARE(Editor()->Text(), QStringLiteral("abc\r\ndef"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 QTEST_MAIN(tst_quicktags)

@@ -5,8 +5,8 @@
 #include "html/HtmlTokens.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/AnsiCodePage.h"
-#include "shared/DocumentSink.h"
 #include "shared/FileWriting.h"
+#include "shared/PageDocument.h"
 #include "tests/bench/Bench.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingDesktop.h"
@@ -98,7 +98,7 @@ Cost CostOfTag(const QByteArray& page)
                 editor->Select(word, 4);
                 Q_EMIT tree->itemDoubleClicked(bold, 0);
                 QCoreApplication::processEvents();
-                window.UndoEdit();
+                window.Source().undo();
             }
         },
         tags);
@@ -209,6 +209,62 @@ private:
     SourceEditor source_;
 };
 
+/** A word in each of the first `count` lines. */
+QList<TextReplacement> WordsToReplace(int count)
+{
+    const qsizetype word = line.indexOf("text");
+    QList<TextReplacement> replacements;
+    for (int i = 0; i < count; ++i) {
+        replacements << TextReplacement{ { i * line.size() + word, 4 }, QStringLiteral("writing") };
+    }
+    return replacements;
+}
+
+/** Times `replace`, and takes it back between. */
+Cost CostOfReplacing(QPlainTextEdit& editor, const std::function<void()>& replace)
+{
+    ShowIn(editor);
+    return CostOfTimed([&editor, &replace] {
+        const double seconds = SecondsOnce([&replace] {
+            replace();
+            QCoreApplication::processEvents();
+        });
+        editor.undo();
+        QCoreApplication::processEvents();
+        return seconds;
+    });
+}
+
+/** Many replacements; their baseline is one block of as many edits in a bare editor. */
+void BenchReplacing()
+{
+    constexpr int many = 20'000;
+    const QString text = QString::fromLatin1(PageOf(2));
+    const QList<TextReplacement> replacements = WordsToReplace(many);
+    SourceEditor editor;
+    editor.LoadText(text);
+    const Cost replaced = CostOfReplacing(editor, [&editor, &replacements] { editor.Replace(replacements); });
+    QPlainTextEdit bare;
+    bare.setPlainText(text);
+    const Cost edited = CostOfReplacing(bare, [&bare, &replacements] {
+        QTextCursor cursor(bare.document());
+        cursor.beginEditBlock();
+        for (int i = many - 1; i >= 0; --i) {
+            // The document counts a line end as one character.
+            const int start = static_cast<int>(replacements[i].Place.Start) - i;
+            cursor.setPosition(start);
+            cursor.setPosition(start + 4, QTextCursor::KeepAnchor);
+            cursor.insertText(replacements[i].Text);
+        }
+        cursor.endEditBlock();
+    });
+    PrintRow(
+        QStringLiteral("replace 20,000 words; a block of edits in a bare editor"), replaced, edited, 1.5);
+    const QList<TextReplacement> fewer = WordsToReplace(many / 10);
+    const Cost less = CostOfReplacing(editor, [&editor, &fewer] { editor.Replace(fewer); });
+    PrintGrowth(QStringLiteral("replace 20,000 words; ten times 2,000"), replaced, less, 10);
+}
+
 /** Puts `count` linked areas into a map. */
 void AppendAreas(MapDocument& map, int count)
 {
@@ -254,6 +310,7 @@ void BenchDocuments()
     if (!IsCounting()) {
         (void)BenchDocument(50, bareKey, bareTag);
     }
+    BenchReplacing();
     BenchInsert();
     BenchTokens();
 }

@@ -83,7 +83,7 @@ bool tst_clipboardowner::StartOwner()
 void tst_clipboardowner::textOfAnotherProgramIsPasted()
 {
     test_->Editor()->ReplaceSelection(QStringLiteral("ab"));
-    test_->window.PasteText();
+    test_->window.Source().PasteText();
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("abfrom outside"));
 }
 
@@ -92,13 +92,13 @@ void tst_clipboardowner::ownerThatHasEndedLeavesNothingToPaste()
     test_->Editor()->ReplaceSelection(QStringLiteral("ab"));
     owner_->kill();
     QVERIFY(owner_->waitForFinished());
-    test_->window.PasteText();
+    test_->window.Source().PasteText();
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("ab"));
     // The clipboard works again as soon as somebody has it.
     test_->Editor()->selectAll();
-    test_->window.CopyText();
+    test_->window.Source().CopyText();
     test_->Editor()->Select(2, 0);
-    test_->window.PasteText();
+    test_->window.Source().PasteText();
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("abab"));
 }
 
@@ -108,7 +108,7 @@ void tst_clipboardowner::ownerThatDoesNotAnswerIsNotWaitedForLong()
     QCOMPARE(kill(static_cast<pid_t>(owner_->processId()), SIGSTOP), 0);
     QElapsedTimer clock;
     clock.start();
-    test_->window.PasteText();
+    test_->window.Source().PasteText();
     const qint64 waited = clock.elapsed();
     kill(static_cast<pid_t>(owner_->processId()), SIGCONT);
     QVERIFY2(waited < patience, qPrintable(QString::number(waited)));

@@ -54,7 +54,7 @@ int SaveForEver(const QString& path)
         std::printf("s");
         std::fflush(stdout);
         test.Press(Qt::Key_S, Qt::ControlModifier);
-        std::printf(test.window.DocumentChanged() ? "?" : ".");
+        std::printf(test.window.File().IsChanged() ? "?" : ".");
         std::fflush(stdout);
     }
 }

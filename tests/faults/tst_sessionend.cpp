@@ -77,7 +77,7 @@ void tst_sessionend::cleanup()
 void tst_sessionend::Write(const QString& text)
 {
     test_->Editor()->ReplaceSelection(text);
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 /** Whether the desktop hears this next. */
@@ -110,7 +110,7 @@ void tst_sessionend::cancelStopsTheLogout()
     QVERIFY(Hears("c"));
     QCOMPARE(test_->robot.Boxes().size(), 1);
     QVERIFY(test_->robot.Boxes().constFirst().text.startsWith(u"The text in [New Document] has changed."));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("text"));
     QVERIFY(Hears("d"));
 }
@@ -142,7 +142,7 @@ void tst_sessionend::failedSaveStopsTheLogout()
     test_->robot.AnswerBox(QMessageBox::Ok);
     session.LogOut();
     QVERIFY(Hears("c"));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QVERIFY(Hears("d"));
 }
 
@@ -155,10 +155,10 @@ void tst_sessionend::openDialogStopsTheLogoutOfChangedText()
         isStopped = Hears("c");
         dialog.reject();
     });
-    test_->window.SaveDocumentAs();
+    test_->window.Documents().SaveDocumentAs();
     QVERIFY(isStopped);
     QCOMPARE(test_->robot.Boxes().size(), 0);
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
     QVERIFY(Hears("d"));
 }
 
@@ -168,7 +168,7 @@ void tst_sessionend::logoutThatMustNotAskAsksNothing()
     session.LogOut(false);
     QVERIFY(Hears("d"));
     QVERIFY(test_->robot.Boxes().isEmpty());
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_sessionend::programEndsWithTheSession()
@@ -195,11 +195,11 @@ void tst_sessionend::startedProgramIsAskedToo()
             return started != nullptr;
         },
         patience));
-    started->InsertAtCaret(QStringLiteral("text"));
+    started->Page().InsertAtCaret(QStringLiteral("text"));
     test_->robot.AnswerBox(QMessageBox::Cancel);
     session.LogOut();
     QVERIFY(Hears("c"));
-    QVERIFY(started->DocumentChanged());
+    QVERIFY(started->File().IsChanged());
     QVERIFY(Hears("d"));
 }
 

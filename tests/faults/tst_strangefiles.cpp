@@ -1,33 +1,19 @@
-// Opening and saving where there is no ordinary file, or none that may be touched.
-
-#include "tests/app/MainWindowFixture.h"
 #include "tests/faults/Rights.h"
+#include "tests/faults/StrangeFilesFixture.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
-#include <memory>
 #include <sys/resource.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 namespace {
 
-/** A window that has not answered for this long, in milliseconds, hangs. */
-constexpr qint64 hanging = 5000;
-
 QByteArray Native(const QString& path)
 {
     return QFile::encodeName(path);
-}
-
-QString SystemText(int number)
-{
-    return QString::fromLocal8Bit(std::strerror(number));
 }
 
 bool MakeSocket(const QString& path)
@@ -77,14 +63,14 @@ bool MakeLink(const QByteArray& target, const QString& path)
 
 } // namespace
 
-class tst_strangefiles : public QObject
+class tst_strangefiles : public StrangeFilesFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { StartAll(); }
+    void init() { Start(); }
+    void cleanup() { Finish(); }
 
     void openingItTellsAndKeepsTheText_data();
     void openingItTellsAndKeepsTheText();
@@ -98,93 +84,7 @@ private Q_SLOTS:
     void linksFileThatIsAPipeIsNotWaitedFor();
     void linkToAFileStaysALinkAndOtherNamesSeeTheText();
     void danglingLinkOpensNothingAndIsSavedThrough();
-    void readOnlyFileIsToldAndKept();
-    void readOnlyFolderIsNoObstacleForAFileThatMayBeWritten();
-    void readOnlyFolderTakesNoNewFile();
-    void unreadableFileIsTold();
-    void folderRemovedBetweenOpenAndSaveIsTold();
-    void fileRemovedBetweenOpenAndSaveIsMadeAgain();
-    void renamedFolderIsNotMadeAgain();
-
-private:
-    [[nodiscard]] QString Path(const char* name) const
-    {
-        return test_->folder.Path(QString::fromLatin1(name));
-    }
-    [[nodiscard]] QString InPages(const char* name) const
-    {
-        return Path("pages") + u'/' + QLatin1String(name);
-    }
-    void OpenPage(const QByteArray& bytes = "old");
-    void Save();
-    void SaveFails(const QString& text = {});
-    void TextIsKept(const QString& path);
-
-    std::unique_ptr<MainWindowFixture> test_;
 };
-
-void tst_strangefiles::initTestCase()
-{
-    // The folders of the tests are also used with the rights of others.
-    umask(0);
-}
-
-void tst_strangefiles::init()
-{
-    test_ = std::make_unique<MainWindowFixture>();
-    test_->robot.Hurry();
-    QVERIFY(SetMode(test_->folder.imgMap.ProgramFolder, 0777));
-    QVERIFY(QDir(test_->folder.imgMap.ProgramFolder).mkdir(QStringLiteral("pages")));
-    QVERIFY(test_->Start());
-}
-
-void tst_strangefiles::cleanup()
-{
-    QCOMPARE(test_->robot.Problems(), QString());
-    QVERIFY(QApplication::overrideCursor() == nullptr);
-    SetMode(Path("pages"), 0777);
-    test_.reset();
-}
-
-/** Opens a page in the folder `pages` and changes it. */
-void tst_strangefiles::OpenPage(const QByteArray& bytes)
-{
-    QVERIFY(WriteBytes(InPages("page.htm"), bytes));
-    test_->Open(InPages("page.htm"));
-    QCOMPARE(test_->DocumentName(), InPages("page.htm"));
-    test_->Type("x");
-}
-
-void tst_strangefiles::Save()
-{
-    QElapsedTimer clock;
-    clock.start();
-    test_->Press(Qt::Key_S, Qt::ControlModifier);
-    QVERIFY2(clock.elapsed() < hanging, qPrintable(QString::number(clock.elapsed())));
-}
-
-/** Saves; the user must be told `text`, or anything at all when it is empty, and lose nothing. */
-void tst_strangefiles::SaveFails(const QString& text)
-{
-    test_->robot.AnswerBox(QMessageBox::Ok);
-    Save();
-    QCOMPARE(test_->robot.Boxes().size(), 1);
-    const DialogRobot::SeenBox& box = test_->robot.Boxes().constFirst();
-    QCOMPARE(box.icon, QMessageBox::Warning);
-    QCOMPARE(box.title, QStringLiteral("Cartolen"));
-    QVERIFY(!box.text.isEmpty());
-    if (!text.isEmpty()) {
-        QCOMPARE(box.text, text);
-    }
-    TextIsKept(InPages("page.htm"));
-}
-
-void tst_strangefiles::TextIsKept(const QString& path)
-{
-    QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
-    QCOMPARE(test_->DocumentName(), path);
-    QVERIFY(test_->window.DocumentChanged());
-}
 
 /** Everything that a name can stand for without being a file. */
 static void AddStrangeRows()
@@ -316,7 +216,7 @@ void tst_strangefiles::pipeThatNobodyEmptiesDoesNotHangTheWindow()
     close(reader);
     QCOMPARE(test_->robot.Boxes().size(), 1);
     QCOMPARE(test_->Editor()->TextLength(), qsizetype(700'001));
-    QVERIFY(test_->window.DocumentChanged());
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_strangefiles::pipeThatIsReadGetsTheText()
@@ -330,7 +230,7 @@ void tst_strangefiles::pipeThatIsReadGetsTheText()
     received.truncate(std::max<ssize_t>(read(reader, received.data(), std::size_t(received.size())), 0));
     close(reader);
     QCOMPARE(received, QByteArray("xold\r\n"));
-    QVERIFY(!test_->window.DocumentChanged());
+    QVERIFY(!test_->window.File().IsChanged());
 }
 
 void tst_strangefiles::linksFileThatIsAPipeIsNotWaitedFor()
@@ -379,73 +279,6 @@ void tst_strangefiles::danglingLinkOpensNothingAndIsSavedThrough()
     test_->Press(Qt::Key_O, Qt::ControlModifier);
     QCOMPARE(test_->robot.Boxes().size(), 1);
     QVERIFY(!QFile::exists(Path("target.htm")));
-}
-
-void tst_strangefiles::readOnlyFileIsToldAndKept()
-{
-    OpenPage();
-    QVERIFY(SetMode(InPages("page.htm"), 0444));
-    const OrdinaryRights rights;
-    SaveFails(SystemText(EACCES));
-    QCOMPARE(BytesOf(InPages("page.htm")), QByteArray("old"));
-}
-
-void tst_strangefiles::readOnlyFolderIsNoObstacleForAFileThatMayBeWritten()
-{
-    OpenPage();
-    QVERIFY(SetMode(InPages("page.htm"), 0666));
-    QVERIFY(SetMode(Path("pages"), 0555));
-    const OrdinaryRights rights;
-    Save();
-    QCOMPARE(test_->robot.Boxes().size(), 0);
-    QCOMPARE(BytesOf(InPages("page.htm")), QByteArray("xold\r\n"));
-}
-
-void tst_strangefiles::readOnlyFolderTakesNoNewFile()
-{
-    OpenPage();
-    QVERIFY(QFile::remove(InPages("page.htm")));
-    QVERIFY(SetMode(Path("pages"), 0555));
-    const OrdinaryRights rights;
-    SaveFails(SystemText(EACCES));
-    QVERIFY(QDir(Path("pages")).isEmpty());
-}
-
-void tst_strangefiles::unreadableFileIsTold()
-{
-    QVERIFY(WriteBytes(InPages("page.htm"), "old"));
-    QVERIFY(SetMode(InPages("page.htm"), 0200));
-    const OrdinaryRights rights;
-    test_->robot.ChooseFile(InPages("page.htm"));
-    test_->robot.AnswerBox(QMessageBox::Ok);
-    test_->Press(Qt::Key_O, Qt::ControlModifier);
-    QCOMPARE(test_->robot.Boxes().size(), 1);
-    QCOMPARE(test_->robot.Boxes().constFirst().text, QString(u"Can't open file: " + InPages("page.htm")));
-    QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
-}
-
-void tst_strangefiles::folderRemovedBetweenOpenAndSaveIsTold()
-{
-    OpenPage();
-    QVERIFY(QDir(Path("pages")).removeRecursively());
-    SaveFails(SystemText(ENOENT));
-    QVERIFY(!QFile::exists(Path("pages")));
-}
-
-void tst_strangefiles::fileRemovedBetweenOpenAndSaveIsMadeAgain()
-{
-    OpenPage();
-    QVERIFY(QFile::remove(InPages("page.htm")));
-    Save();
-    QCOMPARE(BytesOf(InPages("page.htm")), QByteArray("xold\r\n"));
-}
-
-void tst_strangefiles::renamedFolderIsNotMadeAgain()
-{
-    OpenPage();
-    QVERIFY(QDir().rename(Path("pages"), Path("moved")));
-    SaveFails(SystemText(ENOENT));
-    QCOMPARE(BytesOf(Path("moved/page.htm")), QByteArray("old"));
 }
 
 QTEST_MAIN(tst_strangefiles)

@@ -15,7 +15,7 @@ QByteArray AllBytes()
 
 } // namespace
 
-class TestAnsiCodePage : public QObject
+class tst_ansicodepage : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void nothingStaysNothing();
 };
 
-void TestAnsiCodePage::everyByteSurvivesTheRoundTrip()
+void tst_ansicodepage::everyByteSurvivesTheRoundTrip()
 {
     const QByteArray bytes = AllBytes();
     const QString text = AnsiCodePage::Decode(bytes);
@@ -42,7 +42,7 @@ void TestAnsiCodePage::everyByteSurvivesTheRoundTrip()
     QCOMPARE(AnsiCodePage::Encode(text), bytes);
 }
 
-void TestAnsiCodePage::everyByteIsACharacterOfItsOwn()
+void tst_ansicodepage::everyByteIsACharacterOfItsOwn()
 {
     const QString text = AnsiCodePage::Decode(AllBytes());
     for (const QChar character : text) {
@@ -50,19 +50,19 @@ void TestAnsiCodePage::everyByteIsACharacterOfItsOwn()
     }
 }
 
-void TestAnsiCodePage::halfOfTheBytesAreAscii()
+void tst_ansicodepage::halfOfTheBytesAreAscii()
 {
     const QByteArray bytes = AllBytes().first(0x80);
     QCOMPARE(AnsiCodePage::Decode(bytes), QString::fromLatin1(bytes));
 }
 
-void TestAnsiCodePage::upperBytesAreLatin1()
+void tst_ansicodepage::upperBytesAreLatin1()
 {
     const QByteArray bytes = AllBytes().sliced(0xA0);
     QCOMPARE(AnsiCodePage::Decode(bytes), QString::fromLatin1(bytes));
 }
 
-void TestAnsiCodePage::bytesBetweenAreTheirOwnCharacters_data()
+void tst_ansicodepage::bytesBetweenAreTheirOwnCharacters_data()
 {
     QTest::addColumn<int>("byte");
     QTest::addColumn<QString>("character");
@@ -95,7 +95,7 @@ void TestAnsiCodePage::bytesBetweenAreTheirOwnCharacters_data()
     QTest::newRow("Y diaeresis") << 0x9F << QString(u'\u0178');
 }
 
-void TestAnsiCodePage::bytesBetweenAreTheirOwnCharacters()
+void tst_ansicodepage::bytesBetweenAreTheirOwnCharacters()
 {
     QFETCH(const int, byte);
     QFETCH(const QString, character);
@@ -104,7 +104,7 @@ void TestAnsiCodePage::bytesBetweenAreTheirOwnCharacters()
     QCOMPARE(AnsiCodePage::Encode(character), bytes);
 }
 
-void TestAnsiCodePage::unassignedBytesAreControlCharacters_data()
+void tst_ansicodepage::unassignedBytesAreControlCharacters_data()
 {
     QTest::addColumn<int>("byte");
     for (const int byte : { 0x81, 0x8D, 0x8F, 0x90, 0x9D }) {
@@ -112,7 +112,7 @@ void TestAnsiCodePage::unassignedBytesAreControlCharacters_data()
     }
 }
 
-void TestAnsiCodePage::unassignedBytesAreControlCharacters()
+void tst_ansicodepage::unassignedBytesAreControlCharacters()
 {
     QFETCH(const int, byte);
     const QByteArray bytes(1, static_cast<char>(byte));
@@ -121,7 +121,7 @@ void TestAnsiCodePage::unassignedBytesAreControlCharacters()
     QCOMPARE(AnsiCodePage::Encode(character), bytes);
 }
 
-void TestAnsiCodePage::charactersOutsideBecomeQuestionMarks_data()
+void tst_ansicodepage::charactersOutsideBecomeQuestionMarks_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QByteArray>("bytes");
@@ -141,26 +141,26 @@ void TestAnsiCodePage::charactersOutsideBecomeQuestionMarks_data()
     QTest::newRow("high half before a pair") << QString(high) + high + low << QByteArray("?\?");
 }
 
-void TestAnsiCodePage::charactersOutsideBecomeQuestionMarks()
+void tst_ansicodepage::charactersOutsideBecomeQuestionMarks()
 {
     QFETCH(const QString, text);
     QFETCH(const QByteArray, bytes);
     QCOMPARE(AnsiCodePage::Encode(text), bytes);
 }
 
-void TestAnsiCodePage::lineEndsAndNulsPassUnchanged()
+void tst_ansicodepage::lineEndsAndNulsPassUnchanged()
 {
     const QByteArray bytes("a\r\nb\nc\rd\0e", 10);
     QCOMPARE(AnsiCodePage::Decode(bytes), QString::fromLatin1(bytes));
     QCOMPARE(AnsiCodePage::Encode(QString::fromLatin1(bytes)), bytes);
 }
 
-void TestAnsiCodePage::nothingStaysNothing()
+void tst_ansicodepage::nothingStaysNothing()
 {
     QCOMPARE(AnsiCodePage::Decode({}), QString());
     QCOMPARE(AnsiCodePage::Encode({}), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(TestAnsiCodePage)
+QTEST_GUILESS_MAIN(tst_ansicodepage)
 
 #include "tst_ansicodepage.moc"

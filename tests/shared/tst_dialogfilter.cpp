@@ -15,7 +15,7 @@ bool DoesShow(const QString& choice, const QString& fileName)
 
 } // namespace
 
-class TestDialogFilter : public QObject
+class tst_dialogfilter : public QObject
 {
     Q_OBJECT
 
@@ -27,21 +27,21 @@ private Q_SLOTS:
     void emptyFilterOffersNothing();
 };
 
-void TestDialogFilter::documentsAreOfferedInFiveChoices()
+void tst_dialogfilter::documentsAreOfferedInFiveChoices()
 {
     const QStringList choices = { "HTML Documents(*.html;*.htm)(*.html *.htm)", "HTML(*.html)(*.html)",
                                   "HTM(*.htm)(*.htm)", "Text Files(*.txt)(*.txt)", "All Files(*.*)(*)" };
     QCOMPARE(DialogNameFilters(documentFilter), choices);
 }
 
-void TestDialogFilter::picturesAreOfferedInThreeChoices()
+void tst_dialogfilter::picturesAreOfferedInThreeChoices()
 {
     const QStringList choices = { "JPG and GIF Files(*.jpg;*.gif)(*.jpg *.gif)", "JPG Files(*.jpg)(*.jpg)",
                                   "GIF Files(*.Gif)(*.Gif)" };
     QCOMPARE(DialogNameFilters(pictureFilter), choices);
 }
 
-void TestDialogFilter::choicesShowTheirFiles_data()
+void tst_dialogfilter::choicesShowTheirFiles_data()
 {
     QTest::addColumn<QString>("fileName");
     QTest::addColumn<QList<int>>("documentChoices");
@@ -56,7 +56,7 @@ void TestDialogFilter::choicesShowTheirFiles_data()
     QTest::newRow("longer ending") << "a.jpeg" << QList<int>{ 4 } << QList<int>{};
 }
 
-void TestDialogFilter::choicesShowTheirFiles()
+void tst_dialogfilter::choicesShowTheirFiles()
 {
     QFETCH(const QString, fileName);
     QFETCH(const QList<int>, documentChoices);
@@ -71,11 +71,11 @@ void TestDialogFilter::choicesShowTheirFiles()
     }
 }
 
-void TestDialogFilter::emptyFilterOffersNothing()
+void tst_dialogfilter::emptyFilterOffersNothing()
 {
     QCOMPARE(DialogNameFilters(u""), QStringList());
 }
 
-QTEST_GUILESS_MAIN(TestDialogFilter)
+QTEST_GUILESS_MAIN(tst_dialogfilter)
 
 #include "tst_dialogfilter.moc"

@@ -62,7 +62,7 @@ QStringList UrlsOf(const SavedLinks& saved)
 
 } // namespace
 
-class TestLinksFile : public QObject
+class tst_linksfile : public QObject
 {
     Q_OBJECT
 
@@ -106,25 +106,25 @@ private:
     std::unique_ptr<QTemporaryDir> folder_;
 };
 
-void TestLinksFile::init()
+void tst_linksfile::init()
 {
     folder_ = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(folder_->path()).mkdir("Data"));
 }
 
-void TestLinksFile::Write(const QByteArray& bytes) const
+void tst_linksfile::Write(const QByteArray& bytes) const
 {
     QFile file(Path());
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
 }
 
-SavedLinks TestLinksFile::Read(const QByteArray& bytes) const
+SavedLinks tst_linksfile::Read(const QByteArray& bytes) const
 {
     Write(bytes);
     return ReadSavedLinks(Path());
 }
 
-void TestLinksFile::missingFileIsCreatedEmpty()
+void tst_linksfile::missingFileIsCreatedEmpty()
 {
     const SavedLinks saved = ReadSavedLinks(Path());
     QVERIFY(saved.links.isEmpty());
@@ -133,7 +133,7 @@ void TestLinksFile::missingFileIsCreatedEmpty()
     QCOMPARE(QFile(Path()).size(), 0);
 }
 
-void TestLinksFile::missingFileBehindALinkIsCreatedEmpty()
+void tst_linksfile::missingFileBehindALinkIsCreatedEmpty()
 {
 #ifdef Q_OS_WIN
     QSKIP("What Qt makes here for a link is a file that only the desktop follows.");
@@ -144,7 +144,7 @@ void TestLinksFile::missingFileBehindALinkIsCreatedEmpty()
     QVERIFY(QFile::exists(target));
 }
 
-void TestLinksFile::missingFolderIsDamage()
+void tst_linksfile::missingFolderIsDamage()
 {
     QVERIFY(QDir(folder_->path()).rmdir("Data"));
     const SavedLinks saved = ReadSavedLinks(Path());
@@ -157,7 +157,7 @@ void TestLinksFile::missingFolderIsDamage()
     QVERIFY(ReadSavedLinks(Path()).isDamaged);
 }
 
-void TestLinksFile::folderOrPipeInsteadOfTheFileIsDamage()
+void tst_linksfile::folderOrPipeInsteadOfTheFileIsDamage()
 {
     QVERIFY(QDir(folder_->path()).mkpath("Data/Links.dra"));
     QVERIFY(ReadSavedLinks(Path()).isDamaged);
@@ -169,7 +169,7 @@ void TestLinksFile::folderOrPipeInsteadOfTheFileIsDamage()
 #endif
 }
 
-void TestLinksFile::unreadableFileIsDamage()
+void tst_linksfile::unreadableFileIsDamage()
 {
     const QString memory = "/proc/self/mem";
 #ifdef Q_OS_UNIX
@@ -186,14 +186,14 @@ void TestLinksFile::unreadableFileIsDamage()
     QVERIFY(saved.links.isEmpty());
 }
 
-void TestLinksFile::emptyFileHoldsNoLinks()
+void tst_linksfile::emptyFileHoldsNoLinks()
 {
     const SavedLinks saved = Read({});
     QVERIFY(saved.links.isEmpty());
     QVERIFY(!saved.isDamaged);
 }
 
-void TestLinksFile::readingChangesNothing()
+void tst_linksfile::readingChangesNothing()
 {
     const QByteArray bytes = UsedRecords(3) + FreeRecord() + "rest";
     (void)Read(bytes);
@@ -202,14 +202,14 @@ void TestLinksFile::readingChangesNothing()
     QCOMPARE(file.readAll(), bytes);
 }
 
-void TestLinksFile::linksAreReadInTheirOrder()
+void tst_linksfile::linksAreReadInTheirOrder()
 {
     const SavedLinks saved = Read(UsedRecord("b.htm", 1) + UsedRecord("a.htm", 2) + UsedRecord("b.htm", 3));
     QVERIFY(!saved.isDamaged);
     QCOMPARE(UrlsOf(saved), QStringList({ "b.htm", "a.htm", "b.htm" }));
 }
 
-void TestLinksFile::fifteenRecordsAreReadAtMost_data()
+void tst_linksfile::fifteenRecordsAreReadAtMost_data()
 {
     QTest::addColumn<int>("count");
     for (const int count : { 1, 14, 15, 16, 20, 50 }) {
@@ -217,7 +217,7 @@ void TestLinksFile::fifteenRecordsAreReadAtMost_data()
     }
 }
 
-void TestLinksFile::fifteenRecordsAreReadAtMost()
+void tst_linksfile::fifteenRecordsAreReadAtMost()
 {
     QFETCH(const int, count);
     const SavedLinks saved = Read(UsedRecords(count));
@@ -226,14 +226,14 @@ void TestLinksFile::fifteenRecordsAreReadAtMost()
     QCOMPARE(saved.links.constLast().Url, QString("link%1").arg(std::min(count, recordsRead)));
 }
 
-void TestLinksFile::damageBehindTheRecordsReadIsNotSeen()
+void tst_linksfile::damageBehindTheRecordsReadIsNotSeen()
 {
     QVERIFY(!Read(UsedRecords(recordsRead) + RecordWithMark("x", Word(99))).isDamaged);
     QVERIFY(!Read(UsedRecords(recordsRead) + "cut").isDamaged);
     QVERIFY(!Read(UsedRecords(2) + FreeRecord() + RecordWithMark("x", Word(99))).isDamaged);
 }
 
-void TestLinksFile::readingStopsAtTheFirstFreeRecord_data()
+void tst_linksfile::readingStopsAtTheFirstFreeRecord_data()
 {
     QTest::addColumn<QByteArray>("record");
     QTest::newRow("no mark") << FreeRecord();
@@ -242,7 +242,7 @@ void TestLinksFile::readingStopsAtTheFirstFreeRecord_data()
     QTest::newRow("nothing but zeros") << QByteArray(recordSize, '\0');
 }
 
-void TestLinksFile::readingStopsAtTheFirstFreeRecord()
+void tst_linksfile::readingStopsAtTheFirstFreeRecord()
 {
     QFETCH(const QByteArray, record);
     const SavedLinks saved = Read(UsedRecords(2) + record + UsedRecords(4));
@@ -251,7 +251,7 @@ void TestLinksFile::readingStopsAtTheFirstFreeRecord()
     QVERIFY(Read(record + UsedRecords(4)).links.isEmpty());
 }
 
-void TestLinksFile::markWithTextMakesTheRecordUsed()
+void tst_linksfile::markWithTextMakesTheRecordUsed()
 {
     const SavedLinks saved =
         Read(RecordWithMark("a.htm", Word(8) + Word(12) + "twelve bytes") + UsedRecords(1));
@@ -259,7 +259,7 @@ void TestLinksFile::markWithTextMakesTheRecordUsed()
     QCOMPARE(UrlsOf(saved), QStringList({ "a.htm", "link1" }));
 }
 
-void TestLinksFile::markIsTheSlotNumberOfItsTime_data()
+void tst_linksfile::markIsTheSlotNumberOfItsTime_data()
 {
     QTest::addColumn<int>("mark");
     for (const int mark : { 1, 0, 50, 258, 32767, -1, -32768 }) {
@@ -267,7 +267,7 @@ void TestLinksFile::markIsTheSlotNumberOfItsTime_data()
     }
 }
 
-void TestLinksFile::markIsTheSlotNumberOfItsTime()
+void tst_linksfile::markIsTheSlotNumberOfItsTime()
 {
     QFETCH(const int, mark);
     const SavedLinks saved = Read(UsedRecord("a.htm", mark));
@@ -275,7 +275,7 @@ void TestLinksFile::markIsTheSlotNumberOfItsTime()
     QCOMPARE(int(saved.links.constFirst().Mark), mark);
 }
 
-void TestLinksFile::recordOfUnknownKindIsPassedOverAsDamage_data()
+void tst_linksfile::recordOfUnknownKindIsPassedOverAsDamage_data()
 {
     QTest::addColumn<QByteArray>("record");
     QTest::newRow("unknown kind of mark") << RecordWithMark("x", Word(3) + Word(0) + Word(0));
@@ -284,7 +284,7 @@ void TestLinksFile::recordOfUnknownKindIsPassedOverAsDamage_data()
     QTest::newRow("text as long as can be") << RecordWithMark("x", Word(8) + Word(0xFFFF));
 }
 
-void TestLinksFile::recordOfUnknownKindIsPassedOverAsDamage()
+void tst_linksfile::recordOfUnknownKindIsPassedOverAsDamage()
 {
     QFETCH(const QByteArray, record);
     const SavedLinks saved = Read(UsedRecord("a.htm", 1) + record + UsedRecord("b.htm", 3));
@@ -292,7 +292,7 @@ void TestLinksFile::recordOfUnknownKindIsPassedOverAsDamage()
     QCOMPARE(UrlsOf(saved), QStringList({ "a.htm", "b.htm" }));
 }
 
-void TestLinksFile::fileCutInARecordGivesWhatIsWhole_data()
+void tst_linksfile::fileCutInARecordGivesWhatIsWhole_data()
 {
     QTest::addColumn<QByteArray>("rest");
     QTest::addColumn<bool>("isDamaged");
@@ -312,7 +312,7 @@ void TestLinksFile::fileCutInARecordGivesWhatIsWhole_data()
     QTest::newRow("in a text") << text.first(urlSize + 8) << true << 1;
 }
 
-void TestLinksFile::fileCutInARecordGivesWhatIsWhole()
+void tst_linksfile::fileCutInARecordGivesWhatIsWhole()
 {
     QFETCH(const QByteArray, rest);
     QFETCH(const bool, isDamaged);
@@ -323,7 +323,7 @@ void TestLinksFile::fileCutInARecordGivesWhatIsWhole()
     QCOMPARE(saved.links.constFirst().Url, QString("first.htm"));
 }
 
-void TestLinksFile::blanksAroundALinkAreTakenOff_data()
+void tst_linksfile::blanksAroundALinkAreTakenOff_data()
 {
     QTest::addColumn<QByteArray>("url");
     QTest::addColumn<QString>("read");
@@ -336,7 +336,7 @@ void TestLinksFile::blanksAroundALinkAreTakenOff_data()
     QTest::newRow("nothing but blanks") << QByteArray("") << "";
 }
 
-void TestLinksFile::blanksAroundALinkAreTakenOff()
+void tst_linksfile::blanksAroundALinkAreTakenOff()
 {
     QFETCH(const QByteArray, url);
     QFETCH(const QString, read);
@@ -344,18 +344,18 @@ void TestLinksFile::blanksAroundALinkAreTakenOff()
     QCOMPARE(UrlsOf(saved), QStringList(read));
 }
 
-void TestLinksFile::linkMayFillItsField()
+void tst_linksfile::linkMayFillItsField()
 {
     const QByteArray url(urlSize, 'u');
     QCOMPARE(UrlsOf(Read(UsedRecord(url, 1))), QStringList(QString::fromLatin1(url)));
 }
 
-void TestLinksFile::linkIsReadInTheCodePage()
+void tst_linksfile::linkIsReadInTheCodePage()
 {
     QCOMPARE(UrlsOf(Read(UsedRecord("caf\xE9_\x80.htm", 1))), QStringList(QString("caf\u00E9_\u20AC.htm")));
 }
 
-void TestLinksFile::randomBytesNeverCrash()
+void tst_linksfile::randomBytesNeverCrash()
 {
     std::mt19937 random(20010911);
     for (int round = 0; round < 2000; ++round) {
@@ -368,7 +368,7 @@ void TestLinksFile::randomBytesNeverCrash()
     }
 }
 
-void TestLinksFile::damagedFilesNeverCrash()
+void tst_linksfile::damagedFilesNeverCrash()
 {
     std::mt19937 random(19991231);
     for (int round = 0; round < 2000; ++round) {
@@ -382,6 +382,6 @@ void TestLinksFile::damagedFilesNeverCrash()
     }
 }
 
-QTEST_GUILESS_MAIN(TestLinksFile)
+QTEST_GUILESS_MAIN(tst_linksfile)
 
 #include "tst_linksfile.moc"

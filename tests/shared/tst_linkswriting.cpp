@@ -1,79 +1,24 @@
-#include "shared/LinksFile.h"
-#include "shared/SavedLinks.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QtEndian>
-#include <algorithm>
-#include <memory>
-#include <random>
+#include "tests/shared/LinksWritingFixture.h"
 
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 #endif
 
 namespace {
 
-constexpr qsizetype recordSize = 276;
-constexpr qsizetype urlSize = 260;
-constexpr int recordsWritten = 50;
-constexpr qsizetype writtenSize = recordSize * recordsWritten;
-#ifdef Q_OS_UNIX
 constexpr uid_t ordinaryUser = 65534;
-#endif
-
-QByteArray Content(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<cannot be read>");
-}
-
-bool WriteBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-quint16 WordAt(const QByteArray& bytes, qsizetype offset)
-{
-    return qFromLittleEndian<quint16>(bytes.constData() + offset);
-}
-
-/** The URL of a record, from 1, with the blanks that fill its field. */
-QByteArray UrlField(const QByteArray& bytes, int record)
-{
-    return bytes.mid((record - 1) * recordSize, urlSize);
-}
-
-QByteArray MarkField(const QByteArray& bytes, int record)
-{
-    return bytes.mid((record - 1) * recordSize + urlSize, 4);
-}
-
-QByteArray RandomBytes(std::mt19937& random, qsizetype size)
-{
-    QByteArray bytes(size, '\0');
-    for (char& byte : bytes) {
-        byte = static_cast<char>(random() & 0xFF);
-    }
-    return bytes;
-}
 
 } // namespace
 
-class TestLinksWriting : public QObject
+class tst_linkswriting : public LinksWritingFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { Start(); }
+    void cleanup() { Finish(); }
 
     void everyRecordIsWritten();
     void recordHoldsItsLink();
@@ -88,55 +33,15 @@ private Q_SLOTS:
     void shorterListFreesTheRecordsBehind();
     void sameLinksMakeTheSameBytes();
 
-    void whatLiesBehindTheRecordsStays_data();
-    void whatLiesBehindTheRecordsStays();
-    void randomFilesKeepWhatIsBehindTheRecords();
-    void largeFileKeepsWhatIsBehindTheRecords();
-    void fileFarTooLargeIsLeftAlone();
-
     void missingFolderIsAnError();
     void folderInPlaceOfTheFileIsAnError();
-#ifdef Q_OS_UNIX
     void linkToTheFileStaysALink();
     void pipeInPlaceOfTheFileIsAnError();
     void fullDiskLeavesTheOldFile();
     void lockedFolderIsAnError();
-#endif
-
-private:
-    [[nodiscard]] QString Path() const
-    {
-        return folder_->filePath("Data/Links.dra");
-    }
-    /** The bytes of the file after writing; the writing must succeed. */
-    [[nodiscard]] QByteArray Written() const;
-    void Add(const QString& url)
-    {
-        AddSavedLink(*imgMap_, url);
-    }
-
-    std::unique_ptr<QTemporaryDir> folder_;
-    std::unique_ptr<ImgMap> imgMap_;
 };
 
-void TestLinksWriting::init()
-{
-    folder_ = std::make_unique<QTemporaryDir>();
-    imgMap_ = std::make_unique<ImgMap>();
-    QVERIFY(QDir(folder_->path()).mkdir("Data"));
-}
-
-void TestLinksWriting::cleanup()
-{
-    QFile::setPermissions(folder_->filePath("Data"), QFile::Permissions::fromInt(0x7777));
-}
-
-QByteArray TestLinksWriting::Written() const
-{
-    return WriteSavedLinks(Path(), *imgMap_) ? Content(Path()) : QByteArray("<failed>");
-}
-
-void TestLinksWriting::everyRecordIsWritten()
+void tst_linkswriting::everyRecordIsWritten()
 {
     QCOMPARE(Written().size(), writtenSize);
     Add("a.htm");
@@ -152,7 +57,7 @@ void TestLinksWriting::everyRecordIsWritten()
     }
 }
 
-void TestLinksWriting::recordHoldsItsLink()
+void tst_linkswriting::recordHoldsItsLink()
 {
     Add("http://a.example/");
     const QByteArray bytes = Written();
@@ -160,7 +65,7 @@ void TestLinksWriting::recordHoldsItsLink()
     QCOMPARE(MarkField(bytes, 1), QByteArray::fromHex("02000100"));
 }
 
-void TestLinksWriting::freeRecordIsBlankAndUnmarked()
+void tst_linkswriting::freeRecordIsBlankAndUnmarked()
 {
     Add("a.htm");
     const QByteArray bytes = Written();
@@ -170,7 +75,7 @@ void TestLinksWriting::freeRecordIsBlankAndUnmarked()
     }
 }
 
-void TestLinksWriting::marksAreWrittenAsTheyAre_data()
+void tst_linkswriting::marksAreWrittenAsTheyAre_data()
 {
     QTest::addColumn<int>("mark");
     QTest::addColumn<QByteArray>("field");
@@ -181,7 +86,7 @@ void TestLinksWriting::marksAreWrittenAsTheyAre_data()
     QTest::newRow("-32768") << -32768 << QByteArray::fromHex("02000080");
 }
 
-void TestLinksWriting::marksAreWrittenAsTheyAre()
+void tst_linkswriting::marksAreWrittenAsTheyAre()
 {
     QFETCH(const int, mark);
     QFETCH(const QByteArray, field);
@@ -191,7 +96,7 @@ void TestLinksWriting::marksAreWrittenAsTheyAre()
     QCOMPARE(int(ReadSavedLinks(Path()).links.constFirst().Mark), mark);
 }
 
-void TestLinksWriting::urlIsWrittenInTheCodePage_data()
+void tst_linkswriting::urlIsWrittenInTheCodePage_data()
 {
     QTest::addColumn<QString>("url");
     QTest::addColumn<QByteArray>("bytes");
@@ -201,7 +106,7 @@ void TestLinksWriting::urlIsWrittenInTheCodePage_data()
     QTest::newRow("blanks within") << QString("a  b") << QByteArray("a  b");
 }
 
-void TestLinksWriting::urlIsWrittenInTheCodePage()
+void tst_linkswriting::urlIsWrittenInTheCodePage()
 {
     QFETCH(const QString, url);
     QFETCH(const QByteArray, bytes);
@@ -209,7 +114,7 @@ void TestLinksWriting::urlIsWrittenInTheCodePage()
     QCOMPARE(UrlField(Written(), 1), bytes.leftJustified(urlSize, ' '));
 }
 
-void TestLinksWriting::urlIsCutToItsField_data()
+void tst_linkswriting::urlIsCutToItsField_data()
 {
     QTest::addColumn<int>("length");
     for (const int length : { 259, 260, 261, 520, 100000 }) {
@@ -217,7 +122,7 @@ void TestLinksWriting::urlIsCutToItsField_data()
     }
 }
 
-void TestLinksWriting::urlIsCutToItsField()
+void tst_linkswriting::urlIsCutToItsField()
 {
     QFETCH(const int, length);
     const QString url = "http://" + QString(length - 7, u'u');
@@ -232,7 +137,7 @@ void TestLinksWriting::urlIsCutToItsField()
     QCOMPARE(ReadSavedLinks(Path()).links.constFirst().Url, url.left(urlSize));
 }
 
-void TestLinksWriting::writtenLinksAreReadAgain()
+void tst_linkswriting::writtenLinksAreReadAgain()
 {
     for (int i = 1; i <= 20; ++i) {
         Add(QString(" link %1 ").arg(i));
@@ -247,7 +152,7 @@ void TestLinksWriting::writtenLinksAreReadAgain()
     }
 }
 
-void TestLinksWriting::shorterListFreesTheRecordsBehind()
+void tst_linkswriting::shorterListFreesTheRecordsBehind()
 {
     for (int i = 1; i <= 20; ++i) {
         Add(QString("link%1").arg(i));
@@ -265,7 +170,7 @@ void TestLinksWriting::shorterListFreesTheRecordsBehind()
     }
 }
 
-void TestLinksWriting::sameLinksMakeTheSameBytes()
+void tst_linkswriting::sameLinksMakeTheSameBytes()
 {
     Add("a.htm");
     Add("b.htm");
@@ -274,76 +179,7 @@ void TestLinksWriting::sameLinksMakeTheSameBytes()
     QCOMPARE(Written(), fresh);
 }
 
-void TestLinksWriting::whatLiesBehindTheRecordsStays_data()
-{
-    QTest::addColumn<qsizetype>("oldSize");
-    for (const qsizetype size :
-         { qsizetype(0), qsizetype(1), qsizetype(275), qsizetype(276), writtenSize - 1, writtenSize,
-           writtenSize + 1, writtenSize + recordSize, writtenSize * 3 + 5 }) {
-        QTest::addRow("%d bytes", int(size)) << size;
-    }
-}
-
-void TestLinksWriting::whatLiesBehindTheRecordsStays()
-{
-    QFETCH(const qsizetype, oldSize);
-    std::mt19937 random(quint32(oldSize) + 1);
-    const QByteArray old = RandomBytes(random, oldSize);
-    QVERIFY(WriteBytes(Path(), old));
-    Add("a.htm");
-    const QByteArray bytes = Written();
-    QCOMPARE(bytes.size(), std::max(oldSize, writtenSize));
-    QCOMPARE(bytes.mid(writtenSize), old.mid(writtenSize));
-    QCOMPARE(UrlField(bytes, 1).trimmed(), QByteArray("a.htm"));
-    QCOMPARE(int(WordAt(MarkField(bytes, 2), 0)), 0);
-}
-
-void TestLinksWriting::randomFilesKeepWhatIsBehindTheRecords()
-{
-    std::mt19937 random(20030517);
-    for (int round = 0; round < 200; ++round) {
-        const QByteArray old = RandomBytes(random, qsizetype(random() % (writtenSize * 2)));
-        QVERIFY(WriteBytes(Path(), old));
-        imgMap_ = std::make_unique<ImgMap>();
-        const auto count = int(random() % 51);
-        for (int i = 0; i < count; ++i) {
-            Add(QString::fromLatin1(RandomBytes(random, qsizetype(random() % 400))));
-        }
-        const QByteArray bytes = Written();
-        QCOMPARE(bytes.mid(writtenSize), old.mid(writtenSize));
-        QCOMPARE(bytes.size(), std::max(old.size(), writtenSize));
-        const SavedLinks saved = ReadSavedLinks(Path());
-        QVERIFY(!saved.isDamaged);
-        QCOMPARE(saved.links.size(), std::min(count, 15));
-    }
-}
-
-void TestLinksWriting::largeFileKeepsWhatIsBehindTheRecords()
-{
-    std::mt19937 random(7);
-    const QByteArray old = RandomBytes(random, 8 * 1024 * 1024 + 3);
-    QVERIFY(WriteBytes(Path(), old));
-    Add("a.htm");
-    QVERIFY(Written().mid(writtenSize) == old.mid(writtenSize));
-}
-
-void TestLinksWriting::fileFarTooLargeIsLeftAlone()
-{
-    constexpr qint64 size = qint64(5) << 30;
-    QFile file(Path());
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old") == 3);
-    if (!file.resize(size)) {
-        QSKIP("This file system has no files with holes.");
-    }
-    file.close();
-    Add("a.htm");
-    QVERIFY(!WriteSavedLinks(Path(), *imgMap_));
-    QCOMPARE(QFile(Path()).size(), size);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.read(3), QByteArray("old"));
-}
-
-void TestLinksWriting::missingFolderIsAnError()
+void tst_linkswriting::missingFolderIsAnError()
 {
     QVERIFY(QDir(folder_->path()).rmdir("Data"));
     Add("a.htm");
@@ -351,7 +187,7 @@ void TestLinksWriting::missingFolderIsAnError()
     QVERIFY(!QFile::exists(folder_->filePath("Data")));
 }
 
-void TestLinksWriting::folderInPlaceOfTheFileIsAnError()
+void tst_linkswriting::folderInPlaceOfTheFileIsAnError()
 {
     QVERIFY(QDir().mkpath(Path() + "/within"));
     QVERIFY(!WriteSavedLinks(Path(), *imgMap_));
@@ -361,9 +197,7 @@ void TestLinksWriting::folderInPlaceOfTheFileIsAnError()
         QStringList("Links.dra"));
 }
 
-#ifdef Q_OS_UNIX
-
-void TestLinksWriting::linkToTheFileStaysALink()
+void tst_linkswriting::linkToTheFileStaysALink()
 {
     const QString target = folder_->filePath("elsewhere.dra");
     QVERIFY(WriteBytes(target, QByteArray(writtenSize, 'o') + "behind"));
@@ -380,14 +214,14 @@ void TestLinksWriting::linkToTheFileStaysALink()
     QCOMPARE(Content(target).size(), writtenSize);
 }
 
-void TestLinksWriting::pipeInPlaceOfTheFileIsAnError()
+void tst_linkswriting::pipeInPlaceOfTheFileIsAnError()
 {
     // Opening a pipe that nobody reads would wait for ever.
     QCOMPARE(mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
     QVERIFY(!WriteSavedLinks(Path(), *imgMap_));
 }
 
-void TestLinksWriting::fullDiskLeavesTheOldFile()
+void tst_linkswriting::fullDiskLeavesTheOldFile()
 {
     Add("old.htm");
     const QByteArray old = Written();
@@ -404,7 +238,7 @@ void TestLinksWriting::fullDiskLeavesTheOldFile()
     QCOMPARE(QDir(folder_->filePath("Data")).entryList(QDir::Files | QDir::Hidden), QStringList("Links.dra"));
 }
 
-void TestLinksWriting::lockedFolderIsAnError()
+void tst_linkswriting::lockedFolderIsAnError()
 {
     Add("a.htm");
     const QString data = folder_->filePath("Data");
@@ -423,8 +257,5 @@ void TestLinksWriting::lockedFolderIsAnError()
     QCOMPARE(QDir(data).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
 }
 
-#endif
-
-QTEST_GUILESS_MAIN(TestLinksWriting)
-
+QTEST_GUILESS_MAIN(tst_linkswriting)
 #include "tst_linkswriting.moc"

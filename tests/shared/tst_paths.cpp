@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QTest>
 
-class TestPaths : public QObject
+class tst_paths : public QObject
 {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ private Q_SLOTS:
     void pathIsChangedInPlaceAndReturned();
 };
 
-void TestPaths::fileNameStandsBehindTheLastSeparator_data()
+void tst_paths::fileNameStandsBehindTheLastSeparator_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("name");
@@ -64,21 +64,21 @@ void TestPaths::fileNameStandsBehindTheLastSeparator_data()
                                                          << "C:pics/off.gif";
 }
 
-void TestPaths::fileNameStandsBehindTheLastSeparator()
+void tst_paths::fileNameStandsBehindTheLastSeparator()
 {
     QFETCH(const QString, path);
     QFETCH(const QString, name);
     QCOMPARE(FileNameOnly(path), name);
 }
 
-void TestPaths::fileNameLeavesThePathAsItWas()
+void tst_paths::fileNameLeavesThePathAsItWas()
 {
     QString path = R"(C:\pics\map.gif)";
     (void)FileNameOnly(path);
     QCOMPARE(path, QString(R"(C:\pics\map.gif)"));
 }
 
-void TestPaths::pathBecomesTheFormAPageRefersToItBy_data()
+void tst_paths::pathBecomesTheFormAPageRefersToItBy_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("url");
@@ -106,14 +106,14 @@ void TestPaths::pathBecomesTheFormAPageRefersToItBy_data()
                              << "";
 }
 
-void TestPaths::pathBecomesTheFormAPageRefersToItBy()
+void tst_paths::pathBecomesTheFormAPageRefersToItBy()
 {
     QFETCH(QString, path);
     QFETCH(const QString, url);
     QCOMPARE(PathToFileUrl(path), url);
 }
 
-void TestPaths::pathIsChangedInPlaceAndReturned()
+void tst_paths::pathIsChangedInPlaceAndReturned()
 {
     QString path = R"(C:\pics\map.gif)";
     const QString* const returned = &PathToFileUrl(path);
@@ -121,6 +121,6 @@ void TestPaths::pathIsChangedInPlaceAndReturned()
     QCOMPARE(path, QString("file:///C|/pics/map.gif"));
 }
 
-QTEST_GUILESS_MAIN(TestPaths)
+QTEST_GUILESS_MAIN(tst_paths)
 
 #include "tst_paths.moc"

@@ -14,7 +14,7 @@ int ValueOf(std::optional<qint16> result)
 
 } // namespace
 
-class TestRounding : public QObject
+class tst_rounding : public QObject
 {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ private Q_SLOTS:
     void distanceIsNoneWhereTheDifferenceOverflows();
 };
 
-void TestRounding::positionsRoundToTheNearestTiesToEven_data()
+void tst_rounding::positionsRoundToTheNearestTiesToEven_data()
 {
     QTest::addColumn<double>("position");
     QTest::addColumn<int>("rounded");
@@ -53,14 +53,14 @@ void TestRounding::positionsRoundToTheNearestTiesToEven_data()
     QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << nothing;
 }
 
-void TestRounding::positionsRoundToTheNearestTiesToEven()
+void tst_rounding::positionsRoundToTheNearestTiesToEven()
 {
     QFETCH(const double, position);
     QFETCH(const int, rounded);
     QCOMPARE(ValueOf(RoundToInt16(position)), rounded);
 }
 
-void TestRounding::numbersBeyond16BitsAreNone_data()
+void tst_rounding::numbersBeyond16BitsAreNone_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<int>("result");
@@ -71,14 +71,14 @@ void TestRounding::numbersBeyond16BitsAreNone_data()
     QTest::newRow("beyond the smallest") << -32769 << nothing;
 }
 
-void TestRounding::numbersBeyond16BitsAreNone()
+void tst_rounding::numbersBeyond16BitsAreNone()
 {
     QFETCH(const int, number);
     QFETCH(const int, result);
     QCOMPARE(ValueOf(ToInt16(number)), result);
 }
 
-void TestRounding::distanceIsNoneWhereTheDifferenceOverflows_data()
+void tst_rounding::distanceIsNoneWhereTheDifferenceOverflows_data()
 {
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("to");
@@ -94,7 +94,7 @@ void TestRounding::distanceIsNoneWhereTheDifferenceOverflows_data()
     QTest::newRow("from one end to the other") << -32768 << 32767 << nothing;
 }
 
-void TestRounding::distanceIsNoneWhereTheDifferenceOverflows()
+void tst_rounding::distanceIsNoneWhereTheDifferenceOverflows()
 {
     QFETCH(const int, from);
     QFETCH(const int, to);
@@ -102,6 +102,6 @@ void TestRounding::distanceIsNoneWhereTheDifferenceOverflows()
     QCOMPARE(ValueOf(Distance(static_cast<qint16>(from), static_cast<qint16>(to))), distance);
 }
 
-QTEST_GUILESS_MAIN(TestRounding)
+QTEST_GUILESS_MAIN(tst_rounding)
 
 #include "tst_rounding.moc"

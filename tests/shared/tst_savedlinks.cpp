@@ -12,7 +12,7 @@ QString UrlNumber(std::size_t number)
 
 } // namespace
 
-class TestSavedLinks : public QObject
+class tst_savedlinks : public QObject
 {
     Q_OBJECT
 
@@ -38,19 +38,19 @@ private:
     std::unique_ptr<ImgMap> imgMap_;
 };
 
-void TestSavedLinks::init()
+void tst_savedlinks::init()
 {
     imgMap_ = std::make_unique<ImgMap>();
 }
 
-void TestSavedLinks::Fill(std::size_t count)
+void tst_savedlinks::Fill(std::size_t count)
 {
     for (std::size_t i = 1; i <= count; ++i) {
         AddSavedLink(*imgMap_, UrlNumber(i));
     }
 }
 
-std::size_t TestSavedLinks::Count() const
+std::size_t tst_savedlinks::Count() const
 {
     std::size_t count = 0;
     for (const std::optional<qint16>& mark : imgMap_->SavedLinkMark) {
@@ -60,7 +60,7 @@ std::size_t TestSavedLinks::Count() const
 }
 
 /** Whether the links stand in the first slots, and what is free is empty. */
-bool TestSavedLinks::HasNoGaps() const
+bool tst_savedlinks::HasNoGaps() const
 {
     for (std::size_t slot = 1; slot < imgMap_->SavedLinkMark.size(); ++slot) {
         const bool isUsed = imgMap_->SavedLinkMark[slot].has_value();
@@ -71,7 +71,7 @@ bool TestSavedLinks::HasNoGaps() const
     return !imgMap_->SavedLinkMark[0].has_value();
 }
 
-void TestSavedLinks::linksFillTheSlotsFromTheFirst()
+void tst_savedlinks::linksFillTheSlotsFromTheFirst()
 {
     Fill(3);
     for (std::size_t slot = 1; slot <= 3; ++slot) {
@@ -82,7 +82,7 @@ void TestSavedLinks::linksFillTheSlotsFromTheFirst()
     QVERIFY(HasNoGaps());
 }
 
-void TestSavedLinks::fiftyLinksAreAllThereIsRoomFor()
+void tst_savedlinks::fiftyLinksAreAllThereIsRoomFor()
 {
     QCOMPARE(mostSavedLinks, std::size_t(50));
     QVERIFY(!IsSavedLinksFull(*imgMap_));
@@ -95,7 +95,7 @@ void TestSavedLinks::fiftyLinksAreAllThereIsRoomFor()
     QVERIFY(!IsSavedLinksFull(*imgMap_));
 }
 
-void TestSavedLinks::linkLosesItsBlanksOnly_data()
+void tst_savedlinks::linkLosesItsBlanksOnly_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("kept");
@@ -114,7 +114,7 @@ void TestSavedLinks::linkLosesItsBlanksOnly_data()
                              << "";
 }
 
-void TestSavedLinks::linkLosesItsBlanksOnly()
+void tst_savedlinks::linkLosesItsBlanksOnly()
 {
     QFETCH(const QString, typed);
     QFETCH(const QString, kept);
@@ -124,7 +124,7 @@ void TestSavedLinks::linkLosesItsBlanksOnly()
     QVERIFY(imgMap_->SavedLinkMark[1].has_value());
 }
 
-void TestSavedLinks::deletingMovesTheLinksBehindUpWithTheirMarks_data()
+void tst_savedlinks::deletingMovesTheLinksBehindUpWithTheirMarks_data()
 {
     QTest::addColumn<std::size_t>("count");
     QTest::addColumn<std::size_t>("slot");
@@ -137,7 +137,7 @@ void TestSavedLinks::deletingMovesTheLinksBehindUpWithTheirMarks_data()
     QTest::newRow("the last of a full table") << std::size_t(50) << std::size_t(50);
 }
 
-void TestSavedLinks::deletingMovesTheLinksBehindUpWithTheirMarks()
+void tst_savedlinks::deletingMovesTheLinksBehindUpWithTheirMarks()
 {
     QFETCH(const std::size_t, count);
     QFETCH(const std::size_t, slot);
@@ -152,7 +152,7 @@ void TestSavedLinks::deletingMovesTheLinksBehindUpWithTheirMarks()
     }
 }
 
-void TestSavedLinks::deletingAFreeSlotDoesNothing()
+void tst_savedlinks::deletingAFreeSlotDoesNothing()
 {
     Fill(2);
     DeleteSavedLink(*imgMap_, 3);
@@ -161,14 +161,14 @@ void TestSavedLinks::deletingAFreeSlotDoesNothing()
     QVERIFY(HasNoGaps());
 }
 
-void TestSavedLinks::lastSlotStaysFree()
+void tst_savedlinks::lastSlotStaysFree()
 {
     Fill(50);
     QVERIFY(!imgMap_->SavedLinkMark[51].has_value());
     QCOMPARE(imgMap_->SavedLinkURL[51], QString());
 }
 
-void TestSavedLinks::linkAddedAfterADeletionGetsTheNumberOfItsSlot()
+void tst_savedlinks::linkAddedAfterADeletionGetsTheNumberOfItsSlot()
 {
     Fill(3);
     DeleteSavedLink(*imgMap_, 1);
@@ -179,7 +179,7 @@ void TestSavedLinks::linkAddedAfterADeletionGetsTheNumberOfItsSlot()
     QCOMPARE(imgMap_->SavedLinkMark[3], std::optional<qint16>(qint16(3)));
 }
 
-void TestSavedLinks::everyLinkCanBeDeletedFromTheFrontOrTheBack()
+void tst_savedlinks::everyLinkCanBeDeletedFromTheFrontOrTheBack()
 {
     for (const bool isFromTheFront : { true, false }) {
         Fill(50);
@@ -191,6 +191,6 @@ void TestSavedLinks::everyLinkCanBeDeletedFromTheFrontOrTheBack()
     }
 }
 
-QTEST_GUILESS_MAIN(TestSavedLinks)
+QTEST_GUILESS_MAIN(tst_savedlinks)
 
 #include "tst_savedlinks.moc"

@@ -16,7 +16,7 @@ QString EveryCharacter()
 
 } // namespace
 
-class TestTextCase : public QObject
+class tst_textcase : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void properCaseStartsAWordBehindEveryOtherCharacter();
 };
 
-void TestTextCase::lettersOfTheCodePageHaveTheirCounterparts()
+void tst_textcase::lettersOfTheCodePageHaveTheirCounterparts()
 {
     const QString upper = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ"
                                          "\u00C0\u00C1\u00C2\u00C3\u00C4\u00C5\u00C6\u00C7\u00C8\u00C9\u00CA"
@@ -57,7 +57,7 @@ void TestTextCase::lettersOfTheCodePageHaveTheirCounterparts()
     }
 }
 
-void TestTextCase::charactersWithoutACounterpartStay_data()
+void tst_textcase::charactersWithoutACounterpartStay_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("sharp s would be two letters") << QStringLiteral("\u00DF");
@@ -69,7 +69,7 @@ void TestTextCase::charactersWithoutACounterpartStay_data()
     QTest::newRow("fixed blank and soft hyphen") << QStringLiteral("\u00A0\u00AD");
 }
 
-void TestTextCase::charactersWithoutACounterpartStay()
+void tst_textcase::charactersWithoutACounterpartStay()
 {
     QFETCH(const QString, text);
     QCOMPARE(UpperCase(text), text);
@@ -77,7 +77,7 @@ void TestTextCase::charactersWithoutACounterpartStay()
     QCOMPARE(ProperCase(text), text);
 }
 
-void TestTextCase::everyConversionStaysInTheCodePageAndKeepsTheLength()
+void tst_textcase::everyConversionStaysInTheCodePageAndKeepsTheLength()
 {
     const QString all = EveryCharacter();
     for (const QString& converted : { UpperCase(all), LowerCase(all), ProperCase(all) }) {
@@ -86,7 +86,7 @@ void TestTextCase::everyConversionStaysInTheCodePageAndKeepsTheLength()
     }
 }
 
-void TestTextCase::charactersOutsideTheCodePage_data()
+void tst_textcase::charactersOutsideTheCodePage_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("Greek") << QStringLiteral("\u03B1\u0391");
@@ -96,27 +96,27 @@ void TestTextCase::charactersOutsideTheCodePage_data()
     QTest::newRow("outside the basic plane") << QStringLiteral("\U0001D49C\U00010428\U0001F600");
 }
 
-void TestTextCase::charactersOutsideTheCodePage()
+void tst_textcase::charactersOutsideTheCodePage()
 {
     QFETCH(const QString, text);
     QCOMPARE(UpperCase(text), text);
     QCOMPARE(LowerCase(text), text);
 }
 
-void TestTextCase::lineEndsStay()
+void tst_textcase::lineEndsStay()
 {
     QCOMPARE(UpperCase(QStringLiteral("a\r\n\tb\r\n")), QStringLiteral("A\r\n\tB\r\n"));
     QCOMPARE(ProperCase(QStringLiteral("AB\r\nCD")), QStringLiteral("Ab\r\nCd"));
 }
 
-void TestTextCase::nothingStaysNothing()
+void tst_textcase::nothingStaysNothing()
 {
     QCOMPARE(UpperCase(QString()), QString());
     QCOMPARE(LowerCase(QString()), QString());
     QCOMPARE(ProperCase(QString()), QString());
 }
 
-void TestTextCase::properCaseStartsWordsBehindEverythingButLetters_data()
+void tst_textcase::properCaseStartsWordsBehindEverythingButLetters_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
@@ -142,14 +142,14 @@ void TestTextCase::properCaseStartsWordsBehindEverythingButLetters_data()
                                 << "A_B";
 }
 
-void TestTextCase::properCaseStartsWordsBehindEverythingButLetters()
+void tst_textcase::properCaseStartsWordsBehindEverythingButLetters()
 {
     QFETCH(const QString, text);
     QFETCH(const QString, expected);
     QCOMPARE(ProperCase(text), expected);
 }
 
-void TestTextCase::properCaseStartsAWordBehindEveryOtherCharacter()
+void tst_textcase::properCaseStartsAWordBehindEveryOtherCharacter()
 {
     for (const QChar character : EveryCharacter()) {
         const bool isLetter = QStringLiteral("abcdefghijklmnopqrstuvwxyz").contains(character.toLower());
@@ -160,6 +160,6 @@ void TestTextCase::properCaseStartsAWordBehindEveryOtherCharacter()
     }
 }
 
-QTEST_GUILESS_MAIN(TestTextCase)
+QTEST_GUILESS_MAIN(tst_textcase)
 
 #include "tst_textcase.moc"

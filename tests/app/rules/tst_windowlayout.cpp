@@ -1,4 +1,4 @@
-#include "app/WindowLayout.h"
+#include "app/rules/WindowLayout.h"
 
 #include <QTest>
 
@@ -16,7 +16,7 @@ constexpr MainLayout plainLayout = {
 
 } // namespace
 
-class TestWindowLayout : public QObject
+class tst_windowlayout : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void fittingTwiceChangesNothingMore();
 };
 
-void TestWindowLayout::editorTakesTheRoomBesideTheTabs()
+void tst_windowlayout::editorTakesTheRoomBesideTheTabs()
 {
     const MainLayout fitted = FitToWindow(plainLayout, 12'000, 9000);
     const MainLayout expected = {
@@ -48,7 +48,7 @@ void TestWindowLayout::editorTakesTheRoomBesideTheTabs()
     QVERIFY(fitted == expected);
 }
 
-void TestWindowLayout::heightFollowsOnlyAWindowHighEnough_data()
+void tst_windowlayout::heightFollowsOnlyAWindowHighEnough_data()
 {
     QTest::addColumn<int>("height");
     QTest::addColumn<int>("editorHeight");
@@ -61,14 +61,14 @@ void TestWindowLayout::heightFollowsOnlyAWindowHighEnough_data()
     QTest::newRow("high") << 5000 << 4060;
 }
 
-void TestWindowLayout::heightFollowsOnlyAWindowHighEnough()
+void tst_windowlayout::heightFollowsOnlyAWindowHighEnough()
 {
     QFETCH(const int, height);
     QFETCH(const int, editorHeight);
     QCOMPARE(FitToWindow(plainLayout, 12'000, height).editorHeight, editorHeight);
 }
 
-void TestWindowLayout::widthFollowsOnlyAWindowWideEnough_data()
+void tst_windowlayout::widthFollowsOnlyAWindowWideEnough_data()
 {
     QTest::addColumn<int>("width");
     QTest::addColumn<int>("editorWidth");
@@ -81,14 +81,14 @@ void TestWindowLayout::widthFollowsOnlyAWindowWideEnough_data()
     QTest::newRow("wide") << 9000 << 5760;
 }
 
-void TestWindowLayout::widthFollowsOnlyAWindowWideEnough()
+void tst_windowlayout::widthFollowsOnlyAWindowWideEnough()
 {
     QFETCH(const int, width);
     QFETCH(const int, editorWidth);
     QCOMPARE(FitToWindow(plainLayout, width, 9000).editorWidth, editorWidth);
 }
 
-void TestWindowLayout::frameFollowsTheWidth_data()
+void tst_windowlayout::frameFollowsTheWidth_data()
 {
     QTest::addColumn<int>("width");
     QTest::addColumn<int>("frameWidth");
@@ -98,14 +98,14 @@ void TestWindowLayout::frameFollowsTheWidth_data()
     QTest::newRow("wide") << 20'000 << 19'860;
 }
 
-void TestWindowLayout::frameFollowsTheWidth()
+void tst_windowlayout::frameFollowsTheWidth()
 {
     QFETCH(const int, width);
     QFETCH(const int, frameWidth);
     QCOMPARE(FitToWindow(plainLayout, width, 9000).frameWidth, frameWidth);
 }
 
-void TestWindowLayout::tabsFollowAnEditorHighEnough_data()
+void tst_windowlayout::tabsFollowAnEditorHighEnough_data()
 {
     QTest::addColumn<int>("height");
     QTest::addColumn<int>("tabHeight");
@@ -118,14 +118,14 @@ void TestWindowLayout::tabsFollowAnEditorHighEnough_data()
     QTest::newRow("editor left as it was") << 500 << 4000;
 }
 
-void TestWindowLayout::tabsFollowAnEditorHighEnough()
+void tst_windowlayout::tabsFollowAnEditorHighEnough()
 {
     QFETCH(const int, height);
     QFETCH(const int, tabHeight);
     QCOMPARE(FitToWindow(plainLayout, 12'000, height).tabHeight, tabHeight);
 }
 
-void TestWindowLayout::oneWayTooSmallLeavesTheOther()
+void tst_windowlayout::oneWayTooSmallLeavesTheOther()
 {
     const MainLayout low = FitToWindow(plainLayout, 12'000, 100);
     QCOMPARE(low.editorWidth, 8760);
@@ -135,12 +135,12 @@ void TestWindowLayout::oneWayTooSmallLeavesTheOther()
     QCOMPARE(narrow.editorHeight, 8060);
 }
 
-void TestWindowLayout::fittingTwiceChangesNothingMore()
+void tst_windowlayout::fittingTwiceChangesNothingMore()
 {
     const MainLayout once = FitToWindow(plainLayout, 12'000, 9000);
     QVERIFY(FitToWindow(once, 12'000, 9000) == once);
 }
 
-QTEST_GUILESS_MAIN(TestWindowLayout)
+QTEST_GUILESS_MAIN(tst_windowlayout)
 
 #include "tst_windowlayout.moc"

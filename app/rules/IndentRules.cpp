@@ -1,4 +1,4 @@
-#include "app/IndentRules.h"
+#include "app/rules/IndentRules.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "app/TemporaryCopy.h"
+#include "app/rules/TemporaryCopy.h"
 
 #include <QDir>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "app/WindowLayout.h"
+#include "app/rules/WindowLayout.h"
 
 namespace {
 

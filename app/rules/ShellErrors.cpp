@@ -1,4 +1,4 @@
-#include "app/ShellErrors.h"
+#include "app/rules/ShellErrors.h"
 
 #include <algorithm>
 #include <array>

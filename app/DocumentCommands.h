@@ -1,0 +1,43 @@
+#pragma once
+
+#include "shared/ImgMap.h"
+
+#include <functional>
+
+class DocumentFile;
+class QWidget;
+class SourceEditor;
+
+/** The commands that read and write the document, and the question before its changes are lost. */
+class DocumentCommands
+{
+public:
+    DocumentCommands(QWidget* window, ImgMap& imgMap, SourceEditor& editor, DocumentFile& file);
+
+    void NewDocument();
+    void OpenDocument();
+    void SaveDocument();
+    void SaveDocumentAs();
+
+    /** Becomes a new document without asking. */
+    void ClearDocument();
+
+    /** Asks whether changes are to be saved; false when the user wants to go on with the document. */
+    [[nodiscard]] bool QueryUnload();
+
+    /** Writes a copy of the document for another program; returns its path, also when that failed. */
+    [[nodiscard]] QString WriteTemporaryCopy(const QString& ending);
+
+private:
+    void PromptSaveChanges();
+    [[nodiscard]] bool MayDiscardChanges();
+    [[nodiscard]] bool IsWritten(const std::function<std::optional<QString>()>& write);
+    void WriteDocument(const QString& path);
+    [[nodiscard]] std::optional<QString> AskForSavePath();
+    [[nodiscard]] std::optional<QString> AskForOpenPath();
+
+    QWidget* window_;
+    ImgMap& imgMap_;
+    SourceEditor& editor_;
+    DocumentFile& file_;
+};

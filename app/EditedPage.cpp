@@ -1,0 +1,50 @@
+#include "app/EditedPage.h"
+
+#include "app/SourceEditor.h"
+#include "app/rules/DocumentFile.h"
+
+#include <QTextBlock>
+
+EditedPage::EditedPage(SourceEditor& editor, const DocumentFile& file)
+    : editor_(editor)
+    , file_(file)
+{
+}
+
+int EditedPage::InsertAtCaret(const QString& text)
+{
+    const int start = editor_.textCursor().selectionStart();
+    const int line = editor_.document()->findBlock(start).blockNumber() + 1;
+    editor_.ReplaceSelection(text);
+    return line;
+}
+
+QString EditedPage::FileName() const
+{
+    return file_.IsNeverSaved() ? QString() : file_.Name();
+}
+
+QString EditedPage::Text() const
+{
+    return editor_.Text();
+}
+
+TextSpan EditedPage::Selection() const
+{
+    return { editor_.SelStart(), editor_.SelLength() };
+}
+
+void EditedPage::Select(const TextSpan& place)
+{
+    editor_.Select(place.Start, place.Length);
+}
+
+std::unique_ptr<AnchoredRange> EditedPage::Anchor(const TextSpan& place)
+{
+    return editor_.Anchor(place);
+}
+
+void EditedPage::Replace(const QList<TextReplacement>& replacements)
+{
+    editor_.Replace(replacements);
+}

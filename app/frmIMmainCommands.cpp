@@ -1,0 +1,159 @@
+// The main window's commands, and the parts that carry them out.
+
+#include "app/DocumentCommands.h"
+#include "app/EditCommands.h"
+#include "app/LinksList.h"
+#include "app/OutsideCommands.h"
+#include "app/TagTree.h"
+#include "app/frmIMmain.h"
+#include "ui_frmIMmain.h"
+
+namespace {
+
+using Row = frmIMmain::Command;
+using enum CommandRowKind;
+
+/** The procedure of one of the window's parts. */
+template<auto Part, auto Run> void In(frmIMmain& window)
+{
+    ((window.*Part)().*Run)();
+}
+
+constexpr int toolbarPositions = 21;
+constexpr auto commandRows = std::to_array<Row>({
+    { Menu, "mnuFile", "&File" },
+    { Entry,
+      "mnuFNew",
+      "&New",
+      "Ctrl+N",
+      In<&frmIMmain::Documents, &DocumentCommands::NewDocument>,
+      { 2, "New", "new" } },
+    { Entry,
+      "mnuFOpen",
+      "&Open...",
+      "Ctrl+O",
+      In<&frmIMmain::Documents, &DocumentCommands::OpenDocument>,
+      { 3, "Open", "open" } },
+    { Entry,
+      "mnuFSave",
+      "&Save",
+      "Ctrl+S",
+      In<&frmIMmain::Documents, &DocumentCommands::SaveDocument>,
+      { 4, "Save", "save" } },
+    { Entry, "mnuFSaveAs", "Save &As...", "", In<&frmIMmain::Documents, &DocumentCommands::SaveDocumentAs> },
+    { Separator, "mnuFSep1" },
+    { Entry,
+      "mnuFPrint",
+      "&Print...",
+      "",
+      In<&frmIMmain::Outside, &OutsideCommands::PrintDocument>,
+      { 6, "Print", "print" } },
+    { Separator, "mnuFSep2" },
+    { Entry, "mnuFExit", "&Exit", "Ctrl+E", &frmIMmain::ExitProgram, { 21, "Exit", "exit" } },
+    { Menu, "mnuEdit", "&Edit" },
+    { Entry,
+      "mnuEUndo",
+      "&Undo",
+      "Ctrl+Z",
+      In<&frmIMmain::Source, &SourceEditor::undo>,
+      { 11, "Undo", "undo" } },
+    { Separator, "mnuESep1" },
+    { Entry,
+      "mnuECut",
+      "Cu&t",
+      "Ctrl+X",
+      In<&frmIMmain::Source, &SourceEditor::CutText>,
+      { 8, "Cut", "cut" } },
+    { Entry,
+      "mnuECopy",
+      "&Copy",
+      "Ctrl+C",
+      In<&frmIMmain::Source, &SourceEditor::CopyText>,
+      { 9, "Copy", "copy" } },
+    { Entry,
+      "mnuEPaste",
+      "&Paste",
+      "",
+      In<&frmIMmain::Source, &SourceEditor::PasteText>,
+      { 10, "Paste", "paste" } },
+    { Entry, "mnuEDelete", "&Delete", "Del", In<&frmIMmain::Edits, &EditCommands::mnuEDelete_Click> },
+    { Entry, "mnuESelectAll", "Select &All", "", In<&frmIMmain::Source, &SourceEditor::selectAll> },
+    { Separator, "mnuESep2" },
+    { Entry, "mnuEFont", "&Font", "", In<&frmIMmain::Edits, &EditCommands::mnuEFont_Click> },
+    { Separator, "mnuESep3" },
+    { Submenu, "mnuEEditCase", "&Edit Case" },
+    { Entry, "mnuEUpperCase", "&Upper Case", "", In<&frmIMmain::Edits, &EditCommands::mnuEUpperCase_Click> },
+    { Entry, "mnuELowerCase", "&Lower Case", "", In<&frmIMmain::Edits, &EditCommands::mnuELowerCase_Click> },
+    { Entry, "mnuEProperCase", "&Proper Case", "",
+      In<&frmIMmain::Edits, &EditCommands::mnuEProperCase_Click> },
+    { EndSubmenu },
+    { Menu, "mnuInsert", "&Insert" },
+    { Entry,
+      "mnuIimagemaps",
+      "&Image Maps...",
+      "Ctrl+I",
+      &frmIMmain::OpenImageMapEditor,
+      { 15, "Image Map", "image-map" } },
+    { Separator, "mnuISep2" },
+    { Entry,
+      "mnuICustomHTML",
+      "Custom &HTML",
+      "",
+      In<&frmIMmain::Edits, &EditCommands::InsertPageSkeleton>,
+      { 13, "Custom HTML", "custom-html" } },
+    { Menu, "mnuTools", "&Tools" },
+    { Entry, "mnuTPref", "&Preferences...", "Ctrl+P", &frmIMmain::mnuTPref_Click },
+    { Separator, "mnuTSep1" },
+    { Entry,
+      "mnuTPreview",
+      "Preview with Default &Browser",
+      "Ctrl+D",
+      In<&frmIMmain::Outside, &OutsideCommands::PreviewDocument>,
+      { 17, "Preview with Default Browser", "preview" } },
+    { Menu, "mnuHelp", "&Help" },
+    { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents, { 19, "Help", "help" } },
+    { Entry, "mnuHSearch", "&Search", "", &frmIMmain::ShowHelpSearch },
+    { Separator, "mnuHSep1" },
+    { Entry, "mnuHHome", "&Cartolen Home Page...", "",
+      In<&frmIMmain::Outside, &OutsideCommands::OpenHomePage> },
+    { Separator, "mnuHSep2" },
+    { Entry, "mnuHAbout", "&About Cartolen...", "", In<&frmIMmain::Outside, &OutsideCommands::ShowAbout> },
+});
+static_assert(IsToolbarWhole(commandRows, toolbarPositions));
+
+} // namespace
+
+/** Makes what the window is put together from. */
+void frmIMmain::CreateParts()
+{
+    SourceEditor& source = *ui_->MapsText1;
+    documents_ = std::make_unique<DocumentCommands>(this, imgMap_, source, file_);
+    edits_ = std::make_unique<EditCommands>(this, source, *ui_->txtCTags);
+    page_ = std::make_unique<EditedPage>(source, file_);
+    outside_ = new OutsideCommands(this, desktop_, *documents_, file_, source);
+    tags_ = new TagTree(ui_->TreeView1, ui_->lblQTagsO, ui_->lblQTagsC, source);
+    links_ = new LinksList(
+        imgMap_, ui_->txtCTags, ui_->ListView1,
+        { .Add = ui_->btnAdd, .Delete = ui_->btnDelete, .Save = ui_->btnSave });
+    commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
+}
+
+SourceEditor& frmIMmain::Source()
+{
+    return *ui_->MapsText1;
+}
+
+DocumentCommands& frmIMmain::Documents()
+{
+    return *documents_;
+}
+
+EditCommands& frmIMmain::Edits()
+{
+    return *edits_;
+}
+
+OutsideCommands& frmIMmain::Outside()
+{
+    return *outside_;
+}
