@@ -176,7 +176,8 @@ void tst_closing::cancelledEndLeavesTheProgramUsable()
     for (const auto& click : situation.onTheWay) {
         test_->robot.Act(click);
     }
-    test_->robot.Act([this, situation, end](QDialog& dialog) {
+    bool hasAsked = false;
+    test_->robot.Act([this, situation, end, &hasAsked](QDialog& dialog) {
         const QPointer<QDialog> open(&dialog);
         test_->robot.AnswerBox(QMessageBox::Cancel);
         end(*test_);
@@ -187,10 +188,11 @@ void tst_closing::cancelledEndLeavesTheProgramUsable()
         if (open != nullptr && open->isVisible()) {
             open->reject();
         }
+        hasAsked = true;
     });
     RunInProgram([&] {
         situation.open(*test_);
-        test_->robot.WaitUntilDone();
+        QVERIFY(QTest::qWaitFor([&] { return hasAsked && !test_->robot.HasAnswersLeft(); }));
         QCoreApplication::processEvents();
         // The dialog below the one that was open stays.
         while (auto* const left = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {

@@ -59,6 +59,9 @@ public:
     /** Runs the event loop until every answer is used up, or too long. */
     void WaitUntilDone();
 
+    /** Whether there are answers that no dialog has come for yet. */
+    [[nodiscard]] bool HasAnswersLeft() const { return !answers_.isEmpty(); }
+
     [[nodiscard]] const QList<SeenBox>& Boxes() const { return boxes_; }
 
     /** The names that file dialogs proposed, as file names. */
