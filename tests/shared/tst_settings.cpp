@@ -15,7 +15,7 @@ constexpr ListSetting list{ "Other/List", 3 };
 
 } // namespace
 
-class TestSettings : public QObject
+class tst_settings : public QObject
 {
     Q_OBJECT
 
@@ -47,33 +47,33 @@ private:
     std::unique_ptr<QTemporaryDir> folder_;
 };
 
-void TestSettings::init()
+void tst_settings::init()
 {
     folder_ = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(folder_->path()).mkdir(QStringLiteral("Data")));
 }
 
-Settings TestSettings::Opened() const
+Settings tst_settings::Opened() const
 {
     Settings settings;
     settings.Open(folder_->path());
     return settings;
 }
 
-void TestSettings::WriteFile(const QByteArray& bytes) const
+void tst_settings::WriteFile(const QByteArray& bytes) const
 {
     QFile file(Path());
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(bytes), bytes.size());
 }
 
-QByteArray TestSettings::FileBytes(const QString& path) const
+QByteArray tst_settings::FileBytes(const QString& path) const
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void TestSettings::withoutAFileEveryValueIsItsDefault()
+void tst_settings::withoutAFileEveryValueIsItsDefault()
 {
     const Settings settings = Opened();
     QCOMPARE(settings.Value(flag), false);
@@ -83,7 +83,7 @@ void TestSettings::withoutAFileEveryValueIsItsDefault()
     QVERIFY(!QFile::exists(Path()));
 }
 
-void TestSettings::fileIsWrittenOnlyOnceAValueChanges()
+void tst_settings::fileIsWrittenOnlyOnceAValueChanges()
 {
     Settings settings = Opened();
     settings.Keep(flag, false);
@@ -98,7 +98,7 @@ void TestSettings::fileIsWrittenOnlyOnceAValueChanges()
     QCOMPARE(settings.Value(flag), true);
 }
 
-void TestSettings::valuesComeBackAtTheNextStart()
+void tst_settings::valuesComeBackAtTheNextStart()
 {
     {
         Settings settings = Opened();
@@ -115,7 +115,7 @@ void TestSettings::valuesComeBackAtTheNextStart()
     QCOMPARE(Opened().Value(number), 9);
 }
 
-void TestSettings::listsComeBackTextForText_data()
+void tst_settings::listsComeBackTextForText_data()
 {
     QTest::addColumn<QStringList>("values");
     QTest::newRow("none") << QStringList();
@@ -127,7 +127,7 @@ void TestSettings::listsComeBackTextForText_data()
     QTest::newRow("like other values") << QStringList{ "true", "@Invalid()", "12" };
 }
 
-void TestSettings::listsComeBackTextForText()
+void tst_settings::listsComeBackTextForText()
 {
     QFETCH(const QStringList, values);
     Settings before = Opened();
@@ -137,7 +137,7 @@ void TestSettings::listsComeBackTextForText()
     QCOMPARE(Opened().Value(list), values);
 }
 
-void TestSettings::limitsHoldForWhatIsKept()
+void tst_settings::limitsHoldForWhatIsKept()
 {
     Settings settings = Opened();
     settings.Keep(number, 70);
@@ -148,7 +148,7 @@ void TestSettings::limitsHoldForWhatIsKept()
     QCOMPARE(Opened().Value(list), (QStringList{ "a", "b", "c" }));
 }
 
-void TestSettings::valueThatCannotBeUnderstoodIsTheDefault_data()
+void tst_settings::valueThatCannotBeUnderstoodIsTheDefault_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("empty file") << QByteArray();
@@ -162,7 +162,7 @@ void TestSettings::valueThatCannotBeUnderstoodIsTheDefault_data()
     QTest::newRow("bytes of a picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\xff\xfe[=]=\n", 28);
 }
 
-void TestSettings::valueThatCannotBeUnderstoodIsTheDefault()
+void tst_settings::valueThatCannotBeUnderstoodIsTheDefault()
 {
     QFETCH(const QByteArray, bytes);
     WriteFile(bytes);
@@ -176,7 +176,7 @@ void TestSettings::valueThatCannotBeUnderstoodIsTheDefault()
     QCOMPARE(Opened().Value(number), 4);
 }
 
-void TestSettings::valuesOfOtherVersionsStay()
+void tst_settings::valuesOfOtherVersionsStay()
 {
     WriteFile("[Later]\nColour=#102030\n[Test]\nNumber=5\nUnknown=a, b\n");
     Opened().Keep(flag, true);
@@ -187,7 +187,7 @@ void TestSettings::valuesOfOtherVersionsStay()
     QVERIFY(bytes.contains("Flag=true"));
 }
 
-void TestSettings::programsThatRunAtOnceKeepEachOthersValues()
+void tst_settings::programsThatRunAtOnceKeepEachOthersValues()
 {
     Settings first = Opened();
     Settings second = Opened();
@@ -200,7 +200,7 @@ void TestSettings::programsThatRunAtOnceKeepEachOthersValues()
     QCOMPARE(next.Value(usualFlag), false);
 }
 
-void TestSettings::brokenFileIsReadAsFarAsPossibleAndKeptBeside()
+void tst_settings::brokenFileIsReadAsFarAsPossibleAndKeptBeside()
 {
     const QByteArray bytes = "[Test]\nNumber=5\nthis line says nothing\nFlag=true\n";
     WriteFile(bytes);
@@ -213,21 +213,21 @@ void TestSettings::brokenFileIsReadAsFarAsPossibleAndKeptBeside()
     QCOMPARE(Opened().Value(flag), true);
 }
 
-void TestSettings::folderThatIsMissingIsMade()
+void tst_settings::folderThatIsMissingIsMade()
 {
     QVERIFY(QDir(folder_->path()).rmdir(QStringLiteral("Data")));
     Opened().Keep(flag, true);
     QCOMPARE(Opened().Value(flag), true);
 }
 
-void TestSettings::whereNothingCanBeWrittenValuesHoldUntilTheEnd_data()
+void tst_settings::whereNothingCanBeWrittenValuesHoldUntilTheEnd_data()
 {
     QTest::addColumn<bool>("isFolderInTheWay");
     QTest::newRow("a folder in the file's place") << true;
     QTest::newRow("a file in the folder's place") << false;
 }
 
-void TestSettings::whereNothingCanBeWrittenValuesHoldUntilTheEnd()
+void tst_settings::whereNothingCanBeWrittenValuesHoldUntilTheEnd()
 {
     QFETCH(const bool, isFolderInTheWay);
     if (isFolderInTheWay) {
@@ -246,7 +246,7 @@ void TestSettings::whereNothingCanBeWrittenValuesHoldUntilTheEnd()
     QCOMPARE(QDir(folder_->path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList{ "Data" });
 }
 
-void TestSettings::withoutAFolderNothingIsWritten()
+void tst_settings::withoutAFolderNothingIsWritten()
 {
     Settings settings;
     settings.Keep(flag, true);
@@ -254,6 +254,6 @@ void TestSettings::withoutAFolderNothingIsWritten()
     QVERIFY(!QFile::exists(Path()));
 }
 
-QTEST_GUILESS_MAIN(TestSettings)
+QTEST_GUILESS_MAIN(tst_settings)
 
 #include "tst_settings.moc"
