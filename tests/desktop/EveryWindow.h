@@ -147,7 +147,7 @@ private:
     frmImageMap* Editor()
     {
         (void)MainWindow(false);
-        auto* const editor = Loaded(Keep(new frmImageMap(imgMap_, map_, *main_, help_, main_)));
+        auto* const editor = Loaded(Keep(new frmImageMap(imgMap_, map_, main_->Page(), help_, main_)));
         AddAreas();
         auto* const list = Find<QTreeView>(editor, "ListView1");
         list->setCurrentIndex(list->model()->index(0, 0));
