@@ -159,7 +159,7 @@ void tst_settings::valueThatCannotBeUnderstoodIsTheDefault_data()
     QTest::newRow("lists") << QByteArray("[Test]\nFlag=true, true\nUsualFlag=false, a\nNumber=4, 5\n");
     QTest::newRow("other kinds") << QByteArray("[Test]\nFlag=@Variant(\\0)\nNumber=@Rect(1 2 3 4)\n");
     QTest::newRow("another group") << QByteArray("[Else]\nFlag=true\nUsualFlag=false\nNumber=4\n");
-    QTest::newRow("bytes of a picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\xff\xfe[=]=\n", 28);
+    QTest::newRow("bytes of a picture") << QByteArrayLiteral("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\xff\xfe[=]=\n");
 }
 
 void tst_settings::valueThatCannotBeUnderstoodIsTheDefault()
