@@ -145,7 +145,7 @@ void frmImageMap::ShowPicture(const QString& path)
 
 void frmImageMap::NewImageMap()
 {
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         map_.GiveUpDrawing();
         map_.ForgetAreas();
         ShowHint();
@@ -188,7 +188,7 @@ void frmImageMap::CloseImageMapEditor()
 
 bool frmImageMap::DiscardMap()
 {
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         return true;
     }
     if (!AskYesNo(this, QString::fromLatin1(deleteMapQuestion))) {
@@ -229,7 +229,7 @@ void frmImageMap::CloseDialogs(bool mayDelete)
 
 bool frmImageMap::QueryUnload()
 {
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         return true;
     }
     if (imgMap_.ContinueAction) {
@@ -352,7 +352,7 @@ void frmImageMap::ShowDrawingMode()
 void frmImageMap::ShowHint()
 {
     const DrawingMoment moment = { .hasPicture = ui_->picturePane->Surface().PictureWidth() > 0,
-                                   .hasFigures = map_.Figures().FigureCount > 0,
+                                   .hasFigures = map_.HasContent(),
                                    .isInProgress = map_.IsDrawingInProgress(),
                                    .drawState = map_.Figures().DrawState,
                                    .tool = protocol_->Tool() };
