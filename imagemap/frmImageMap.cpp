@@ -1,8 +1,12 @@
 #include "imagemap/frmImageMap.h"
 
 #include "codegen/MapMarkup.h"
+#include "imagemap/AreaCommands.h"
 #include "imagemap/AreaListModel.h"
+#include "imagemap/AreaTab.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/ZoomControls.h"
+#include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/frmJSOptions.h"
 #include "imagemap/picture/PictureFile.h"
 #include "linkdialog/frmIMLink.h"
@@ -23,7 +27,7 @@ namespace {
 using Need = frmImageMap::Need;
 
 /** Room for the list with its headers, and to draw in. */
-constexpr QSize leastSize(680, 560);
+constexpr QSize leastSize(680, 600);
 constexpr QStringView helpPage = u"image-map-editor";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
@@ -65,14 +69,64 @@ frmImageMap::frmImageMap(
     DrawingStatus& status = *this;
     display_ = std::make_unique<FigureDisplay>(map_, ui_->picturePane->Surface(), status);
     protocol_ = std::make_unique<DrawingProtocol>(map_, ui_->picturePane->Surface(), status, *display_);
-    ui_->picturePane->SetTool(protocol_.get());
     connect(ui_->picturePane, &PicturePane::ToolUsed, this, &frmImageMap::ShowHint);
-    ui_->ListView1->setModel(new AreaListModel(map_, this));
+    CreateAreaParts();
     connect(ui_->ListView1, &AreaList::EditAsked, this, &frmImageMap::EditSelectedArea, Qt::QueuedConnection);
     connect(&map_, &MapDocument::Cleared, this, &frmImageMap::ShowHint);
 }
 
 frmImageMap::~frmImageMap() = default;
+
+void frmImageMap::CreateAreaParts()
+{
+    PicturePane& pane = *ui_->picturePane;
+    auto* const model = new AreaListModel(map_, this);
+    ui_->ListView1->setModel(model);
+    ui_->Splitter1->setStretchFactor(0, 1);
+    drawing_ = std::make_unique<KeyedDrawing>(*protocol_, pane.Surface(), pane.Surface());
+    pane.SetTool(drawing_.get());
+    zoom_ = new ZoomControls(pane, *ui_->StatusBar1);
+    const auto begin = [this] { return BeginCommand(); };
+    DrawingStatus& status = *this;
+    areaCommands_ = new AreaCommands(
+        { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_, begin },
+        map_, *zoom_);
+    areaTab_ = new AreaTab(areaCommands_->Editing(), begin, ui_->SSTab1);
+    areaTab_->setObjectName(QStringLiteral("tabArea"));
+    ui_->SSTab1->addTab(areaTab_, QStringLiteral("Area"));
+    connect(areaCommands_, &AreaCommands::ToolTaken, this, &frmImageMap::AreaCommands_ToolTaken);
+    connect(areaCommands_, &AreaCommands::HintGiven, this, [this](const QString& hint) {
+        panels_->ShowHint(hint);
+    });
+    connect(areaCommands_, &AreaCommands::EditAsked, this, &frmImageMap::EditSelectedArea);
+    connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
+}
+
+bool frmImageMap::BeginCommand()
+{
+    GiveUpDrawing();
+    return !isMessagePending_ && (linkDialog_ == nullptr || linkDialog_->IsUnloaded());
+}
+
+void frmImageMap::AreaCommands_ToolTaken()
+{
+    protocol_->SelectTool(DrawingTool::Cursor);
+    commands_.Check(DrawingTool::None);
+}
+
+void frmImageMap::Map_PictureChanged()
+{
+    const QString path = map_.Picture();
+    ShowHourglass();
+    ShowPicture(path);
+    display_->ShowFigures();
+    ShowDefaultPointer();
+    if (!path.isEmpty() && ui_->picturePane->Surface().PictureWidth() == 0) {
+        ShowMessage(
+            this, QMessageBox::Warning,
+            QStringLiteral("The picture of the map is gone, or is no picture any more !") + u'\n' + path);
+    }
+}
 
 void frmImageMap::CreateKeys()
 {
@@ -116,7 +170,11 @@ void frmImageMap::OpenImage()
         return;
     }
     GoToProgramFolder(imgMap_);
-    map_.ForgetAreas();
+    {
+        const MapDocument::Step step(map_, QStringLiteral("Opening of a Picture"));
+        map_.ForgetAreas();
+        map_.SetPicture(*path);
+    }
     ShowHourglass();
     ShowPicture(*path);
     ShowDefaultPointer();
@@ -137,6 +195,7 @@ void frmImageMap::ShowPicture(const QString& path)
     PathToFileUrl(imgMap_.ImageUrl);
     ui_->Check1->setEnabled(true);
     commands_.Enable(Need::Picture, true);
+    areaCommands_->BeginPicture({ pane.Surface().PictureWidth(), pane.Surface().PictureHeight() });
     if (protocol_->Tool() == DrawingTool::Cursor) {
         protocol_->SelectTool(DrawingTool::Cursor);
     }
@@ -308,7 +367,7 @@ void frmImageMap::GiveUpDrawing()
     // A figure whose dialog is open, or about to be, is no longer being drawn.
     const bool isLinking = isMessagePending_ || (linkDialog_ != nullptr && !linkDialog_->IsUnloaded());
     if (!isLinking) {
-        protocol_->Abandon();
+        drawing_->Abandon();
         ShowHint();
     }
 }
@@ -339,6 +398,7 @@ void frmImageMap::EnableFigureCommands(bool enable)
 
 void frmImageMap::ShowTool()
 {
+    areaCommands_->LeaveTool();
     commands_.Check(protocol_->Tool());
     ShowDrawingMode();
 }
@@ -356,7 +416,7 @@ void frmImageMap::ShowHint()
                                    .isInProgress = map_.IsDrawingInProgress(),
                                    .drawState = map_.Figures().DrawState,
                                    .tool = protocol_->Tool() };
-    panels_->ShowHint(DrawingHint(moment));
+    panels_->ShowHint(areaCommands_->HasTool() ? areaCommands_->Hint() : DrawingHint(moment));
     // Where nothing is drawn the key is left to whoever has the focus.
     escape_->setEnabled(moment.isInProgress && !isMessagePending_);
 }

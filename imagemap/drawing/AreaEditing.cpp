@@ -14,7 +14,10 @@ constexpr QPoint copyStep(10, 10);
 
 MapAreas AreaEditing::SelectedAreas() const
 {
-    return Chosen(map_.Areas(), selection_.Numbers());
+    // While the areas change, the selection may lag behind.
+    AreaNumbers numbers = selection_.Numbers();
+    numbers.removeIf([this](qsizetype number) { return number >= map_.Areas().size(); });
+    return Chosen(map_.Areas(), numbers);
 }
 
 void AreaEditing::Replace(const MapAreas& areas, QStringView what, const QString& joinKey)

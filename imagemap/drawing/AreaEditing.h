@@ -25,6 +25,9 @@ public:
     /** Puts `areas` in place of the selected ones; `what` names the step, as "Move". */
     void Replace(const MapAreas& areas, QStringView what, const QString& joinKey = {});
 
+    /** Whatever is changed next is a step of its own. */
+    void EndJoining() { map_.EndJoining(); }
+
     /** Moves the selected areas, or the selected corner; within the picture unless `isFree`. */
     void Nudge(QPoint by, bool isFree);
     void Resize(QPoint by);
