@@ -5,6 +5,7 @@
 #include "imagemap/AreaListModel.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/ZoomControls.h"
+#include "shared/Settings.h"
 
 #include <QGuiApplication>
 #include <QItemSelectionModel>
@@ -15,10 +16,9 @@
 
 namespace {
 
-constexpr QStringView selectHint = u"Click picks an area, dragging moves it, its handles reshape it";
-constexpr QStringView severalHint = u"Drag to move them all, arrows by a pixel; Del takes them away";
-constexpr QStringView tryHint =
-    u"Move the mouse over the areas as a visitor would, click to see where they lead";
+constexpr QStringView selectHint = u"Click picks an area, drag moves it";
+constexpr QStringView severalHint = u"Drag moves them all, Del takes them away";
+constexpr QStringView tryHint = u"A click on an area tells where it leads";
 
 /** What is said of an area where it cannot be seen. */
 QString SpokenName(const MapArea& area, qsizetype number)
@@ -61,6 +61,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     connect(&zoom_, &ZoomControls::FittingChanged, this, [this] {
         commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
     });
+    RecallSettings();
     EnableCommands();
 }
 
@@ -70,6 +71,7 @@ void AreaCommands::CreateMenus()
 {
     QAction* const help = parts_.menus.actions().constLast();
     commands_.Create(this, &parts_.menus, &parts_.toolbar, Commands());
+    ToggleFlatLook(&parts_.toolbar);
     // Help stays the last one.
     parts_.menus.insertAction(nullptr, help);
 }
@@ -248,8 +250,11 @@ void AreaCommands::ActualSize()
 
 void AreaCommands::ToggleFit()
 {
-    Change([this] { zoom_.ToggleFit(); });
-    commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
+    Change([this] {
+        zoom_.ToggleFit();
+        parts_.settings.Keep(Setting::fitPicture, zoom_.IsFitting());
+    });
+    ShowSettings();
 }
 
 void AreaCommands::FitSelection()
@@ -259,23 +264,52 @@ void AreaCommands::FitSelection()
 
 void AreaCommands::ToggleAreas()
 {
-    Change([this] { areAreasShown_ = !areAreasShown_; });
-    commands_.SetChecked(Mark::Areas, areAreasShown_);
-    ShowAreaMarks();
+    Change([this] {
+        areAreasShown_ = !areAreasShown_;
+        parts_.settings.Keep(Setting::showAreas, areAreasShown_);
+    });
+    ShowSettings();
 }
 
 void AreaCommands::ToggleSnap()
 {
-    Change([this] { isSnapping_ = !isSnapping_; });
-    commands_.SetChecked(Mark::Snap, isSnapping_);
-    select_.SetSnapping(isSnapping_);
+    Change([this] {
+        isSnapping_ = !isSnapping_;
+        parts_.settings.Keep(Setting::snap, isSnapping_);
+    });
+    ShowSettings();
 }
 
 void AreaCommands::ToggleGuides()
 {
-    Change([this] { areGuidesShown_ = !areGuidesShown_; });
+    Change([this] {
+        areGuidesShown_ = !areGuidesShown_;
+        parts_.settings.Keep(Setting::guides, areGuidesShown_);
+    });
+    ShowSettings();
+}
+
+void AreaCommands::RecallSettings()
+{
+    areAreasShown_ = parts_.settings.Value(Setting::showAreas);
+    isSnapping_ = parts_.settings.Value(Setting::snap);
+    areGuidesShown_ = parts_.settings.Value(Setting::guides);
+    if (parts_.settings.Value(Setting::fitPicture)) {
+        zoom_.ToggleFit();
+    }
+    ShowSettings();
+}
+
+/** Check marks tell what is switched on, and so do the picture and the list. */
+void AreaCommands::ShowSettings()
+{
+    commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
+    commands_.SetChecked(Mark::Areas, areAreasShown_);
+    commands_.SetChecked(Mark::Snap, isSnapping_);
     commands_.SetChecked(Mark::Guides, areGuidesShown_);
+    select_.SetSnapping(isSnapping_);
     select_.ShowGuides(areGuidesShown_);
+    ShowAreaMarks();
 }
 
 void AreaCommands::EnableCommands()

@@ -13,6 +13,7 @@ class AreaList;
 class AreaListModel;
 class PicturePane;
 class QMainWindow;
+class Settings;
 class ZoomControls;
 
 /**
@@ -41,6 +42,7 @@ public:
         AreaListModel& model;
         DrawingStatus& status;
         PictureTool& drawing;        ///< in force while neither Select nor trying is
+        Settings& settings;          ///< what is switched on is remembered there
         std::function<bool()> begin; ///< gives up what is being drawn; false where a dialog is about to open
     };
 
@@ -105,6 +107,8 @@ private:
     void TakeTool(Tool tool, PictureTool& protocol);
     void Change(const std::function<void()>& change);
     void EnableCommands();
+    void RecallSettings();
+    void ShowSettings();
     void ShowAll();
     void ShowAreaMarks();
     void DescribeSelection();

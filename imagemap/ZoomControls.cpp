@@ -2,6 +2,7 @@
 
 #include "imagemap/PicturePane.h"
 #include "imagemap/ZoomedPicture.h"
+#include "widgets/OneLineField.h"
 #include "widgets/WindowHelpers.h"
 
 #include <QComboBox>
@@ -40,6 +41,7 @@ ZoomControls::ZoomControls(PicturePane& pane, QStatusBar& bar)
     cmbZoom_->setEditText(ZoomText(1));
     cmbZoom_->setEnabled(false);
     bar.addPermanentWidget(cmbZoom_);
+    HoldOneLine(&bar);
     connect(cmbZoom_, &QComboBox::activated, this, &ZoomControls::cmbZoom_Chosen);
     connect(cmbZoom_->lineEdit(), &QLineEdit::returnPressed, this, &ZoomControls::cmbZoom_Chosen);
     connect(&pane_, &PicturePane::ZoomChanged, this, &ZoomControls::Pane_ZoomChanged);

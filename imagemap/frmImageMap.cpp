@@ -8,12 +8,10 @@
 #include "imagemap/ZoomControls.h"
 #include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/frmJSOptions.h"
-#include "imagemap/picture/PictureFile.h"
 #include "linkdialog/frmIMLink.h"
 #include "shared/HelpViewer.h"
 #include "shared/Paths.h"
 #include "ui_frmImageMap.h"
-#include "widgets/FileDialog.h"
 #include "widgets/OneLineField.h"
 #include "widgets/WindowHelpers.h"
 
@@ -89,7 +87,8 @@ void frmImageMap::CreateAreaParts()
     const auto begin = [this] { return BeginCommand(); };
     DrawingStatus& status = *this;
     areaCommands_ = new AreaCommands(
-        { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_, begin },
+        { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_,
+          imgMap_.Remembered, begin },
         map_, *zoom_);
     areaTab_ = new AreaTab(areaCommands_->Editing(), begin, ui_->SSTab1);
     areaTab_->setObjectName(QStringLiteral("tabArea"));
@@ -112,20 +111,6 @@ void frmImageMap::AreaCommands_ToolTaken()
 {
     protocol_->SelectTool(DrawingTool::Cursor);
     commands_.Check(DrawingTool::None);
-}
-
-void frmImageMap::Map_PictureChanged()
-{
-    const QString path = map_.Picture();
-    ShowHourglass();
-    ShowPicture(path);
-    display_->ShowFigures();
-    ShowDefaultPointer();
-    if (!path.isEmpty() && ui_->picturePane->Surface().PictureWidth() == 0) {
-        ShowMessage(
-            this, QMessageBox::Warning,
-            QStringLiteral("The picture of the map is gone, or is no picture any more !") + u'\n' + path);
-    }
 }
 
 void frmImageMap::CreateKeys()
@@ -157,49 +142,6 @@ bool frmImageMap::event(QEvent* event)
         ShowDefaultPointer();
     }
     return QMainWindow::event(event);
-}
-
-void frmImageMap::OpenImage()
-{
-    if (!DiscardMap()) {
-        return;
-    }
-    map_.GiveUpDrawing();
-    const std::optional<QString> path = AskForPicture(this);
-    if (!path) {
-        return;
-    }
-    GoToProgramFolder(imgMap_);
-    {
-        const MapDocument::Step step(map_, QStringLiteral("Opening of a Picture"));
-        map_.ForgetAreas();
-        map_.SetPicture(*path);
-    }
-    ShowHourglass();
-    ShowPicture(*path);
-    ShowDefaultPointer();
-}
-
-void frmImageMap::ShowPicture(const QString& path)
-{
-    PicturePane& pane = *ui_->picturePane;
-    // The old picture makes room before the new one is read.
-    pane.SetPicture({});
-    pane.SetPicture(LoadPicture(path));
-    ui_->lblWidthPic->setText(QString::number(pane.Surface().PictureWidth()));
-    ui_->lblHeightPic->setText(QString::number(pane.Surface().PictureHeight()));
-    ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
-    ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
-    panels_->ShowPictureName(FileNameOnly(path));
-    imgMap_.ImageUrl = path;
-    PathToFileUrl(imgMap_.ImageUrl);
-    ui_->Check1->setEnabled(true);
-    commands_.Enable(Need::Picture, true);
-    areaCommands_->BeginPicture({ pane.Surface().PictureWidth(), pane.Surface().PictureHeight() });
-    if (protocol_->Tool() == DrawingTool::Cursor) {
-        protocol_->SelectTool(DrawingTool::Cursor);
-    }
-    ShowHint();
 }
 
 void frmImageMap::NewImageMap()

@@ -1,5 +1,7 @@
 #include "imagemap/drawing/SelectionProtocol.h"
 
+#include "imagemap/drawing/SelectionReadout.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -43,17 +45,6 @@ QPoint WayOfKey(int key)
     default:
         return {};
     }
-}
-
-QString NoteOf(const MapAreas& areas)
-{
-    const QRect bounds = BoundsOf(areas);
-    const QString place = QStringLiteral("%1, %2").arg(bounds.left()).arg(bounds.top());
-    if (areas.size() == 1 && areas.constFirst().Shape == AreaShape::Circle) {
-        const QList<int>& circle = areas.constFirst().Coordinates;
-        return QStringLiteral("%1, %2: %3").arg(circle[0]).arg(circle[1]).arg(circle[2]);
-    }
-    return place + QStringLiteral(": %1 x %2").arg(bounds.width() - 1).arg(bounds.height() - 1);
 }
 
 } // namespace
@@ -267,25 +258,7 @@ void SelectionProtocol::Note(const MapAreas& areas)
         const MapAreas others = Without(editing_.Map().Areas(), Selection().Numbers());
         shown_.guides = LinesTouched(SnapLinesOf(others, PictureSize()), BoundsOf(areas), PictureSize());
     }
-    ShowPlaceOf(areas);
-}
-
-void SelectionProtocol::ShowPlaceOf(const MapAreas& areas)
-{
-    if (areas.isEmpty()) {
-        return;
-    }
-    const QRect bounds = BoundsOf(areas);
-    const bool isCircle = areas.size() == 1 && areas.constFirst().Shape == AreaShape::Circle;
-    status_.SetLabel(DrawingLabel::StartPosition1, QString::number(bounds.left()) + u',');
-    status_.SetLabel(DrawingLabel::StartPosition2, QString::number(bounds.top()));
-    status_.SetLabel(DrawingLabel::EndPosition1, QString::number(bounds.right()) + u',');
-    status_.SetLabel(DrawingLabel::EndPosition2, QString::number(bounds.bottom()));
-    status_.SetLabel(
-        DrawingLabel::Dimensions1, isCircle ? QString::number(areas.constFirst().Coordinates.constLast())
-                                            : QString::number(bounds.right() - bounds.left()) + u',');
-    status_.SetLabel(
-        DrawingLabel::Dimensions2, isCircle ? QString() : QString::number(bounds.bottom() - bounds.top()));
+    ShowPlaceOf(status_, areas);
 }
 
 void SelectionProtocol::MouseUp(int button, float x, float y)
@@ -423,5 +396,5 @@ void SelectionProtocol::Show()
         shown_.vertex = Selection().Vertex();
     }
     surface_.ShowSelection(shown_);
-    ShowPlaceOf(shown_.areas);
+    ShowPlaceOf(status_, shown_.areas);
 }

@@ -62,7 +62,6 @@ private:
     void Drop();
     [[nodiscard]] bool MoveByKey(int key, Qt::KeyboardModifiers keys);
     [[nodiscard]] bool GiveUpByKey();
-    void ShowPlaceOf(const MapAreas& areas);
     void Note(const MapAreas& areas);
 
     AreaEditing& editing_;

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void shapesAreConvertedInTheTab();
     void theMapComesBackInAnotherEditor();
     void aPictureThatIsGoneIsToldOf();
+    void whatIsSwitchedOnIsRemembered();
 
 private:
     void Trigger(const char* name) { test_->Entry(name)->trigger(); }
@@ -514,6 +515,25 @@ void tst_areacommands::aPictureThatIsGoneIsToldOf()
     Trigger("mnuAUndo");
     test_->robot.WaitUntilDone();
     QVERIFY(test_->robot.Boxes().constLast().text.contains("gone"));
+}
+
+void tst_areacommands::whatIsSwitchedOnIsRemembered()
+{
+    const QString file = test_->folder.Path("Data/Settings.ini");
+    test_->imgMap.Remembered.Open(test_->imgMap.ProgramFolder);
+    DrawTwo();
+    Trigger("mnuASelect");
+    Trigger("mnuVZoomIn");
+    QVERIFY(!QFile::exists(file));
+    Trigger("mnuVAreas");
+    Trigger("mnuVSnap");
+    QVERIFY(QFile::exists(file));
+    test_->map.Clear();
+    test_->LoadEditor();
+    QVERIFY(test_->Start());
+    QVERIFY(test_->Entry("mnuVAreas")->isChecked());
+    QVERIFY(test_->Entry("mnuVSnap")->isChecked());
+    QVERIFY(!test_->Entry("mnuVGuides")->isChecked());
 }
 
 QTEST_MAIN(tst_areacommands)
