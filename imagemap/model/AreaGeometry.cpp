@@ -213,11 +213,20 @@ QRect BoundsOf(const MapArea& area)
     case AreaShape::Polygon:
         break;
     }
-    QRect bounds;
-    for (qsizetype i = 0; i + 1 < numbers.size(); i += 2) {
-        bounds |= QRect(QPoint(numbers[i], numbers[i + 1]), QSize(1, 1));
+    // Every step of the mouse asks for it, with all corners of all areas that are moved.
+    const int* const first = numbers.constData();
+    const int* const end = first + numbers.size() / 2 * 2;
+    int left = first[0];
+    int right = left;
+    int top = first[1];
+    int bottom = top;
+    for (const int* number = first; number != end; number += 2) {
+        left = std::min(left, number[0]);
+        right = std::max(right, number[0]);
+        top = std::min(top, number[1]);
+        bottom = std::max(bottom, number[1]);
     }
-    return bounds;
+    return { QPoint(left, top), QPoint(right, bottom) };
 }
 
 QRect BoundsOf(const MapAreas& areas)
