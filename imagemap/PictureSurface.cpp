@@ -20,6 +20,9 @@ constexpr int edgeWidth = 1;
 constexpr int sharedBorder = 1;
 /** So many figures are repainted one by one; beyond that the whole surface is. */
 constexpr int patchesAtMost = 16;
+/** With more figures than this, what was painted is kept; of no more pixels than a large screen has. */
+constexpr int composedFrom = 64;
+constexpr qint64 composedAtMost = 8LL * 1024 * 1024;
 
 QRect Grown(const QRect& rect, int by)
 {
@@ -57,6 +60,7 @@ PictureSurface::PictureSurface(QWidget* parent)
 
 void PictureSurface::SetPicture(const QImage& picture)
 {
+    composed_ = {};
     picture_ = picture;
     figures_.clear();
     rubber_.reset();
@@ -69,6 +73,7 @@ void PictureSurface::SetPicture(const QImage& picture)
 
 void PictureSurface::SetZoom(double zoom)
 {
+    composed_ = {};
     zoom_ = zoom;
     resize(Zoomed(picture_.size(), zoom_));
     update();
@@ -123,6 +128,7 @@ void PictureSurface::HideCross()
 
 void PictureSurface::SetForegroundColor(const QColor& color)
 {
+    composed_ = {};
     foregroundColor_ = color;
     update();
 }
@@ -137,7 +143,10 @@ void PictureSurface::ShowFigures(const PaintedFigures& figures)
         std::for_each(gone, figures_.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
         std::for_each(come, figures.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
     }
-    figures_ = figures;
+    if (figures_ != figures) {
+        composed_ = {};
+        figures_ = figures;
+    }
 }
 
 void PictureSurface::ShowRubberFigure(const PaintedFigure& figure)
@@ -182,6 +191,10 @@ void PictureSurface::paintEvent(QPaintEvent* event)
 
 void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
 {
+    if (!rubber_ && !composed_.isNull() && composedPlace_.contains(exposed)) {
+        painter.drawImage(exposed, composed_, exposed.translated(-composedPlace_.topLeft()));
+        return;
+    }
     const PaintedFigures figures = FiguresIn(exposed);
     const bool hasRubber = rubber_ && BoundsOf(OnScreen(*rubber_)).intersects(exposed);
     if (zoom_ == 1 && figures.isEmpty() && !hasRubber) {
@@ -197,6 +210,11 @@ void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
         PaintRubber(part, exposed.topLeft());
     }
     painter.drawImage(exposed, part);
+    if (figures.size() > composedFrom && !hasRubber &&
+        qint64(exposed.width()) * exposed.height() <= composedAtMost) {
+        composed_ = part;
+        composedPlace_ = exposed;
+    }
 }
 
 void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed) const

@@ -88,4 +88,7 @@ private:
     MapAreas areas_;
     SelectionPicture selection_;
     std::optional<QPoint> cross_;
+    /** A part of the screen with many figures, kept while only what lies above changes. */
+    mutable QImage composed_;
+    mutable QRect composedPlace_;
 };
