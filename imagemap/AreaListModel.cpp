@@ -1,5 +1,7 @@
 #include "imagemap/AreaListModel.h"
 
+#include "imagemap/model/AreaFaults.h"
+
 #include <QIcon>
 #include <algorithm>
 #include <array>
@@ -74,7 +76,39 @@ QVariant AreaListModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DecorationRole && index.column() == static_cast<int>(AreaColumn::Title)) {
         return IconOf(shown_.at(index.row()).Shape);
     }
+    if (role == Qt::ToolTipRole && !FaultsIn(index.row()).isEmpty()) {
+        return FaultsIn(index.row()).join(u'\n');
+    }
+    if (role == Qt::DecorationRole && index.column() == static_cast<int>(AreaColumn::Coordinates) &&
+        !FaultsIn(index.row()).isEmpty()) {
+        return QIcon(QStringLiteral(":/icons/area-fault.svg"));
+    }
+    if (role == Qt::AccessibleDescriptionRole) {
+        return FaultsIn(index.row()).join(u' ');
+    }
     return {};
+}
+
+QStringList AreaListModel::FaultsIn(int row) const
+{
+    if (picture_.isEmpty()) {
+        return {};
+    }
+    if (!faults_.contains(row)) {
+        faults_.insert(row, FaultsOf(shown_, row, picture_));
+    }
+    return faults_.value(row);
+}
+
+void AreaListModel::MarkFaults(QSize picture)
+{
+    if (picture != picture_) {
+        picture_ = picture;
+        faults_.clear();
+        if (!shown_.isEmpty()) {
+            Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, areaColumnCount - 1));
+        }
+    }
 }
 
 QVariant AreaListModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -91,6 +125,7 @@ QVariant AreaListModel::headerData(int section, Qt::Orientation orientation, int
 void AreaListModel::Map_AreasChanged()
 {
     const MapAreas& areas = map_.Areas();
+    faults_.clear();
     const auto old = static_cast<int>(shown_.size());
     const auto now = static_cast<int>(areas.size());
     if (now < old) {

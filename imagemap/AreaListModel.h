@@ -3,6 +3,9 @@
 #include "imagemap/model/MapDocument.h"
 
 #include <QAbstractTableModel>
+#include <QHash>
+#include <QSize>
+#include <QStringList>
 
 /** The columns of the area list. */
 enum class AreaColumn {
@@ -22,6 +25,10 @@ class AreaListModel final : public QAbstractTableModel
 public:
     explicit AreaListModel(const MapDocument& map, QObject* parent = nullptr);
 
+    /** Marks the areas that visitors of a page could not use, on a picture of this size; none without a size.
+     */
+    void MarkFaults(QSize picture);
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -33,5 +40,9 @@ private:
     void Map_MessageHeaderChanged();
 
     const MapDocument& map_;
-    MapAreas shown_; ///< what the views have been told of
+    [[nodiscard]] QStringList FaultsIn(int row) const;
+
+    QSize picture_;                          ///< of which faults are shown
+    mutable QHash<int, QStringList> faults_; ///< by their rows, once they were asked for
+    MapAreas shown_;                         ///< what the views have been told of
 };

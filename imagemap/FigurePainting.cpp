@@ -56,7 +56,7 @@ bool IsBox(const PaintedFigure& figure)
 /** The half of the plane that lies from the centre of `figure` in the direction of `step`. */
 QRect HalfPlane(const PaintedFigure& figure, QPoint step)
 {
-    constexpr int far = 1 << 20;
+    constexpr int far = 1 << 24;
     const QPoint centre(figure.x1, figure.y1);
     const QRect plane(centre - QPoint(far, far), centre + QPoint(far, far));
     return plane.intersected(plane.translated((far + 1) * step));

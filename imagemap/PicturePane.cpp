@@ -1,11 +1,14 @@
 #include "imagemap/PicturePane.h"
 
+#include "imagemap/ZoomedPicture.h"
 #include "imagemap/drawing/PictureTool.h"
 #include "ui_PicturePane.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -37,9 +40,15 @@ PicturePane::PicturePane(QWidget* parent)
         bar->setFocusPolicy(Qt::TabFocus);
     }
     ui_->HScroll1->installEventFilter(this);
+    ui_->PictureDisplay->installEventFilter(this);
     connect(ui_->PictureDisplay, &PictureSurface::MouseDown, this, &PicturePane::PictureDisplay_MouseDown);
     connect(ui_->PictureDisplay, &PictureSurface::MouseMove, this, &PicturePane::PictureDisplay_MouseMove);
     connect(ui_->PictureDisplay, &PictureSurface::MouseUp, this, &PicturePane::PictureDisplay_MouseUp);
+    connect(ui_->PictureDisplay, &PictureSurface::KeysHeld, this, &PicturePane::PictureDisplay_KeysHeld);
+    connect(
+        ui_->PictureDisplay, &PictureSurface::DoubleClicked, this,
+        &PicturePane::PictureDisplay_DoubleClicked);
+    connect(ui_->PicNosac, &PictureView::ZoomTurned, this, &PicturePane::PicNosac_Zoom);
     connect(ui_->PicNosac, &PictureView::Resized, this, &PicturePane::PicNosac_Resize);
     connect(ui_->PicNosac, &PictureView::WheelTurned, this, &PicturePane::PicNosac_Wheel);
     connect(ui_->HScroll1, &QScrollBar::valueChanged, this, &PicturePane::HScroll1_Change);
@@ -58,6 +67,7 @@ void PicturePane::SetPicture(const QImage& picture)
     ui_->PictureDisplay->hide();
     ui_->PictureDisplay->move(0, 0);
     ui_->PictureDisplay->SetPicture(picture);
+    ui_->PictureDisplay->setFocusPolicy(picture.isNull() ? Qt::NoFocus : Qt::TabFocus);
     ui_->PictureDisplay->show();
     ui_->HScroll1->setValue(0);
     ui_->VScroll1->setValue(0);
@@ -66,10 +76,141 @@ void PicturePane::SetPicture(const QImage& picture)
 
 bool PicturePane::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && HScroll1_KeyDown(*static_cast<QKeyEvent*>(event))) {
+    const bool isOnPicture = watched == ui_->PictureDisplay;
+    bool isDone = false;
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        isDone = isOnPicture ? PictureDisplay_Key(*static_cast<QKeyEvent*>(event), true)
+                             : HScroll1_KeyDown(*static_cast<QKeyEvent*>(event));
+        break;
+    case QEvent::KeyRelease:
+        isDone = isOnPicture && PictureDisplay_Key(*static_cast<QKeyEvent*>(event), false);
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        isDone = isOnPicture && Pan(*static_cast<QMouseEvent*>(event));
+        break;
+    default:
+        break;
+    }
+    return isDone || QWidget::eventFilter(watched, event);
+}
+
+bool PicturePane::PictureDisplay_Key(const QKeyEvent& key, bool isPress)
+{
+    if (key.key() == Qt::Key_Space) {
+        isSpaceHeld_ = isPress || key.isAutoRepeat();
         return true;
     }
-    return QWidget::eventFilter(watched, event);
+    if (!isPress || tool_ == nullptr || isToolHeld_) {
+        return false;
+    }
+    const bool isTaken = tool_->KeyDown(key.key(), key.modifiers());
+    if (isTaken) {
+        Q_EMIT ToolUsed();
+    }
+    return isTaken;
+}
+
+/** Shifts the picture with the mouse: by its middle button, or while the space bar is held. */
+bool PicturePane::Pan(const QMouseEvent& mouse)
+{
+    const QPoint place = mouse.globalPosition().toPoint();
+    if (mouse.type() == QEvent::MouseButtonPress) {
+        const bool isLarger = ui_->HScroll1->isEnabled() || ui_->VScroll1->isEnabled();
+        const bool isPan =
+            mouse.button() == Qt::MiddleButton || (isSpaceHeld_ && mouse.button() == Qt::LeftButton);
+        panned_ = isLarger && isPan ? std::optional(place) : std::nullopt;
+        return panned_.has_value();
+    }
+    if (!panned_) {
+        return false;
+    }
+    const QPoint way = place - *panned_;
+    panned_ = mouse.type() == QEvent::MouseMove ? std::optional(place) : std::nullopt;
+    ui_->HScroll1->setValue(ui_->HScroll1->value() - way.x());
+    ui_->VScroll1->setValue(ui_->VScroll1->value() - way.y());
+    return true;
+}
+
+void PicturePane::SetZoom(double zoom)
+{
+    const QSize view = ui_->PicNosac->size();
+    ZoomAt(zoom, { view.width() / 2, view.height() / 2 });
+}
+
+void PicturePane::ZoomAt(double zoom, QPoint place)
+{
+    const double wanted = std::clamp(zoom, leastZoom, greatestZoom);
+    if (wanted == Zoom()) {
+        return;
+    }
+    PictureSurface& surface = *ui_->PictureDisplay;
+    const QPointF held = surface.ToPicture(place - surface.pos());
+    surface.SetZoom(wanted);
+    UpdateScrollBars();
+    ui_->HScroll1->setValue(static_cast<int>(std::lround(held.x() * wanted)) - place.x());
+    ui_->VScroll1->setValue(static_cast<int>(std::lround(held.y() * wanted)) - place.y());
+    Q_EMIT ZoomChanged();
+}
+
+double PicturePane::FittingZoom() const
+{
+    const QSizeF picture(Surface().PictureWidth(), Surface().PictureHeight());
+    const QSizeF view = ui_->PicNosac->size();
+    return picture.isEmpty() ? 1
+                             : std::clamp(
+                                   std::min(view.width() / picture.width(), view.height() / picture.height()),
+                                   leastZoom, greatestZoom);
+}
+
+void PicturePane::FitTo(const QRect& part)
+{
+    const QSizeF view = ui_->PicNosac->size();
+    SetZoom(std::min(view.width() / part.width(), view.height() / part.height()));
+    const QPointF middle = QRectF(part).center() * Zoom();
+    ui_->HScroll1->setValue(static_cast<int>(middle.x() - view.width() / 2));
+    ui_->VScroll1->setValue(static_cast<int>(middle.y() - view.height() / 2));
+}
+
+void PicturePane::Reveal(const QRect& part)
+{
+    const auto reveal = [this](QScrollBar* bar, int first, int last, int room) {
+        const int low = static_cast<int>(first * Zoom());
+        const int high = static_cast<int>((last + 1) * Zoom());
+        if (low < bar->value() || high - low > room) {
+            bar->setValue(low);
+        } else if (high > bar->value() + room) {
+            bar->setValue(high - room);
+        }
+    };
+    reveal(ui_->HScroll1, part.left(), part.right(), ui_->PicNosac->width());
+    reveal(ui_->VScroll1, part.top(), part.bottom(), ui_->PicNosac->height());
+}
+
+void PicturePane::PicNosac_Zoom(double factor, QPoint place)
+{
+    if (Surface().PictureWidth() > 0) {
+        // In whole per cents, so that 100 is reached again.
+        constexpr double parts = 100;
+        ZoomAt(std::round(Zoom() * factor * parts) / parts, place);
+    }
+}
+
+void PicturePane::PictureDisplay_KeysHeld(Qt::KeyboardModifiers keys)
+{
+    if (tool_ != nullptr) {
+        tool_->HoldKeys(keys);
+    }
+}
+
+void PicturePane::PictureDisplay_DoubleClicked(float x, float y)
+{
+    if (tool_ != nullptr && !isToolHeld_) {
+        tool_->DoubleClick(x, y);
+        Q_EMIT ToolUsed();
+    }
 }
 
 void PicturePane::PictureDisplay_MouseDown(int button, float x, float y)
@@ -98,6 +239,7 @@ void PicturePane::PictureDisplay_MouseUp(int button, float x, float y)
 void PicturePane::PicNosac_Resize()
 {
     UpdateScrollBars();
+    Q_EMIT RoomChanged();
 }
 
 void PicturePane::PicNosac_Wheel(QPoint angle)

@@ -1,11 +1,15 @@
 #include "imagemap/PictureSurface.h"
 
 #include "imagemap/FigurePainting.h"
+#include "imagemap/SelectionPainting.h"
+#include "imagemap/ZoomedPicture.h"
 
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <iterator>
 
 namespace {
@@ -16,6 +20,9 @@ constexpr int edgeWidth = 1;
 constexpr int sharedBorder = 1;
 /** So many figures are repainted one by one; beyond that the whole surface is. */
 constexpr int patchesAtMost = 16;
+/** With more figures than this, what was painted is kept; of no more pixels than a large screen has. */
+constexpr int composedFrom = 64;
+constexpr qint64 composedAtMost = 8LL * 1024 * 1024;
 
 QRect Grown(const QRect& rect, int by)
 {
@@ -53,15 +60,75 @@ PictureSurface::PictureSurface(QWidget* parent)
 
 void PictureSurface::SetPicture(const QImage& picture)
 {
+    composed_ = {};
     picture_ = picture;
     figures_.clear();
     rubber_.reset();
-    resize(picture_.size());
+    areas_.clear();
+    selection_ = {};
+    cross_.reset();
+    resize(Zoomed(picture_.size(), zoom_));
     update();
+}
+
+void PictureSurface::SetZoom(double zoom)
+{
+    composed_ = {};
+    zoom_ = zoom;
+    resize(Zoomed(picture_.size(), zoom_));
+    update();
+}
+
+PaintedFigure PictureSurface::OnScreen(const PaintedFigure& figure) const
+{
+    return zoom_ == 1 ? figure : Zoomed(figure, zoom_);
+}
+
+void PictureSurface::ShowAreas(const MapAreas& areas)
+{
+    if (areas_ != areas) {
+        areas_ = areas;
+        update();
+    }
+}
+
+void PictureSurface::UpdateSelection(const SelectionPicture& selection)
+{
+    // Lines and notes reach anywhere in sight.
+    if (!selection.guides.isEmpty() || !selection.note.isEmpty()) {
+        update();
+    } else {
+        update(BoundsOf(selection, zoom_));
+    }
+}
+
+void PictureSurface::ShowSelection(const SelectionPicture& selection)
+{
+    if (selection_ != selection) {
+        UpdateSelection(selection_);
+        selection_ = selection;
+        UpdateSelection(selection_);
+    }
+}
+
+void PictureSurface::ShowCross(QPoint place)
+{
+    HideCross();
+    cross_ = place;
+    update(CrossBounds(place, zoom_));
+}
+
+void PictureSurface::HideCross()
+{
+    if (cross_) {
+        update(CrossBounds(*cross_, zoom_));
+        cross_.reset();
+    }
 }
 
 void PictureSurface::SetForegroundColor(const QColor& color)
 {
+    composed_ = {};
     foregroundColor_ = color;
     update();
 }
@@ -76,7 +143,10 @@ void PictureSurface::ShowFigures(const PaintedFigures& figures)
         std::for_each(gone, figures_.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
         std::for_each(come, figures.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
     }
-    figures_ = figures;
+    if (figures_ != figures) {
+        composed_ = {};
+        figures_ = figures;
+    }
 }
 
 void PictureSurface::ShowRubberFigure(const PaintedFigure& figure)
@@ -96,12 +166,14 @@ void PictureSurface::EraseRubberFigure()
 
 void PictureSurface::UpdateFigure(const PaintedFigure& figure)
 {
-    update(Grown(BoundsOf(figure), edgeWidth + sharedBorder));
+    update(Grown(BoundsOf(OnScreen(figure)), edgeWidth + sharedBorder));
 }
 
 void PictureSurface::SetPointer(SurfacePointer pointer)
 {
-    const Qt::CursorShape shape = pointer == SurfacePointer::Cross ? Qt::CrossCursor : Qt::ArrowCursor;
+    static constexpr std::array shapes = { Qt::ArrowCursor, Qt::CrossCursor, Qt::SizeAllCursor,
+                                           Qt::PointingHandCursor };
+    const Qt::CursorShape shape = shapes[static_cast<std::size_t>(pointer)];
     if (cursor().shape() != shape) {
         setCursor(shape);
     }
@@ -110,32 +182,62 @@ void PictureSurface::SetPointer(SurfacePointer pointer)
 void PictureSurface::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    const QRect exposed = Grown(event->rect(), sharedBorder) & picture_.rect();
-    if (exposed.isEmpty()) {
+    const QRect exposed = Grown(event->rect(), sharedBorder) & rect();
+    if (!exposed.isEmpty() && !picture_.isNull()) {
+        PaintPicture(painter, exposed);
+        PaintOverlay(painter, exposed);
+    }
+}
+
+void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
+{
+    if (!rubber_ && !composed_.isNull() && composedPlace_.contains(exposed)) {
+        painter.drawImage(exposed, composed_, exposed.translated(-composedPlace_.topLeft()));
         return;
     }
     const PaintedFigures figures = FiguresIn(exposed);
-    const bool hasRubber = rubber_ && BoundsOf(*rubber_).intersects(exposed);
-    if (figures.isEmpty() && !hasRubber) {
+    const bool hasRubber = rubber_ && BoundsOf(OnScreen(*rubber_)).intersects(exposed);
+    if (zoom_ == 1 && figures.isEmpty() && !hasRubber) {
         painter.drawImage(exposed, picture_, exposed);
         return;
     }
     // In the picture's own pixels, so that figures look the same at every scaling.
-    QImage part = picture_.copy(exposed);
-    PaintFigures(part, exposed.topLeft(), figures);
+    QImage part = zoom_ == 1 ? picture_.copy(exposed) : ZoomedPart(picture_, zoom_, exposed);
+    if (!figures.isEmpty()) {
+        PaintFigures(part, exposed.topLeft(), figures);
+    }
     if (hasRubber) {
         PaintRubber(part, exposed.topLeft());
     }
     painter.drawImage(exposed, part);
+    if (figures.size() > composedFrom && !hasRubber &&
+        qint64(exposed.width()) * exposed.height() <= composedAtMost) {
+        composed_ = part;
+        composedPlace_ = exposed;
+    }
+}
+
+void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed) const
+{
+    if (!areas_.isEmpty()) {
+        PaintAreas(painter, areas_, zoom_, palette(), exposed);
+    }
+    PaintSelection(
+        painter, selection_, zoom_, palette(), isVisible() ? visibleRegion().boundingRect() : exposed);
+    if (cross_) {
+        PaintCross(painter, *cross_, zoom_);
+    }
 }
 
 PaintedFigures PictureSurface::FiguresIn(const QRect& place) const
 {
     PaintedFigures figures;
-    std::copy_if(
-        figures_.begin(), figures_.end(), std::back_inserter(figures), [&place](const PaintedFigure& figure) {
-            return Grown(BoundsOf(figure), edgeWidth).intersects(place);
-        });
+    for (const PaintedFigure& one : figures_) {
+        const PaintedFigure figure = OnScreen(one);
+        if (Grown(BoundsOf(figure), edgeWidth).intersects(place)) {
+            figures << figure;
+        }
+    }
     return figures;
 }
 
@@ -174,7 +276,7 @@ void PictureSurface::PaintRubber(QImage& part, QPoint place) const
     QImage mask = EmptyMask(part.size());
     QPainter painter(&mask);
     painter.translate(-place);
-    PaintOutline(painter, *rubber_, maskColor);
+    PaintOutline(painter, OnScreen(*rubber_), maskColor);
     painter.end();
     ForEachPixel(mask, mask.rect(), [&part](int x, int y) {
         QRgb* const pixel = PixelOf(part, x, y);
@@ -182,23 +284,38 @@ void PictureSurface::PaintRubber(QImage& part, QPoint place) const
     });
 }
 
+QPointF PictureSurface::PlaceOf(const QMouseEvent& event) const
+{
+    const QPointF place = ToPicture(event.position());
+    return zoom_ == 1 ? place : QPointF(std::floor(place.x()), std::floor(place.y()));
+}
+
 void PictureSurface::mousePressEvent(QMouseEvent* event)
 {
-    Q_EMIT MouseDown(
-        ButtonNumber(event->button()), float(event->position().x()), float(event->position().y()));
+    const QPointF place = PlaceOf(*event);
+    Q_EMIT KeysHeld(event->modifiers());
+    Q_EMIT MouseDown(ButtonNumber(event->button()), float(place.x()), float(place.y()));
 }
 
 void PictureSurface::mouseDoubleClickEvent(QMouseEvent* event)
 {
     mousePressEvent(event);
+    if (event->button() == Qt::LeftButton) {
+        const QPointF place = PlaceOf(*event);
+        Q_EMIT DoubleClicked(float(place.x()), float(place.y()));
+    }
 }
 
 void PictureSurface::mouseMoveEvent(QMouseEvent* event)
 {
-    Q_EMIT MouseMove(float(event->position().x()), float(event->position().y()));
+    const QPointF place = PlaceOf(*event);
+    Q_EMIT KeysHeld(event->modifiers());
+    Q_EMIT MouseMove(float(place.x()), float(place.y()));
 }
 
 void PictureSurface::mouseReleaseEvent(QMouseEvent* event)
 {
-    Q_EMIT MouseUp(ButtonNumber(event->button()), float(event->position().x()), float(event->position().y()));
+    const QPointF place = PlaceOf(*event);
+    Q_EMIT KeysHeld(event->modifiers());
+    Q_EMIT MouseUp(ButtonNumber(event->button()), float(place.x()), float(place.y()));
 }

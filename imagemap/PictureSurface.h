@@ -1,6 +1,8 @@
 #pragma once
 
 #include "imagemap/drawing/DrawingView.h"
+#include "imagemap/drawing/KeyedDrawing.h"
+#include "imagemap/drawing/SelectionView.h"
 
 #include <QColor>
 #include <QImage>
@@ -9,11 +11,12 @@
 
 /**
  * The widget that shows the picture: one pixel of it is one pixel of the picture at any scaling of the
- * screen. Over the picture it shows the figures that it is given, and one that follows the mouse.
+ * screen, or so many times as large as the zoom says. Over the picture it shows the figures that it is given,
+ * one that follows the mouse, and what is selected. It needs memory for what is seen of it alone.
  *
  * It only forwards the mouse, a double click as two presses; what a press means is decided elsewhere.
  */
-class PictureSurface : public QWidget, public DrawingSurface
+class PictureSurface : public QWidget, public DrawingSurface, public SelectionSurface, public CrossSurface
 {
     Q_OBJECT
 
@@ -22,6 +25,20 @@ public:
 
     /** Shows `picture` without any figures and takes its size; a null picture leaves an empty surface. */
     void SetPicture(const QImage& picture);
+
+    /** Shows a pixel of the picture so many times as large. */
+    void SetZoom(double zoom);
+    [[nodiscard]] double Zoom() const override { return zoom_; }
+
+    /** Where a pixel of the widget lies in the picture. */
+    [[nodiscard]] QPointF ToPicture(QPointF place) const { return place / zoom_; }
+
+    /** Shows these areas closed, filled and numbered over the picture; none to show them as they are drawn.
+     */
+    void ShowAreas(const MapAreas& areas);
+    void ShowSelection(const SelectionPicture& selection) override;
+    void ShowCross(QPoint place) override;
+    void HideCross() override;
 
     [[nodiscard]] QColor ForegroundColor() const { return foregroundColor_; }
 
@@ -36,6 +53,10 @@ public:
     void SetPointer(SurfacePointer pointer) override;
 
 Q_SIGNALS:
+    /** The keys held with the mouse event that is told of next. */
+    void KeysHeld(Qt::KeyboardModifiers keys);
+    /** The press told of last was the second of two. */
+    void DoubleClicked(float x, float y);
     void MouseDown(int button, float x, float y);
     void MouseMove(float x, float y);
     void MouseUp(int button, float x, float y);
@@ -49,6 +70,12 @@ protected:
 
 private:
     void UpdateFigure(const PaintedFigure& figure);
+    void UpdateSelection(const SelectionPicture& selection);
+    void PaintPicture(QPainter& painter, const QRect& exposed) const;
+    void PaintOverlay(QPainter& painter, const QRect& exposed) const;
+    [[nodiscard]] PaintedFigure OnScreen(const PaintedFigure& figure) const;
+    /** Where the mouse is in the picture: on another scale than the picture's own in whole pixels. */
+    [[nodiscard]] QPointF PlaceOf(const QMouseEvent& event) const;
     [[nodiscard]] PaintedFigures FiguresIn(const QRect& place) const;
     void PaintFigures(QImage& part, QPoint place, const PaintedFigures& figures) const;
     void PaintRubber(QImage& part, QPoint place) const;
@@ -57,4 +84,11 @@ private:
     PaintedFigures figures_;
     std::optional<PaintedFigure> rubber_;
     QColor foregroundColor_ = Qt::black;
+    double zoom_ = 1;
+    MapAreas areas_;
+    SelectionPicture selection_;
+    std::optional<QPoint> cross_;
+    /** A part of the screen with many figures, kept while only what lies above changes. */
+    mutable QImage composed_;
+    mutable QRect composedPlace_;
 };

@@ -19,7 +19,11 @@ Q_SIGNALS:
     /** The wheel was turned by so many eighths of a degree; positive is up or left. */
     void WheelTurned(QPoint angle);
 
+    /** The wheel was turned with Ctrl held, or fingers spread: to be so many times as large about `place`. */
+    void ZoomTurned(double factor, QPoint place);
+
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };

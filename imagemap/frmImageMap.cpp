@@ -1,15 +1,17 @@
 #include "imagemap/frmImageMap.h"
 
 #include "codegen/MapMarkup.h"
+#include "imagemap/AreaCommands.h"
 #include "imagemap/AreaListModel.h"
+#include "imagemap/AreaTab.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/ZoomControls.h"
+#include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/frmJSOptions.h"
-#include "imagemap/picture/PictureFile.h"
 #include "linkdialog/frmIMLink.h"
 #include "shared/HelpViewer.h"
 #include "shared/Paths.h"
 #include "ui_frmImageMap.h"
-#include "widgets/FileDialog.h"
 #include "widgets/OneLineField.h"
 #include "widgets/WindowHelpers.h"
 
@@ -23,7 +25,7 @@ namespace {
 using Need = frmImageMap::Need;
 
 /** Room for the list with its headers, and to draw in. */
-constexpr QSize leastSize(680, 560);
+constexpr QSize leastSize(680, 600);
 constexpr QStringView helpPage = u"image-map-editor";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
@@ -65,14 +67,51 @@ frmImageMap::frmImageMap(
     DrawingStatus& status = *this;
     display_ = std::make_unique<FigureDisplay>(map_, ui_->picturePane->Surface(), status);
     protocol_ = std::make_unique<DrawingProtocol>(map_, ui_->picturePane->Surface(), status, *display_);
-    ui_->picturePane->SetTool(protocol_.get());
     connect(ui_->picturePane, &PicturePane::ToolUsed, this, &frmImageMap::ShowHint);
-    ui_->ListView1->setModel(new AreaListModel(map_, this));
+    CreateAreaParts();
     connect(ui_->ListView1, &AreaList::EditAsked, this, &frmImageMap::EditSelectedArea, Qt::QueuedConnection);
     connect(&map_, &MapDocument::Cleared, this, &frmImageMap::ShowHint);
 }
 
 frmImageMap::~frmImageMap() = default;
+
+void frmImageMap::CreateAreaParts()
+{
+    PicturePane& pane = *ui_->picturePane;
+    auto* const model = new AreaListModel(map_, this);
+    ui_->ListView1->setModel(model);
+    ui_->Splitter1->setStretchFactor(0, 1);
+    drawing_ = std::make_unique<KeyedDrawing>(*protocol_, pane.Surface(), pane.Surface());
+    pane.SetTool(drawing_.get());
+    zoom_ = new ZoomControls(pane, *ui_->StatusBar1);
+    const auto begin = [this] { return BeginCommand(); };
+    DrawingStatus& status = *this;
+    areaCommands_ = new AreaCommands(
+        { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_,
+          imgMap_.Remembered, begin },
+        map_, *zoom_);
+    areaTab_ = new AreaTab(areaCommands_->Editing(), begin, ui_->SSTab1);
+    areaTab_->setObjectName(QStringLiteral("tabArea"));
+    ui_->SSTab1->addTab(areaTab_, QStringLiteral("Area"));
+    connect(areaCommands_, &AreaCommands::ToolTaken, this, &frmImageMap::AreaCommands_ToolTaken);
+    connect(areaCommands_, &AreaCommands::HintGiven, this, [this](const QString& hint) {
+        panels_->ShowHint(hint);
+    });
+    connect(areaCommands_, &AreaCommands::EditAsked, this, &frmImageMap::EditSelectedArea);
+    connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
+}
+
+bool frmImageMap::BeginCommand()
+{
+    GiveUpDrawing();
+    return !isMessagePending_ && (linkDialog_ == nullptr || linkDialog_->IsUnloaded());
+}
+
+void frmImageMap::AreaCommands_ToolTaken()
+{
+    protocol_->SelectTool(DrawingTool::Cursor);
+    commands_.Check(DrawingTool::None);
+}
 
 void frmImageMap::CreateKeys()
 {
@@ -105,47 +144,9 @@ bool frmImageMap::event(QEvent* event)
     return QMainWindow::event(event);
 }
 
-void frmImageMap::OpenImage()
-{
-    if (!DiscardMap()) {
-        return;
-    }
-    map_.GiveUpDrawing();
-    const std::optional<QString> path = AskForPicture(this);
-    if (!path) {
-        return;
-    }
-    GoToProgramFolder(imgMap_);
-    map_.ForgetAreas();
-    ShowHourglass();
-    ShowPicture(*path);
-    ShowDefaultPointer();
-}
-
-void frmImageMap::ShowPicture(const QString& path)
-{
-    PicturePane& pane = *ui_->picturePane;
-    // The old picture makes room before the new one is read.
-    pane.SetPicture({});
-    pane.SetPicture(LoadPicture(path));
-    ui_->lblWidthPic->setText(QString::number(pane.Surface().PictureWidth()));
-    ui_->lblHeightPic->setText(QString::number(pane.Surface().PictureHeight()));
-    ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
-    ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
-    panels_->ShowPictureName(FileNameOnly(path));
-    imgMap_.ImageUrl = path;
-    PathToFileUrl(imgMap_.ImageUrl);
-    ui_->Check1->setEnabled(true);
-    commands_.Enable(Need::Picture, true);
-    if (protocol_->Tool() == DrawingTool::Cursor) {
-        protocol_->SelectTool(DrawingTool::Cursor);
-    }
-    ShowHint();
-}
-
 void frmImageMap::NewImageMap()
 {
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         map_.GiveUpDrawing();
         map_.ForgetAreas();
         ShowHint();
@@ -188,7 +189,7 @@ void frmImageMap::CloseImageMapEditor()
 
 bool frmImageMap::DiscardMap()
 {
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         return true;
     }
     if (!AskYesNo(this, QString::fromLatin1(deleteMapQuestion))) {
@@ -229,7 +230,7 @@ void frmImageMap::CloseDialogs(bool mayDelete)
 
 bool frmImageMap::QueryUnload()
 {
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         return true;
     }
     if (imgMap_.ContinueAction) {
@@ -308,7 +309,7 @@ void frmImageMap::GiveUpDrawing()
     // A figure whose dialog is open, or about to be, is no longer being drawn.
     const bool isLinking = isMessagePending_ || (linkDialog_ != nullptr && !linkDialog_->IsUnloaded());
     if (!isLinking) {
-        protocol_->Abandon();
+        drawing_->Abandon();
         ShowHint();
     }
 }
@@ -339,6 +340,7 @@ void frmImageMap::EnableFigureCommands(bool enable)
 
 void frmImageMap::ShowTool()
 {
+    areaCommands_->LeaveTool();
     commands_.Check(protocol_->Tool());
     ShowDrawingMode();
 }
@@ -352,11 +354,11 @@ void frmImageMap::ShowDrawingMode()
 void frmImageMap::ShowHint()
 {
     const DrawingMoment moment = { .hasPicture = ui_->picturePane->Surface().PictureWidth() > 0,
-                                   .hasFigures = map_.Figures().FigureCount > 0,
+                                   .hasFigures = map_.HasContent(),
                                    .isInProgress = map_.IsDrawingInProgress(),
                                    .drawState = map_.Figures().DrawState,
                                    .tool = protocol_->Tool() };
-    panels_->ShowHint(DrawingHint(moment));
+    panels_->ShowHint(areaCommands_->HasTool() ? areaCommands_->Hint() : DrawingHint(moment));
     // Where nothing is drawn the key is left to whoever has the focus.
     escape_->setEnabled(moment.isInProgress && !isMessagePending_);
 }

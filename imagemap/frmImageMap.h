@@ -13,9 +13,13 @@
 namespace Ui {
 class frmImageMap;
 }
+class AreaCommands;
+class AreaTab;
 class EditorPanels;
 class HelpViewer;
+class KeyedDrawing;
 class QShortcut;
+class ZoomControls;
 class frmIMLink;
 class frmJSOptions;
 
@@ -72,7 +76,12 @@ private:
 
     [[nodiscard]] static std::span<const Command> Commands();
     void CreateKeys();
+    void CreateAreaParts();
     void ShowPicture(const QString& path);
+    /** Gives up what is being drawn for another command; false while the mouse is asking for a dialog. */
+    [[nodiscard]] bool BeginCommand();
+    void AreaCommands_ToolTaken();
+    void Map_PictureChanged();
     void ShowDrawingMode();
     void ShowHint();
     /** Lets the mouse wait while `act`, which may open a dialog, runs once the mouse handler is done. */
@@ -93,6 +102,10 @@ private:
     std::unique_ptr<EditorPanels> panels_;
     std::unique_ptr<FigureDisplay> display_;
     std::unique_ptr<DrawingProtocol> protocol_;
+    std::unique_ptr<KeyedDrawing> drawing_;
+    ZoomControls* zoom_ = nullptr;
+    AreaCommands* areaCommands_ = nullptr;
+    AreaTab* areaTab_ = nullptr;
     QShortcut* escape_ = nullptr;
     QPointer<frmIMLink> linkDialog_;
     QPointer<frmJSOptions> jsOptions_;

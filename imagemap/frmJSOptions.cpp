@@ -91,7 +91,7 @@ bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
 
 bool frmJSOptions::optJSOpt_MouseDown(std::size_t index)
 {
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         map_.GiveUpDrawing();
         ApplyJSMode();
         return false;

@@ -128,6 +128,16 @@ public:
         }
     }
 
+    /** Checks the command that makes `choice`, or not; the others stay as they are. */
+    void SetChecked(typename Row::Choice choice, bool isChecked)
+    {
+        for (const Command& command : commands_) {
+            if (command.row->choice == choice) {
+                ForEachAction(command, [isChecked](QAction* action) { action->setChecked(isChecked); });
+            }
+        }
+    }
+
 private:
     struct Command
     {

@@ -24,18 +24,18 @@ inline constexpr std::size_t drawingLabelCount = 9;
 struct PaintedFigure
 {
     qint16 kind = 0; ///< kindRectangle, kindCircle or kindLine
-    qint16 x1 = 0;
-    qint16 y1 = 0;
-    qint16 x2 = 0;
-    qint16 y2 = 0;
-    qint16 radius = 0; ///< circles only
+    int x1 = 0;
+    int y1 = 0;
+    int x2 = 0;
+    int y2 = 0;
+    int radius = 0; ///< circles only
 
     bool operator==(const PaintedFigure&) const = default;
 };
 
 using PaintedFigures = QList<PaintedFigure>;
 
-enum class SurfacePointer { Arrow, Cross };
+enum class SurfacePointer { Arrow, Cross, Move, Handle };
 
 enum class FullStoreText { Lines, Figures };
 

@@ -1,7 +1,10 @@
 #include "imagemap/drawing/FigureDisplay.h"
 
+#include "imagemap/model/AreaGeometry.h"
 #include "shared/Rounding.h"
 
+#include <QPoint>
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -14,16 +17,48 @@ qint16 Clamped(qint16 position, int size)
     return position < 0 ? qint16(0) : position;
 }
 
-/** The circle's radius: the horizontal or the vertical distance, by the end point's own position. */
-std::optional<qint16> CircleRadius(const PaintedFigure& circle)
+/** The distance between two positions, or nothing where the difference overflows 16 bits. */
+std::optional<qint16> Length(int from, int to)
 {
-    return std::abs(int(circle.y2)) < std::abs(int(circle.x2)) ? Distance(circle.x1, circle.x2)
-                                                               : Distance(circle.y1, circle.y2);
+    const std::optional<qint16> difference = ToInt16(to - from);
+    return difference ? ToInt16(std::abs(*difference)) : std::nullopt;
+}
+
+/** The circle's radius: the horizontal or the vertical distance, by the end point's own position. */
+std::optional<qint16> CircleRadius(QPoint centre, QPoint rim)
+{
+    return std::abs(rim.y()) < std::abs(rim.x()) ? Length(centre.x(), rim.x()) : Length(centre.y(), rim.y());
 }
 
 bool IsKindKnown(qint16 kind)
 {
     return kind == kindRectangle || kind == kindCircle || kind == kindLine;
+}
+
+/** What the drawing tools would have left of `area`: a polygon lacks its last corner and closing side. */
+void AppendArea(PaintedFigures& figures, const MapArea& area)
+{
+    if (!IsWhole(area)) {
+        return;
+    }
+    const QList<int>& numbers = area.Coordinates;
+    switch (area.Shape) {
+    case AreaShape::Rectangle:
+        figures << PaintedFigure{ kindRectangle, numbers[0], numbers[1], numbers[2], numbers[3], 0 };
+        break;
+    case AreaShape::Circle:
+        figures << PaintedFigure{ kindCircle, numbers[0], numbers[1], numbers[0], numbers[1], numbers[2] };
+        break;
+    case AreaShape::Polygon: {
+        constexpr qsizetype side = 4;
+        for (qsizetype i = 0; i + side + 2 <= numbers.size(); i += 2) {
+            figures << PaintedFigure{
+                kindLine, numbers[i], numbers[i + 1], numbers[i + 2], numbers[i + 3], 0
+            };
+        }
+        break;
+    }
+    }
 }
 
 } // namespace
@@ -37,6 +72,7 @@ FigureDisplay::FigureDisplay(MapDocument& map, DrawingSurface& surface, DrawingS
     connect(&map_, &MapDocument::DrawingGivenUp, this, &FigureDisplay::Map_DrawingGivenUp);
     connect(&map_, &MapDocument::Cleared, this, &FigureDisplay::Map_Cleared);
     connect(&map_, &MapDocument::FiguresRemoved, this, &FigureDisplay::Map_FiguresRemoved);
+    connect(&map_, &MapDocument::Remade, this, &FigureDisplay::Map_Remade);
 }
 
 FigureRecord FigureDisplay::FigureInProgress() const
@@ -60,7 +96,8 @@ std::optional<PaintedFigure> FigureDisplay::Painted(const FigureRecord& figure) 
                               .y2 = Clamped(figure.Y2, surface_.PictureHeight()),
                               .radius = 0 };
     if (painted.kind == kindCircle) {
-        const std::optional<qint16> radius = CircleRadius(painted);
+        const std::optional<qint16> radius =
+            CircleRadius({ painted.x1, painted.y1 }, { painted.x2, painted.y2 });
         if (!radius) {
             return std::nullopt;
         }
@@ -74,7 +111,7 @@ std::optional<PaintedFigure> FigureDisplay::Measure(const FigureRecord& figure)
     const std::optional<PaintedFigure> painted = Painted(figure);
     if (painted) {
         if (painted->kind == kindCircle) {
-            map_.Ledger().CurrentRadius = painted->radius;
+            map_.Ledger().CurrentRadius = static_cast<qint16>(painted->radius);
         }
         ShowPoints(*painted);
     }
@@ -100,24 +137,37 @@ void FigureDisplay::FinishFigure()
 
 void FigureDisplay::ShowFigures()
 {
-    const FigureStore& store = map_.Figures();
     PaintedFigures figures;
-    figures.reserve(store.FigureCount);
-    for (int i = 0; i < store.FigureCount; ++i) {
+    figures.reserve(map_.Figures().FigureCount);
+    if (map_.AreAreasEdited()) {
+        for (const MapArea& area : map_.Areas()) {
+            AppendArea(figures, area);
+        }
+        AppendFigures(figures, map_.Figures().FigureCount - map_.FiguresWithoutArea());
+    } else {
+        AppendFigures(figures, 0);
+    }
+    surface_.ShowFigures(figures);
+    ShowFigureCount();
+}
+
+/** Appends the figures of the ledger from `first` on. */
+void FigureDisplay::AppendFigures(PaintedFigures& figures, int first) const
+{
+    const FigureStore& store = map_.Figures();
+    for (int i = std::max(first, 0); i < store.FigureCount; ++i) {
         const FigureRecord* const figure = FigureStore::At(store.Figures, i);
         if (const std::optional<PaintedFigure> painted = figure ? Painted(*figure) : std::nullopt) {
             figures << *painted;
         }
     }
-    surface_.ShowFigures(figures);
-    ShowFigureCount();
 }
 
 void FigureDisplay::RedrawFigures()
 {
     ShowFigures();
     MeasureAll();
-    if (map_.Figures().FigureCount == 0 && !map_.Figures().IsDrawing()) {
+    if (!map_.HasContent() && !map_.Figures().IsDrawing()) {
         ShowEmptyState();
     }
 }
@@ -162,11 +212,11 @@ bool FigureDisplay::ShowSize(const PaintedFigure& figure)
         status_.SetLabel(DrawingLabel::Dimensions2, QString());
         return true;
     }
-    const std::optional<qint16> width = Distance(figure.x1, figure.x2);
+    const std::optional<qint16> width = Length(figure.x1, figure.x2);
     if (width) {
         status_.SetLabel(DrawingLabel::Dimensions1, QString::number(*width) + u',');
     }
-    const std::optional<qint16> height = width ? Distance(figure.y1, figure.y2) : std::nullopt;
+    const std::optional<qint16> height = width ? Length(figure.y1, figure.y2) : std::nullopt;
     if (height) {
         status_.SetLabel(DrawingLabel::Dimensions2, QString::number(*height));
     }
@@ -187,9 +237,19 @@ void FigureDisplay::Map_SidesGivenUp()
 void FigureDisplay::Map_DrawingGivenUp()
 {
     surface_.EraseRubberFigure();
-    if (map_.Figures().FigureCount == 0) {
+    if (!map_.HasContent()) {
         ClearPositionLabels();
         status_.EnableFigureCommands(false);
+    }
+}
+
+void FigureDisplay::Map_Remade()
+{
+    surface_.EraseRubberFigure();
+    ShowFigures();
+    status_.EnableFigureCommands(map_.HasContent());
+    if (!map_.HasContent()) {
+        ClearPositionLabels();
     }
 }
 

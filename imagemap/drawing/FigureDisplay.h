@@ -39,8 +39,10 @@ private:
     void Map_DrawingGivenUp();
     void Map_Cleared();
     void Map_FiguresRemoved();
+    void Map_Remade();
 
     [[nodiscard]] std::optional<PaintedFigure> Painted(const FigureRecord& figure) const;
+    void AppendFigures(PaintedFigures& figures, int first) const;
     [[nodiscard]] FigureRecord FigureInProgress() const;
     /** Shows where `figure` is and how large; returns what is to be painted of it, if anything can be. */
     [[nodiscard]] std::optional<PaintedFigure> Measure(const FigureRecord& figure);

@@ -1,6 +1,9 @@
 #include "imagemap/model/MapDocument.h"
 
+#include "imagemap/model/AreaLedger.h"
+
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -70,18 +73,169 @@ constexpr std::array<FigureShape, 3> figureShapes = { {
       [](const FigureStore& figures, const FigureRecord&) { return PolygonCoordinates(figures); } },
 } };
 
+QString StepNameOf(QStringView what, AreaShape shape)
+{
+    return what + QStringLiteral(" of a ") + areaShapeNames[static_cast<std::size_t>(shape)].name;
+}
+
+/** Leaves the ledger as it is while nothing is being drawn, without what belongs to the mouse and the tool.
+ */
+void PutToRest(FigureStore& ledger)
+{
+    if (ledger.HasUnfinishedPolygon()) {
+        ledger.RemoveCurrentPolygon();
+    }
+    ledger.CurrentKind = 0;
+    ledger.DrawState = drawIdle;
+    ledger.StartX = ledger.StartY = ledger.EndX = ledger.EndY = 0;
+    ledger.CurrentRadius = 0;
+}
+
 } // namespace
+
+MapDocument::Step::Step(MapDocument& map, QString name, QString joinKey)
+    : map_(map)
+    , name_(std::move(name))
+    , joinKey_(std::move(joinKey))
+{
+    ++map_.openSteps_;
+}
+
+MapDocument::Step::~Step()
+{
+    if (--map_.openSteps_ == 0) {
+        map_.KeepStep(name_, joinKey_);
+    }
+}
+
+void MapDocument::KeepStep(const QString& name, const QString& joinKey)
+{
+    history_.Keep(State(), name, joinKey);
+    Q_EMIT HistoryChanged();
+}
+
+MapState MapDocument::State() const
+{
+    MapState state = { .Figures = figures_,
+                       .IsLedgerOfAreas = false,
+                       .Areas = areas_,
+                       .AreAreasEdited = areAreasEdited_,
+                       .Mode = mode_,
+                       .ModeDefault = modeDefault_,
+                       .MessageHeader = messageHeader_,
+                       .Picture = picture_ };
+    PutToRest(state.Figures);
+    state.IsLedgerOfAreas = areAreasEdited_ && areas_ == editedAreas_ && state.Figures == ledgerOfAreas_;
+    if (state.IsLedgerOfAreas) {
+        state.Figures = FigureStore();
+    }
+    return state;
+}
+
+void MapDocument::Restore(const MapState& state)
+{
+    const qint16 tool = figures_.CurrentKind;
+    figures_ = LedgerOf(state);
+    areas_ = state.Areas;
+    if (state.IsLedgerOfAreas) {
+        ledgerOfAreas_ = figures_;
+        editedAreas_ = areas_;
+    }
+    figures_.CurrentKind = tool;
+    areAreasEdited_ = state.AreAreasEdited;
+    figuresOfAreas_ = figures_.FigureCount;
+    mode_ = state.Mode;
+    modeDefault_ = state.ModeDefault;
+    const bool isOtherPicture = std::exchange(picture_, state.Picture) != state.Picture;
+    Q_EMIT Remade();
+    Q_EMIT AreasChanged();
+    SetMessageHeader(state.MessageHeader);
+    if (isOtherPicture) {
+        Q_EMIT PictureChanged();
+    }
+    Q_EMIT HistoryChanged();
+}
+
+/** What was given up since the last step was kept has left its marks in freed slots. */
+void MapDocument::FinishLastStep()
+{
+    GiveUpDrawing();
+    history_.Keep(State(), QStringLiteral("Change of the Map"));
+}
+
+void MapDocument::Undo()
+{
+    FinishLastStep();
+    if (history_.CanUndo()) {
+        Restore(MapState(history_.Undo()));
+    }
+}
+
+void MapDocument::Redo()
+{
+    FinishLastStep();
+    if (history_.CanRedo()) {
+        Restore(MapState(history_.Redo()));
+    }
+}
+
+void MapDocument::SetPicture(const QString& path)
+{
+    const Step step(*this, QStringLiteral("Opening of a Picture"));
+    picture_ = path;
+}
+
+void MapDocument::RemakeLedger()
+{
+    const qint16 tool = figures_.CurrentKind;
+    ledgerOfAreas_ = LedgerOf(areas_);
+    editedAreas_ = areas_;
+    figures_ = ledgerOfAreas_;
+    figures_.CurrentKind = tool;
+    figuresOfAreas_ = figures_.FigureCount;
+    areAreasEdited_ = true;
+}
+
+void MapDocument::ChangeAreas(const MapAreas& areas, const QString& name, const QString& joinKey)
+{
+    GiveUpDrawing();
+    if (areas == areas_) {
+        return;
+    }
+    const Step step(*this, name, joinKey);
+    areas_ = areas;
+    RemakeLedger();
+    Q_EMIT Remade();
+    Q_EMIT AreasChanged();
+}
 
 void MapDocument::BeginEditing()
 {
+    const bool isAnythingOpen = !areas_.isEmpty() || !picture_.isEmpty();
     figures_.DrawState = drawIdle;
     figures_.ResetCurrentPolygon();
+    picture_.clear();
+    ++openSteps_;
     ForgetAreas();
     ResetMessageHeader();
+    --openSteps_;
+    if (isAnythingOpen) {
+        KeepStep(QStringLiteral("Closing of the Map"), {});
+    } else {
+        history_.Replace(State());
+        Q_EMIT HistoryChanged();
+    }
+}
+
+void MapDocument::SetModeDefault(const QString& text)
+{
+    const Step step(*this, QStringLiteral("Change of the Default"));
+    modeDefault_ = text;
 }
 
 void MapDocument::SetMode(JSMode mode)
 {
+    const Step step(*this, QStringLiteral("Change of the Java Script Options"));
     mode_ = mode;
     ResetMessageHeader();
 }
@@ -99,6 +253,7 @@ void MapDocument::ResetMessageHeader()
 
 void MapDocument::ForgetModeDefault()
 {
+    const Step step(*this, QStringLiteral("Change of the Default"));
     modeDefault_.clear();
     ResetMessageHeader();
 }
@@ -114,12 +269,15 @@ void MapDocument::TakeModeDefault(const LinkEntry& entry)
 
 void MapDocument::LinkNewArea(const LinkEntry& entry)
 {
-    TakeModeDefault(entry);
-    WriteLinkData(figures_, entry, MessageOf(mode_, entry));
     const auto* const shape =
         std::find_if(figureShapes.begin(), figureShapes.end(), [this](const FigureShape& row) {
             return row.kind == figures_.CurrentKind;
         });
+    const Step step(
+        *this, shape != figureShapes.end() ? StepNameOf(u"Drawing", shape->shape)
+                                           : QStringLiteral("Change of the Default"));
+    TakeModeDefault(entry);
+    WriteLinkData(figures_, entry, MessageOf(mode_, entry));
     const FigureRecord* const record = LinkedRecord(figures_);
     if (shape == figureShapes.end() || record == nullptr) {
         return;
@@ -132,16 +290,19 @@ void MapDocument::LinkNewArea(const LinkEntry& entry)
     if (shape->kind == kindLine) {
         figures_.ResetCurrentPolygon();
     }
+    figuresOfAreas_ = figures_.FigureCount;
 }
 
 void MapDocument::AppendArea(MapArea area)
 {
+    const Step step(*this, QStringLiteral("Addition of an Area"));
     areas_ << std::move(area);
     Q_EMIT AreasChanged();
 }
 
 void MapDocument::RelinkArea(qsizetype index, const LinkEntry& entry)
 {
+    const Step step(*this, QStringLiteral("Change of a Link"));
     if (index >= 0 && index < areas_.size()) {
         areas_[index].Link = entry.Text(LinkField::Link);
         areas_[index].Message = MessageOf(mode_, entry);
@@ -152,6 +313,12 @@ void MapDocument::RelinkArea(qsizetype index, const LinkEntry& entry)
 
 void MapDocument::DiscardNewArea()
 {
+    const Step step(*this, QStringLiteral("Discarding of a Figure"));
+    if (areAreasEdited_) {
+        RemakeLedger();
+        Q_EMIT FiguresRemoved();
+        return;
+    }
     const FigureRecord* const last = std::as_const(figures_).LastFigure();
     if (last != nullptr && last->Kind == kindLine) {
         figures_.ResetCurrentPolygon();
@@ -160,8 +327,25 @@ void MapDocument::DiscardNewArea()
     Q_EMIT FiguresRemoved();
 }
 
+void MapDocument::DeleteLastArea()
+{
+    if (IsDrawingInProgress() || areas_.isEmpty()) {
+        GiveUpDrawing();
+        return;
+    }
+    areas_.removeLast();
+    RemakeLedger();
+    Q_EMIT FiguresRemoved();
+    Q_EMIT AreasChanged();
+}
+
 void MapDocument::DeleteLastFigure()
 {
+    const Step step(*this, QStringLiteral("Delete Last Figure"));
+    if (areAreasEdited_) {
+        DeleteLastArea();
+        return;
+    }
     const FigureRecord* const last = std::as_const(figures_).LastFigure();
     if (last == nullptr || (figures_.IsDrawing() && !figures_.HasUnfinishedPolygon())) {
         GiveUpDrawing();
@@ -193,18 +377,23 @@ void MapDocument::GiveUpSides()
 {
     if (figures_.HasUnfinishedPolygon()) {
         figures_.RemoveCurrentPolygon();
+        history_.Amend(State());
         Q_EMIT SidesGivenUp();
     }
 }
 
 void MapDocument::ForgetAreas()
 {
+    const Step step(*this, QStringLiteral("Delete of the Map"));
     areas_.clear();
+    areAreasEdited_ = false;
+    figuresOfAreas_ = 0;
     Q_EMIT AreasChanged();
 }
 
 void MapDocument::Clear()
 {
+    const Step step(*this, QStringLiteral("Delete of the Map"));
     figures_.DrawState = drawIdle;
     figures_.ResetCurrentPolygon();
     figures_.Clear();

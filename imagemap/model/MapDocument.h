@@ -4,6 +4,7 @@
 #include "imagemap/model/JSMode.h"
 #include "imagemap/model/LinkRules.h"
 #include "imagemap/model/MapArea.h"
+#include "imagemap/model/MapHistory.h"
 
 #include <QObject>
 
@@ -12,13 +13,33 @@
  * shows. Whoever changes it does so here, and whoever shows it learns from here what has changed.
  *
  * The areas are what a page is written from; the figures are the ledger of the drawing tools, by which the
- * last of them is found again. Both are changed together, by rules of their own: see DeleteLastFigure().
+ * last of them is found again. Both are changed together, by rules of their own: see DeleteLastFigure(). Once
+ * areas have been changed otherwise than by the tools, the ledger is what drawing them would leave.
+ *
+ * Every change is a step that can be undone, exactly, the freed slots of the ledger included.
  */
 class MapDocument final : public QObject
 {
     Q_OBJECT
 
 public:
+    /**
+     * What happens to the map while one of these is there is one step, called `name`; one inside of another
+     * is part of that. For `joinKey` see MapHistory::Keep().
+     */
+    class Step
+    {
+    public:
+        Step(MapDocument& map, QString name, QString joinKey = {});
+        ~Step();
+        Q_DISABLE_COPY_MOVE(Step)
+
+    private:
+        MapDocument& map_;
+        QString name_;
+        QString joinKey_;
+    };
+
     MapDocument() = default;
 
     [[nodiscard]] const FigureStore& Figures() const { return figures_; }
@@ -35,6 +56,39 @@ public:
     /** What stands above the messages of the areas: the mode's label, or one that tells the default. */
     [[nodiscard]] const QString& MessageHeader() const { return messageHeader_; }
 
+    /** Whether there is something that nobody throws away without being asked: figures, or edited areas. */
+    [[nodiscard]] bool HasContent() const
+    {
+        return figures_.FigureCount > 0 || (areAreasEdited_ && !areas_.isEmpty());
+    }
+
+    /** Whether the areas tell what is on the picture, since the ledger alone does not. */
+    [[nodiscard]] bool AreAreasEdited() const { return areAreasEdited_; }
+
+    /** How many figures at the end of the ledger have no area yet: the sides of an unfinished polygon, or a
+     * figure whose link is being asked for. Of a map with edited areas alone. */
+    [[nodiscard]] int FiguresWithoutArea() const { return figures_.FigureCount - figuresOfAreas_; }
+
+    /** The path of the picture's file, or nothing where none is open. */
+    [[nodiscard]] const QString& Picture() const { return picture_; }
+    void SetPicture(const QString& path);
+
+    /** Puts `areas` in place of those of the map and makes the ledger anew: one step, called `name`. What is
+     * being drawn is given up. */
+    void ChangeAreas(const MapAreas& areas, const QString& name, const QString& joinKey = {});
+
+    [[nodiscard]] const MapHistory& History() const { return history_; }
+
+    /** Whatever is changed next is a step of its own. */
+    void EndJoining() { history_.EndJoining(); }
+
+    /** Goes a step back, or on again; what is being drawn is given up. Does nothing where there is none. */
+    void Undo();
+    void Redo();
+
+    /** The map as it is while nothing is being drawn, but for the tool that is chosen. */
+    [[nodiscard]] MapState State() const;
+
     /** A new editor shows the map: nothing is being drawn, no area listed; the ledger keeps its figures. */
     void BeginEditing();
 
@@ -44,7 +98,7 @@ public:
     /** Puts the label of the mode in force above the messages. */
     void ResetMessageHeader();
 
-    void SetModeDefault(const QString& text) { modeDefault_ = text; }
+    void SetModeDefault(const QString& text);
 
     /** Empties the mode's default, and puts the mode's own label above the messages. */
     void ForgetModeDefault();
@@ -103,16 +157,37 @@ Q_SIGNALS:
     /** The map was thrown away. */
     void Cleared();
 
+    /** Areas were changed otherwise than by drawing, and the ledger with them, or a step was undone. */
+    void Remade();
+
+    /** Another picture belongs to the map now, by Undo() or Redo(). */
+    void PictureChanged();
+
+    /** There are other steps to be undone or done again. */
+    void HistoryChanged();
+
     void AreasChanged();
     void MessageHeaderChanged();
 
 private:
     void SetMessageHeader(const QString& header);
     void TakeModeDefault(const LinkEntry& entry);
+    void FinishLastStep();
+    void RemakeLedger();
+    void DeleteLastArea();
+    void Restore(const MapState& state);
+    void KeepStep(const QString& name, const QString& joinKey);
 
     FigureStore figures_;
     MapAreas areas_;
+    bool areAreasEdited_ = false;
+    FigureStore ledgerOfAreas_; ///< what was made of the areas when they were edited last
+    MapAreas editedAreas_;      ///< the areas as they were then
+    int figuresOfAreas_ = 0;    ///< how many figures of the ledger edited areas have
     JSMode mode_ = JSDisabled;
     QString modeDefault_;
     QString messageHeader_;
+    QString picture_;
+    MapHistory history_;
+    int openSteps_ = 0;
 };

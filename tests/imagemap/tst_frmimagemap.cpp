@@ -68,7 +68,7 @@ void tst_frmimagemap::windowShowsItsCaptions()
 void tst_frmimagemap::tabsHoldTheirFields()
 {
     const auto* const tabs = test_->Find<QTabWidget>("SSTab1");
-    QCOMPARE(tabs->count(), 2);
+    QCOMPARE(tabs->count(), 3);
     QCOMPARE(tabs->tabText(0), QStringLiteral("Creating"));
     QCOMPARE(tabs->tabText(1), QStringLiteral("Options"));
     QCOMPARE(tabs->currentIndex(), 0);

@@ -1,0 +1,430 @@
+#include "imagemap/AreaCommands.h"
+
+#include "imagemap/AreaClipboard.h"
+#include "imagemap/AreaList.h"
+#include "imagemap/AreaListModel.h"
+#include "imagemap/PicturePane.h"
+#include "imagemap/ZoomControls.h"
+#include "shared/Settings.h"
+
+#include <QGuiApplication>
+#include <QItemSelectionModel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QToolTip>
+#include <utility>
+
+namespace {
+
+constexpr QStringView selectHint = u"Click picks an area, drag moves it";
+constexpr QStringView severalHint = u"Drag moves them all, Del takes them away";
+constexpr QStringView tryHint = u"A click on an area tells where it leads";
+
+/** What is said of an area where it cannot be seen. */
+QString SpokenName(const MapArea& area, qsizetype number)
+{
+    const QString link = area.Link.isEmpty() ? QStringLiteral("no link") : area.Link;
+    return TitleOf(area, number).trimmed() + u", " + link + u", " + CoordinatesText(area);
+}
+
+} // namespace
+
+AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& zoom)
+    : QObject(&parts.window)
+    , parts_(parts)
+    , map_(map)
+    , zoom_(zoom)
+    , editing_(map_, selection_)
+    , select_(editing_, parts_.pane.Surface(), parts_.pane.Surface(), parts_.status)
+    , try_(map_, parts_.pane.Surface())
+{
+    CreateMenus();
+    CreateKeys();
+    parts_.list.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&parts_.list, &QWidget::customContextMenuRequested, this, &AreaCommands::List_MenuAsked);
+    connect(
+        parts_.list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+        &AreaCommands::List_SelectionChanged);
+    connect(&selection_, &AreaSelection::Changed, this, &AreaCommands::Selection_Changed);
+    connect(&map_, &MapDocument::AreasChanged, this, &AreaCommands::ShowAll);
+    connect(&map_, &MapDocument::HistoryChanged, this, &AreaCommands::EnableCommands);
+    connect(&select_, &SelectionProtocol::EditAsked, this, &AreaCommands::EditAsked, Qt::QueuedConnection);
+    connect(
+        &select_, &SelectionProtocol::MenuAsked, this, [this] { ShowMenu(QCursor::pos()); },
+        Qt::QueuedConnection);
+    connect(&try_, &TryProtocol::Hovered, this, &AreaCommands::Try_Hovered);
+    connect(&try_, &TryProtocol::Followed, this, [this](const QString& link) {
+        Q_EMIT HintGiven(
+            link.isEmpty() ? QStringLiteral("A click here leads nowhere")
+                           : QStringLiteral("A click leads to ") + link);
+    });
+    connect(&zoom_, &ZoomControls::FittingChanged, this, [this] {
+        commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
+    });
+    RecallSettings();
+    EnableCommands();
+}
+
+AreaCommands::~AreaCommands() = default;
+
+void AreaCommands::CreateMenus()
+{
+    QAction* const help = parts_.menus.actions().constLast();
+    commands_.Create(this, &parts_.menus, &parts_.toolbar, Commands());
+    ToggleFlatLook(&parts_.toolbar);
+    // Help stays the last one.
+    parts_.menus.insertAction(nullptr, help);
+}
+
+QAction* AreaCommands::Entry(const char* name) const
+{
+    return parts_.menus.findChild<QAction*>(QString::fromLatin1(name));
+}
+
+void AreaCommands::CreateKeys()
+{
+    Entry("mnuARedo")
+        ->setShortcuts(
+            { QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z) });
+    Entry("mnuVZoomIn")
+        ->setShortcuts({ QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal) });
+    // These are for typing wherever else the focus is.
+    for (const char* const name : { "mnuASelect", "mnuADelete", "mnuAUp", "mnuADown" }) {
+        QAction* const entry = Entry(name);
+        entry->setShortcutContext(Qt::WidgetShortcut);
+        parts_.pane.Surface().addAction(entry);
+        parts_.list.addAction(entry);
+    }
+}
+
+QStringView AreaCommands::Hint() const
+{
+    if (tool_ == Tool::Try) {
+        return tryHint;
+    }
+    return selection_.Numbers().size() > 1 ? severalHint : selectHint;
+}
+
+void AreaCommands::BeginPicture(QSize size)
+{
+    picture_ = size;
+    editing_.SetPictureSize(size);
+    selection_.Clear();
+    zoom_.BeginPicture();
+    EnableCommands();
+    ShowAll();
+}
+
+void AreaCommands::TakeTool(Tool tool, PictureTool& protocol)
+{
+    if (tool_ == tool || picture_.isEmpty()) {
+        return;
+    }
+    Q_EMIT ToolTaken();
+    tool_ = tool;
+    parts_.pane.SetTool(&protocol);
+    parts_.pane.Surface().setFocusPolicy(Qt::StrongFocus);
+    parts_.pane.Surface().SetPointer(SurfacePointer::Arrow);
+    parts_.list.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    ShowAll();
+    Q_EMIT HintGiven(Hint().toString());
+}
+
+void AreaCommands::LeaveTool()
+{
+    commands_.SetChecked(Mark::Select, false);
+    commands_.SetChecked(Mark::Try, false);
+    if (std::exchange(tool_, Tool::Drawing) == Tool::Drawing) {
+        return;
+    }
+    select_.Abandon();
+    QToolTip::hideText();
+    parts_.pane.SetTool(&parts_.drawing);
+    parts_.pane.Surface().setFocusPolicy(Qt::TabFocus);
+    if (selection_.Numbers().size() > 1) {
+        selection_.Clear();
+    }
+    parts_.list.setSelectionMode(QAbstractItemView::SingleSelection);
+    ShowAll();
+}
+
+void AreaCommands::ChooseSelect()
+{
+    if (parts_.begin()) {
+        TakeTool(Tool::Select, select_);
+    }
+    commands_.SetChecked(Mark::Select, tool_ == Tool::Select);
+}
+
+void AreaCommands::TryTheMap()
+{
+    if (parts_.begin()) {
+        TakeTool(
+            tool_ == Tool::Try ? Tool::Select : Tool::Try,
+            tool_ == Tool::Try ? static_cast<PictureTool&>(select_) : try_);
+    }
+    commands_.SetChecked(Mark::Try, tool_ == Tool::Try);
+    commands_.SetChecked(Mark::Select, tool_ == Tool::Select);
+}
+
+void AreaCommands::Change(const std::function<void()>& change)
+{
+    if (parts_.begin()) {
+        change();
+    }
+}
+
+void AreaCommands::Undo()
+{
+    Change([this] { editing_.Undo(); });
+}
+
+void AreaCommands::Redo()
+{
+    Change([this] { editing_.Redo(); });
+}
+
+void AreaCommands::Cut()
+{
+    Change([this] {
+        CopyAreas(editing_.SelectedAreas());
+        editing_.Cut();
+    });
+}
+
+void AreaCommands::Copy()
+{
+    Change([this] { CopyAreas(editing_.SelectedAreas()); });
+}
+
+void AreaCommands::Paste()
+{
+    Change([this] {
+        const MapAreas areas = AreasOnClipboard();
+        if (areas.isEmpty()) {
+            Q_EMIT HintGiven(QStringLiteral("There are no areas on the clipboard"));
+            return;
+        }
+        ChooseSelect();
+        editing_.Paste(areas);
+    });
+}
+
+void AreaCommands::Duplicate()
+{
+    Change([this] {
+        const AreaNumbers selected = selection_.Numbers();
+        ChooseSelect();
+        selection_.Select(selected);
+        editing_.Duplicate();
+    });
+}
+
+void AreaCommands::Delete()
+{
+    Change([this] { editing_.Delete(); });
+}
+
+void AreaCommands::SelectAll()
+{
+    Change([this] {
+        ChooseSelect();
+        editing_.SelectAll();
+    });
+}
+
+void AreaCommands::ZoomIn()
+{
+    Change([this] { zoom_.In(); });
+}
+
+void AreaCommands::ZoomOut()
+{
+    Change([this] { zoom_.Out(); });
+}
+
+void AreaCommands::ActualSize()
+{
+    Change([this] { zoom_.ActualSize(); });
+}
+
+void AreaCommands::ToggleFit()
+{
+    Change([this] {
+        zoom_.ToggleFit();
+        parts_.settings.Keep(Setting::fitPicture, zoom_.IsFitting());
+    });
+    ShowSettings();
+}
+
+void AreaCommands::FitSelection()
+{
+    Change([this] { zoom_.FitTo(BoundsOf(editing_.SelectedAreas())); });
+}
+
+void AreaCommands::ToggleAreas()
+{
+    Change([this] {
+        areAreasShown_ = !areAreasShown_;
+        parts_.settings.Keep(Setting::showAreas, areAreasShown_);
+    });
+    ShowSettings();
+}
+
+void AreaCommands::ToggleSnap()
+{
+    Change([this] {
+        isSnapping_ = !isSnapping_;
+        parts_.settings.Keep(Setting::snap, isSnapping_);
+    });
+    ShowSettings();
+}
+
+void AreaCommands::ToggleGuides()
+{
+    Change([this] {
+        areGuidesShown_ = !areGuidesShown_;
+        parts_.settings.Keep(Setting::guides, areGuidesShown_);
+    });
+    ShowSettings();
+}
+
+void AreaCommands::RecallSettings()
+{
+    areAreasShown_ = parts_.settings.Value(Setting::showAreas);
+    isSnapping_ = parts_.settings.Value(Setting::snap);
+    areGuidesShown_ = parts_.settings.Value(Setting::guides);
+    if (parts_.settings.Value(Setting::fitPicture)) {
+        zoom_.ToggleFit();
+    }
+    ShowSettings();
+}
+
+/** Check marks tell what is switched on, and so do the picture and the list. */
+void AreaCommands::ShowSettings()
+{
+    commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
+    commands_.SetChecked(Mark::Areas, areAreasShown_);
+    commands_.SetChecked(Mark::Snap, isSnapping_);
+    commands_.SetChecked(Mark::Guides, areGuidesShown_);
+    select_.SetSnapping(isSnapping_);
+    select_.ShowGuides(areGuidesShown_);
+    ShowAreaMarks();
+}
+
+void AreaCommands::EnableCommands()
+{
+    const bool hasPicture = !picture_.isEmpty();
+    const MapHistory& history = map_.History();
+    commands_.Enable(Need::Picture, hasPicture);
+    commands_.Enable(Need::Areas, hasPicture && !map_.Areas().isEmpty());
+    commands_.Enable(Need::Selection, hasPicture && !selection_.Numbers().isEmpty());
+    commands_.Enable(Need::Several, hasPicture && selection_.Numbers().size() > 1);
+    commands_.Enable(Need::Undo, history.CanUndo());
+    commands_.Enable(Need::Redo, history.CanRedo());
+    Entry("mnuAUndo")->setText(QString(u"&Undo " + history.UndoName()).trimmed());
+    Entry("mnuARedo")->setText(QString(u"&Redo " + history.RedoName()).trimmed());
+}
+
+/** Shows areas and selection as far as the tool in force does. */
+void AreaCommands::ShowAll()
+{
+    if (tool_ != Tool::Select) {
+        parts_.pane.Surface().ShowSelection({});
+    } else {
+        select_.Show();
+    }
+    ShowAreaMarks();
+    SelectInList();
+    EnableCommands();
+}
+
+void AreaCommands::ShowAreaMarks()
+{
+    parts_.pane.Surface().ShowAreas(areAreasShown_ ? map_.Areas() : MapAreas());
+    parts_.model.MarkFaults(areAreasShown_ || HasTool() ? picture_ : QSize());
+}
+
+void AreaCommands::Selection_Changed()
+{
+    map_.EndJoining();
+    if (tool_ != Tool::Select) {
+        parts_.pane.Surface().ShowSelection({});
+    } else if (const QRect bounds = BoundsOf(editing_.SelectedAreas()); !bounds.isNull()) {
+        if (!QGuiApplication::mouseButtons()) {
+            parts_.pane.Reveal(bounds);
+        }
+        Q_EMIT HintGiven(Hint().toString());
+    }
+    DescribeSelection();
+    SelectInList();
+    EnableCommands();
+}
+
+void AreaCommands::DescribeSelection()
+{
+    QStringList names;
+    for (const qsizetype number : selection_.Numbers()) {
+        names << SpokenName(map_.Areas().at(number), number);
+    }
+    parts_.pane.Surface().setAccessibleDescription(names.join(u"; "));
+}
+
+void AreaCommands::SelectInList()
+{
+    // Without the tool the list has a selection of its own, which leads here.
+    if (tool_ == Tool::Drawing || isSelectingInList_) {
+        return;
+    }
+    isSelectingInList_ = true;
+    QItemSelection rows;
+    for (const qsizetype number : selection_.Numbers()) {
+        if (number < parts_.model.rowCount()) {
+            const QModelIndex row = parts_.model.index(static_cast<int>(number), 0);
+            rows.select(row, row);
+        }
+    }
+    parts_.list.selectionModel()->select(
+        rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (!rows.isEmpty()) {
+        parts_.list.scrollTo(rows.indexes().constFirst());
+    }
+    isSelectingInList_ = false;
+}
+
+void AreaCommands::List_SelectionChanged()
+{
+    if (isSelectingInList_) {
+        return;
+    }
+    isSelectingInList_ = true;
+    AreaNumbers numbers;
+    for (const QModelIndex& row : parts_.list.selectionModel()->selectedRows()) {
+        if (row.row() < map_.Areas().size()) {
+            numbers << row.row();
+        }
+    }
+    selection_.Select(numbers);
+    isSelectingInList_ = false;
+}
+
+void AreaCommands::List_MenuAsked(QPoint place)
+{
+    ShowMenu(parts_.list.viewport()->mapToGlobal(place));
+}
+
+void AreaCommands::ShowMenu(QPoint place)
+{
+    auto* const menu = parts_.menus.findChild<QMenu*>(QStringLiteral("mnuAreas"));
+    menu->popup(place);
+}
+
+void AreaCommands::Try_Hovered(const QString& link, const QString& toolTip)
+{
+    Q_EMIT HintGiven(link.isEmpty() ? Hint().toString() : link);
+    if (toolTip.isEmpty()) {
+        QToolTip::hideText();
+    } else {
+        QToolTip::showText(QCursor::pos(), toolTip.toHtmlEscaped(), &parts_.pane.Surface());
+    }
+}

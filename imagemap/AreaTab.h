@@ -1,0 +1,42 @@
+#pragma once
+
+#include "imagemap/drawing/AreaEditing.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class AreaTab;
+}
+class QComboBox;
+
+/** The tab for the selected areas: what is changed here changes all of them, as one step of undo a field. */
+class AreaTab final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /** `editing` must live as long. */
+    AreaTab(AreaEditing& editing, std::function<bool()> begin, QWidget* parent = nullptr);
+    ~AreaTab() override;
+
+    /** Offers `links` to choose from. */
+    void OfferLinks(const QStringList& links);
+
+private:
+    using TextOfArea = QString MapArea::*;
+
+    void Refresh();
+    void RefreshText(QWidget* field, TextOfArea member);
+    void ConnectText(QWidget* field, TextOfArea member, QStringView what);
+    void ChangeText(TextOfArea member, const QString& text, QStringView what);
+    void cmbAreaShape_Chosen(int index);
+    void txtAreaCoords_Edited(const QString& text);
+    void ShowProblem(const QString& problem);
+
+    AreaEditing& editing_;
+    std::function<bool()> begin_;
+    std::unique_ptr<Ui::AreaTab> ui_;
+    bool isChanging_ = false;
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "imagemap/drawing/DrawingProtocol.h"
+
+#include <QPoint>
+
+/** Shows the place where a key draws. */
+class CrossSurface
+{
+public:
+    CrossSurface() = default;
+    virtual ~CrossSurface() = default;
+    Q_DISABLE_COPY_MOVE(CrossSurface)
+
+    virtual void ShowCross(QPoint place) = 0;
+    virtual void HideCross() = 0;
+};
+
+/**
+ * The tools that draw, with the keys too: arrows move a cross, Enter does what the left button does there,
+ * with Ctrl it ends a polygon as the right button does. The mouse goes through to the tools as it is.
+ */
+class KeyedDrawing final : public PictureTool
+{
+public:
+    KeyedDrawing(DrawingProtocol& protocol, DrawingSurface& picture, CrossSurface& surface)
+        : protocol_(protocol)
+        , picture_(picture)
+        , surface_(surface)
+    {
+    }
+
+    void MouseDown(int button, float x, float y) override;
+    void MouseMove(float x, float y) override;
+    void MouseUp(int button, float x, float y) override { protocol_.MouseUp(button, x, y); }
+    bool KeyDown(int key, Qt::KeyboardModifiers keys) override;
+    void Abandon() override;
+
+private:
+    void MoveCross(QPoint by);
+    void SetPoint(bool isLast);
+
+    DrawingProtocol& protocol_;
+    DrawingSurface& picture_;
+    CrossSurface& surface_;
+    QPoint cross_;
+    bool isHeld_ = false; ///< a key has begun a figure that another is to end
+};
