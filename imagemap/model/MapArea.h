@@ -20,9 +20,10 @@ struct MapArea
      * of a polygon, a pair each.
      */
     QList<int> Coordinates;
-    QString Link;    ///< the address the area leads to
-    QString Target;  ///< the frame it opens in, or empty
-    QString Message; ///< what the mode in force shows for the area
+    QString Link;      ///< the address the area leads to
+    QString Target;    ///< the frame it opens in, or empty
+    QString Message;   ///< what the mode in force shows for the area
+    QString Text = {}; ///< what screen readers say in its place
 
     bool operator==(const MapArea&) const = default;
 };
