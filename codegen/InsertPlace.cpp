@@ -5,6 +5,7 @@
 
 #include <QStringBuilder>
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -158,23 +159,35 @@ qsizetype PlaceFinder::Place() const
     return std::max(std::min(place_.value_or(bodyEnd), bodyEnd), frame_.BodyStart());
 }
 
+bool IsLineEnd(QChar character)
+{
+    return character == u'\n' || character == u'\r';
+}
+
+bool BeginsLine(QStringView page, qsizetype offset)
+{
+    return offset == 0 || IsLineEnd(page[offset - 1]);
+}
+
+TextReplacement Replacement(HtmlSpan place, const QString& text)
+{
+    return { { place.offset, place.length }, text };
+}
+
 /** `text` on lines of its own at the place. */
 QString OnOwnLines(QStringView page, HtmlSpan place, QString text, const QString& lineEnd)
 {
-    const auto isLineEnd = [](QChar character) { return character == u'\n' || character == u'\r'; };
-    const bool beginsLine = place.offset == 0 || isLineEnd(page[place.offset - 1]);
-    const bool endsLine = place.End() < page.size() && isLineEnd(page[place.End()]);
+    const bool endsLine = place.End() < page.size() && IsLineEnd(page[place.End()]);
     if (endsLine && text.endsWith(u'\n')) {
         text.chop(1);
     }
     text.replace(u'\n', lineEnd);
-    return beginsLine ? text : QString(lineEnd % text);
+    return BeginsLine(page, place.offset) ? text : QString(lineEnd % text);
 }
 
 /** Puts a block in the place of its older version, or to those that go into the head. */
 void AddBlock(
-    const ConstantBlock& block, const QString& lineEnd, std::vector<TextReplacement>& replacements,
-    QString& missing)
+    const ConstantBlock& block, const QString& lineEnd, QList<TextReplacement>& changes, QString& missing)
 {
     if (block.IsCurrent()) {
         return;
@@ -185,7 +198,7 @@ void AddBlock(
     }
     QString markup = block.Markup();
     markup.chop(1);
-    replacements.push_back({ *block.Older(), markup.replace(u'\n', lineEnd) });
+    changes << Replacement(*block.Older(), markup.replace(u'\n', lineEnd));
 }
 
 } // namespace
@@ -211,27 +224,38 @@ InsertPlace FindInsertPlace(QStringView page, HtmlSpan selection)
     return place;
 }
 
-std::vector<TextReplacement> ReplacementsFor(
+MapInsertion InsertMap(
     QStringView page, const InsertPlace& place, const QString& markup, NeededBlocks needed,
     const QString& lineEnd)
 {
-    std::vector<TextReplacement> replacements;
+    QList<TextReplacement> changes;
     QString missing;
     if (needed.style) {
-        AddBlock(place.style, lineEnd, replacements, missing);
+        AddBlock(place.style, lineEnd, changes, missing);
     }
     if (needed.script) {
-        AddBlock(place.script, lineEnd, replacements, missing);
+        AddBlock(place.script, lineEnd, changes, missing);
     }
-    if (!missing.isEmpty()) {
-        const HtmlSpan head{ place.head, 0 };
-        replacements.push_back({ head, OnOwnLines(page, head, missing, lineEnd) });
+    const HtmlSpan head{ place.head, 0 };
+    // Two changes at one place would have no order.
+    const QString ahead = place.head == place.map.offset ? missing : QString();
+    if (!missing.isEmpty() && ahead.isEmpty()) {
+        changes << Replacement(head, OnOwnLines(page, head, missing, lineEnd));
     }
-    replacements.push_back({ place.map, OnOwnLines(page, place.map, markup, lineEnd) });
-    std::stable_sort(
-        replacements.begin(), replacements.end(),
-        [](const TextReplacement& one, const TextReplacement& other) {
-            return one.place.offset < other.place.offset;
-        });
-    return replacements;
+    const auto linesAdded = [page](qsizetype lines, const TextReplacement& change) {
+        const QStringView replaced = page.sliced(change.Place.Start, change.Place.Length);
+        return lines + change.Text.count(u'\n') - replaced.count(u'\n');
+    };
+    const auto isAbove = [&place](const TextReplacement& change) {
+        return change.Place.Start < place.map.offset;
+    };
+    const auto above = std::stable_partition(changes.begin(), changes.end(), isAbove);
+    const qsizetype line = std::accumulate(
+        changes.begin(), above, 1 + page.first(place.map.offset).count(u'\n') + ahead.count(u'\n'),
+        linesAdded);
+    changes << Replacement(place.map, OnOwnLines(page, place.map, ahead + markup, lineEnd));
+    std::sort(changes.begin(), changes.end(), [](const TextReplacement& one, const TextReplacement& other) {
+        return one.Place.Start < other.Place.Start;
+    });
+    return { changes, int(line) + (BeginsLine(page, place.map.offset) ? 0 : 1) };
 }

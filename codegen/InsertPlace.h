@@ -2,10 +2,9 @@
 
 #include "codegen/ConstantBlocks.h"
 #include "codegen/TodayMap.h"
+#include "shared/PageDocument.h"
 
-#include <QString>
 #include <optional>
-#include <vector>
 
 /** Why a map cannot be put where the caret is. */
 enum class InsertRefusal {
@@ -27,15 +26,6 @@ struct InsertPlace
     std::optional<InsertRefusal> refusal; ///< then nothing else counts
 };
 
-/** One of several changes to a text: `place` in the text as it was. */
-struct TextReplacement
-{
-    HtmlSpan place;
-    QString text;
-
-    bool operator==(const TextReplacement&) const = default;
-};
-
 /**
  * Where a map goes whose user has selected `selection` (an empty one is the caret). A paragraph may stand
  * there: inside one, behind it; in the head or behind the body, in the body. A selection is replaced if it
@@ -43,11 +33,17 @@ struct TextReplacement
  */
 [[nodiscard]] InsertPlace FindInsertPlace(QStringView page, HtmlSpan selection);
 
+/** What putting a map into a page changes. */
+struct MapInsertion
+{
+    QList<TextReplacement> changes; ///< as PageDocument takes them
+    int line = 0;                   ///< on which the map begins afterwards, from 1
+};
+
 /**
- * The changes that put `markup` and the blocks it needs into the page, in the order of their places; the
- * map's is the last of those at `place.map`. The texts end their lines with `lineEnd`; those of `markup` end
- * in LF.
+ * Puts `markup`, whose lines end in LF, and the blocks that it needs into the page, with lines that end in
+ * `lineEnd`.
  */
-[[nodiscard]] std::vector<TextReplacement> ReplacementsFor(
+[[nodiscard]] MapInsertion InsertMap(
     QStringView page, const InsertPlace& place, const QString& markup, NeededBlocks needed,
     const QString& lineEnd);

@@ -3,6 +3,7 @@
 #include "codegen/MapMarkup.h"
 #include "imagemap/AreaListModel.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/TodayInsert.h"
 #include "imagemap/frmJSOptions.h"
 #include "imagemap/picture/PictureFile.h"
 #include "linkdialog/frmIMLink.h"
@@ -41,7 +42,7 @@ QString FullStoreMessage(FullStoreText text)
 } // namespace
 
 frmImageMap::frmImageMap(
-    ImgMap& imgMap, MapDocument& map, DocumentSink& document, HelpViewer& help, QWidget* owner)
+    ImgMap& imgMap, MapDocument& map, PageDocument& document, HelpViewer& help, QWidget* owner)
     : QMainWindow(owner, Qt::Window)
     , imgMap_(imgMap)
     , map_(map)
@@ -55,6 +56,11 @@ frmImageMap::frmImageMap(
     ui_->cmbAlign->setCompleter(nullptr);
     ui_->cmbAlign->setCurrentIndex(-1);
     NameParts(ui_->cmbAlign);
+    for (const QStringView name : markupFormNames) {
+        ui_->cmbMarkup->addItem(name.toString());
+    }
+    ui_->cmbMarkup->setCurrentIndex(imgMap_.Remembered.Value(Setting::markupForm));
+    connect(ui_->cmbMarkup, &QComboBox::activated, this, &frmImageMap::cmbMarkup_Activated);
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, Commands());
     CreateKeys();
     panels_ = std::make_unique<EditorPanels>(
@@ -133,6 +139,7 @@ void frmImageMap::ShowPicture(const QString& path)
     ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
     ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
     panels_->ShowPictureName(FileNameOnly(path));
+    picturePath_ = path;
     imgMap_.ImageUrl = path;
     PathToFileUrl(imgMap_.ImageUrl);
     ui_->Check1->setEnabled(true);
@@ -175,8 +182,12 @@ void frmImageMap::GenerateMap()
                                .FileNamesOnly = fileNameOnly,
                                .ModeDefault = map_.ModeDefault(),
                                .Areas = map_.Areas() };
-    const int line = document_.InsertAtCaret(GenerateMapFor(map_.Mode(), source));
-    panels_->ShowHint(InsertedHint(line));
+    if (ui_->cmbMarkup->currentIndex() == int(MarkupForm::Html4)) {
+        const int line = document_.InsertAtCaret(GenerateMapFor(map_.Mode(), source));
+        panels_->ShowHint(Html4Hint(line, map_.Mode()));
+    } else {
+        InsertTodayMap(source);
+    }
 }
 
 void frmImageMap::CloseImageMapEditor()

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "imagemap/drawing/DrawingProtocol.h"
-#include "shared/DocumentSink.h"
 #include "shared/ImgMap.h"
+#include "shared/PageDocument.h"
 #include "widgets/CommandTable.h"
 
 #include <QMainWindow>
@@ -16,6 +16,8 @@ class frmImageMap;
 class EditorPanels;
 class HelpViewer;
 class QShortcut;
+struct MapSource;
+struct TodayNotes;
 class frmIMLink;
 class frmJSOptions;
 
@@ -34,7 +36,7 @@ public:
     using Command = CommandRow<frmImageMap, Need, DrawingTool>;
 
     /** `owner` is the window it stays above; `document` receives the finished map. */
-    frmImageMap(ImgMap& imgMap, MapDocument& map, DocumentSink& document, HelpViewer& help, QWidget* owner);
+    frmImageMap(ImgMap& imgMap, MapDocument& map, PageDocument& document, HelpViewer& help, QWidget* owner);
     ~frmImageMap() override;
 
     /** Prepares the window for its first showing: cursor mode, only Open and Exit enabled. */
@@ -73,6 +75,9 @@ private:
     [[nodiscard]] static std::span<const Command> Commands();
     void CreateKeys();
     void ShowPicture(const QString& path);
+    void cmbMarkup_Activated(int form);
+    void InsertTodayMap(const MapSource& source);
+    void GoToMissingText(const TodayNotes& notes);
     void ShowDrawingMode();
     void ShowHint();
     /** Lets the mouse wait while `act`, which may open a dialog, runs once the mouse handler is done. */
@@ -86,13 +91,14 @@ private:
 
     ImgMap& imgMap_;
     MapDocument& map_;
-    DocumentSink& document_;
+    PageDocument& document_;
     HelpViewer& help_;
     std::unique_ptr<Ui::frmImageMap> ui_;
     CommandSet<Command> commands_;
     std::unique_ptr<EditorPanels> panels_;
     std::unique_ptr<FigureDisplay> display_;
     std::unique_ptr<DrawingProtocol> protocol_;
+    QString picturePath_; ///< of the open picture
     QShortcut* escape_ = nullptr;
     QPointer<frmIMLink> linkDialog_;
     QPointer<frmJSOptions> jsOptions_;

@@ -128,7 +128,7 @@ const QStringList& HostileTexts()
         QStringLiteral("one<br>two<BR />three<br"),
         QStringLiteral("   "),
         QStringLiteral("]]> <![CDATA[ x ]]> <?php y ?>"),
-        QStringLiteral("very long ").repeated(300),
+        QStringLiteral("The long story of the house that stands on the hill. ").repeated(60),
         QStringLiteral("data:text/html"),
         QStringLiteral("//"),
         QStringLiteral("https:"),
@@ -202,11 +202,11 @@ WithTodayMap(const QString& page, MarkupForm form, JSMode mode, const MapSource&
     const TodayMap map = MakeTodayMap(mode, source, context);
     const bool isSvg = form == MarkupForm::Today;
     const QString markup = isSvg ? GenerateTodayMap(mode, map) : GenerateTodayMapElement(mode, map);
-    const std::vector<TextReplacement> changes =
-        ReplacementsFor(page, place, markup, BlocksFor(form, mode, map), QStringLiteral("\n"));
+    const QList<TextReplacement> changes =
+        InsertMap(page, place, markup, BlocksFor(form, mode, map), QStringLiteral("\n")).changes;
     QString text = page;
     for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
-        text.replace(change->place.offset, change->place.length, change->text);
+        text.replace(change->Place.Start, change->Place.Length, change->Text);
     }
     return text;
 }

@@ -21,11 +21,11 @@ struct Marked
     HtmlSpan selection;
 };
 
-QString Applied(const QString& page, const std::vector<TextReplacement>& changes)
+QString Applied(const QString& page, const QList<TextReplacement>& changes)
 {
     QString text = page;
     for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
-        text.replace(change->place.offset, change->place.length, change->text);
+        text.replace(change->Place.Start, change->Place.Length, change->Text);
     }
     return text;
 }
@@ -35,12 +35,12 @@ Inserted(const Marked& marked, NeededBlocks needed = {}, const QString& lineEnd 
 {
     const InsertPlace place = FindInsertPlace(marked.page, marked.selection);
     return Applied(
-        marked.page, ReplacementsFor(marked.page, place, QStringLiteral("MAP\n"), needed, lineEnd));
+        marked.page, InsertMap(marked.page, place, QStringLiteral("MAP\n"), needed, lineEnd).changes);
 }
 
 } // namespace
 
-class TestInsertPlace : public QObject
+class tst_insertplace : public QObject
 {
     Q_OBJECT
 
@@ -56,10 +56,12 @@ private Q_SLOTS:
     void blocksOfOthersAreLeftAlone();
     void lineEndsAreThoseOfThePage();
     void selectionThatHoldsTheBlocksStays();
+    void lineIsTheOneOnWhichTheMapBegins_data();
+    void lineIsTheOneOnWhichTheMapBegins();
     void placeIsFoundInEveryTextAtEveryCaret();
 };
 
-void TestInsertPlace::mapGoesWhereAParagraphMayStand_data()
+void tst_insertplace::mapGoesWhereAParagraphMayStand_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<QString>("expected");
@@ -107,7 +109,7 @@ void TestInsertPlace::mapGoesWhereAParagraphMayStand_data()
         "<div>a</div><div>b\nMAP\n</div>");
 }
 
-void TestInsertPlace::mapGoesWhereAParagraphMayStand()
+void tst_insertplace::mapGoesWhereAParagraphMayStand()
 {
     QFETCH(const QString, page);
     QFETCH(const QString, expected);
@@ -116,7 +118,7 @@ void TestInsertPlace::mapGoesWhereAParagraphMayStand()
     QCOMPARE(Inserted(marked), expected);
 }
 
-void TestInsertPlace::mapIsRefusedWhereItWouldBeText_data()
+void tst_insertplace::mapIsRefusedWhereItWouldBeText_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<std::optional<InsertRefusal>>("refusal");
@@ -147,7 +149,7 @@ void TestInsertPlace::mapIsRefusedWhereItWouldBeText_data()
     row("in front of a comment", "|<!-- -->", std::nullopt);
 }
 
-void TestInsertPlace::mapIsRefusedWhereItWouldBeText()
+void tst_insertplace::mapIsRefusedWhereItWouldBeText()
 {
     QFETCH(const QString, page);
     QFETCH(const std::optional<InsertRefusal>, refusal);
@@ -155,7 +157,7 @@ void TestInsertPlace::mapIsRefusedWhereItWouldBeText()
     QCOMPARE(FindInsertPlace(marked.page, marked.selection).refusal, refusal);
 }
 
-void TestInsertPlace::blocksGoToTheEndOfTheHead_data()
+void tst_insertplace::blocksGoToTheEndOfTheHead_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<QString>("before"); ///< what stands in front of the style
@@ -177,7 +179,7 @@ void TestInsertPlace::blocksGoToTheEndOfTheHead_data()
     row("nothing", "|", "", false);
 }
 
-void TestInsertPlace::blocksGoToTheEndOfTheHead()
+void tst_insertplace::blocksGoToTheEndOfTheHead()
 {
     QFETCH(const QString, page);
     QFETCH(const QString, before);
@@ -190,7 +192,7 @@ void TestInsertPlace::blocksGoToTheEndOfTheHead()
     QCOMPARE(FindInsertPlace(marked.page, marked.selection).hasHead, hasHead);
 }
 
-void TestInsertPlace::blocksAreWrittenOnce()
+void tst_insertplace::blocksAreWrittenOnce()
 {
     QString page = QStringLiteral("<head><title>a</title></head>\n<body>\n</body>");
     for (int i = 0; i < 3; ++i) {
@@ -198,14 +200,14 @@ void TestInsertPlace::blocksAreWrittenOnce()
         const InsertPlace place = FindInsertPlace(page, { caret, 0 });
         page = Applied(
             page,
-            ReplacementsFor(page, place, QStringLiteral("MAP\n"), { true, i > 0 }, QStringLiteral("\n")));
+            InsertMap(page, place, QStringLiteral("MAP\n"), { true, i > 0 }, QStringLiteral("\n")).changes);
         QCOMPARE(page.count(QStringLiteral("<style")), 1);
         QCOMPARE(page.count(QStringLiteral("<script")), i > 0 ? 1 : 0);
         QCOMPARE(page.count(QStringLiteral("MAP")), i + 1);
     }
 }
 
-void TestInsertPlace::olderBlockIsReplacedAloneAndOnlyOnce()
+void tst_insertplace::olderBlockIsReplacedAloneAndOnlyOnce()
 {
     const Marked marked(
         QStringLiteral("<head><style>mine</style><style data-imap=\"0\">old</style><b></b>|"));
@@ -218,7 +220,7 @@ void TestInsertPlace::olderBlockIsReplacedAloneAndOnlyOnce()
     QCOMPARE(Inserted(Marked(text + u'|'), { .style = true, .script = false }), QString(text + u"MAP\n"));
 }
 
-void TestInsertPlace::blocksOfOthersAreLeftAlone()
+void tst_insertplace::blocksOfOthersAreLeftAlone()
 {
     const QString page =
         QStringLiteral("<head><style data-imap=\"1\">changed by hand</style><script>x</script></head>");
@@ -226,7 +228,7 @@ void TestInsertPlace::blocksOfOthersAreLeftAlone()
     QCOMPARE(text, QString(page + u"\nMAP\n"));
 }
 
-void TestInsertPlace::lineEndsAreThoseOfThePage()
+void tst_insertplace::lineEndsAreThoseOfThePage()
 {
     const Marked marked(QStringLiteral("<title>a</title>\r\n<p>b</p>\r\n|<p>c</p>"));
     const QString text = Inserted(marked, { .style = true, .script = true }, QStringLiteral("\r\n"));
@@ -234,14 +236,40 @@ void TestInsertPlace::lineEndsAreThoseOfThePage()
     QVERIFY(text.contains(QStringLiteral("<p>b</p>\r\nMAP\r\n<p>c</p>")));
 }
 
-void TestInsertPlace::selectionThatHoldsTheBlocksStays()
+void tst_insertplace::selectionThatHoldsTheBlocksStays()
 {
     const QString page = Inserted(Marked(QStringLiteral("<p>a</p>|")), { .style = true, .script = true });
     const InsertPlace place = FindInsertPlace(page, { 0, page.size() });
     QCOMPARE(place.map, (HtmlSpan{ page.size(), 0 }));
 }
 
-void TestInsertPlace::placeIsFoundInEveryTextAtEveryCaret()
+void tst_insertplace::lineIsTheOneOnWhichTheMapBegins_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::newRow("empty page") << "|";
+    QTest::newRow("fragment") << "<p>a</p>\n<p>b|";
+    QTest::newRow("page") << "<title>a</title>\n<body>\n<p>b</p>\n|\n</body>";
+    QTest::newRow("text of the body") << "<body>\nb|c</body>";
+    QTest::newRow("head without content") << "<!DOCTYPE html>|";
+    QTest::newRow("older block above") << "<head><style data-imap=0>\n\n\n</style></head>\n<body>\n|";
+    QTest::newRow("older block below") << "<title>a</title>\n|<p>b<style data-imap=0>\n</style>";
+    QTest::newRow("selection") << "<title>a</title>\n|<p>b\n<p>c\n|d";
+}
+
+void tst_insertplace::lineIsTheOneOnWhichTheMapBegins()
+{
+    QFETCH(const QString, page);
+    const Marked marked(page);
+    const InsertPlace place = FindInsertPlace(marked.page, marked.selection);
+    for (const NeededBlocks needed : { NeededBlocks(), NeededBlocks{ true, true } }) {
+        const MapInsertion insertion =
+            InsertMap(marked.page, place, QStringLiteral("MAP\n"), needed, QStringLiteral("\r\n"));
+        const QStringList lines = Applied(marked.page, insertion.changes).split(u'\n');
+        QCOMPARE(lines.value(insertion.line - 1).trimmed(), QStringLiteral("MAP"));
+    }
+}
+
+void tst_insertplace::placeIsFoundInEveryTextAtEveryCaret()
 {
     const QString page =
         QStringLiteral("<!DOCTYPE html><html><head><title>a&amp;</title><style>b{}</style></head>"
@@ -257,6 +285,6 @@ void TestInsertPlace::placeIsFoundInEveryTextAtEveryCaret()
     }
 }
 
-QTEST_GUILESS_MAIN(TestInsertPlace)
+QTEST_GUILESS_MAIN(tst_insertplace)
 
 #include "tst_insertplace.moc"

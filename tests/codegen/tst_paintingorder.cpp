@@ -28,7 +28,7 @@ MapArea Polygon(const QList<int>& numbers)
 
 } // namespace
 
-class TestPaintingOrder : public QObject
+class tst_paintingorder : public QObject
 {
     Q_OBJECT
 
@@ -41,7 +41,7 @@ private Q_SLOTS:
     void everyAreaIsPaintedOnce();
 };
 
-void TestPaintingOrder::overlapIsMoreThanABorder_data()
+void tst_paintingorder::overlapIsMoreThanABorder_data()
 {
     QTest::addColumn<MapArea>("one");
     QTest::addColumn<MapArea>("other");
@@ -69,7 +69,7 @@ void TestPaintingOrder::overlapIsMoreThanABorder_data()
     QTest::newRow("a point") << Polygon({ 5, 5 }) << Rectangle(0, 0, 10, 10) << false;
 }
 
-void TestPaintingOrder::overlapIsMoreThanABorder()
+void tst_paintingorder::overlapIsMoreThanABorder()
 {
     QFETCH(const MapArea, one);
     QFETCH(const MapArea, other);
@@ -78,7 +78,7 @@ void TestPaintingOrder::overlapIsMoreThanABorder()
     QCOMPARE(DoOverlap(other, one), overlap);
 }
 
-void TestPaintingOrder::areasApartKeepTheirOrder()
+void tst_paintingorder::areasApartKeepTheirOrder()
 {
     QCOMPARE(PaintingOrder({}), QList<qsizetype>());
     QCOMPARE(
@@ -86,14 +86,14 @@ void TestPaintingOrder::areasApartKeepTheirOrder()
         (QList<qsizetype>{ 0, 1, 2 }));
 }
 
-void TestPaintingOrder::upperOfTwoIsPaintedLater()
+void tst_paintingorder::upperOfTwoIsPaintedLater()
 {
     const MapArea below = Rectangle(0, 0, 100, 100);
     QCOMPARE(PaintingOrder({ Circle(50, 50, 20), below }), (QList<qsizetype>{ 1, 0 }));
     QCOMPARE(PaintingOrder({ below, below, below }), (QList<qsizetype>{ 2, 1, 0 }));
 }
 
-void TestPaintingOrder::onlyThoseThatOverlapChangePlaces()
+void tst_paintingorder::onlyThoseThatOverlapChangePlaces()
 {
     QCOMPARE(
         PaintingOrder({ Rectangle(200, 0, 210, 10), Circle(50, 50, 20), Rectangle(300, 0, 310, 10),
@@ -101,7 +101,7 @@ void TestPaintingOrder::onlyThoseThatOverlapChangePlaces()
         (QList<qsizetype>{ 0, 2, 3, 1, 4 }));
 }
 
-void TestPaintingOrder::everyAreaIsPaintedOnce()
+void tst_paintingorder::everyAreaIsPaintedOnce()
 {
     MapAreas areas;
     for (int i = 0; i < 60; ++i) {
@@ -119,6 +119,6 @@ void TestPaintingOrder::everyAreaIsPaintedOnce()
     }
 }
 
-QTEST_GUILESS_MAIN(TestPaintingOrder)
+QTEST_GUILESS_MAIN(tst_paintingorder)
 
 #include "tst_paintingorder.moc"

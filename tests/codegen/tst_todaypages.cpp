@@ -10,7 +10,7 @@
 #include <QSet>
 #include <QTest>
 
-class TestTodayPages : public QObject
+class tst_todaypages : public QObject
 {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ private Q_SLOTS:
     void pagesAreAsciiWhateverWasTyped();
 };
 
-void TestTodayPages::initTestCase()
+void tst_todaypages::initTestCase()
 {
     const QString folder = qEnvironmentVariable("CARTOLEN_WRITE_PAGES");
     if (folder.isEmpty()) {
@@ -38,7 +38,7 @@ void TestTodayPages::initTestCase()
     }
 }
 
-void TestTodayPages::pageComesOutToTheCharacter_data()
+void tst_todaypages::pageComesOutToTheCharacter_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("text");
@@ -48,7 +48,7 @@ void TestTodayPages::pageComesOutToTheCharacter_data()
     }
 }
 
-void TestTodayPages::pageComesOutToTheCharacter()
+void tst_todaypages::pageComesOutToTheCharacter()
 {
     QFETCH(const QString, name);
     QFETCH(const QString, text);
@@ -62,7 +62,7 @@ void TestTodayPages::pageComesOutToTheCharacter()
     QCOMPARE(written.size(), expected.size());
 }
 
-void TestTodayPages::everyPageOnDiskIsCompared()
+void tst_todaypages::everyPageOnDiskIsCompared()
 {
     QStringList compared;
     const QList<TodayTestPage> pages = SmallTodayPages();
@@ -74,7 +74,7 @@ void TestTodayPages::everyPageOnDiskIsCompared()
     QCOMPARE(folder.entryList(QDir::Files, QDir::Name), compared);
 }
 
-void TestTodayPages::constantBlocksStandOnceInAPageOfSeveralMaps()
+void tst_todaypages::constantBlocksStandOnceInAPageOfSeveralMaps()
 {
     const QString page = SmallTodayPages().constLast().Text;
     QCOMPARE(page.count(QStringLiteral("<style")), 1);
@@ -86,12 +86,12 @@ void TestTodayPages::constantBlocksStandOnceInAPageOfSeveralMaps()
     QCOMPARE(page.count(QStringLiteral("id=\"Shapes6\"")), 1);
 }
 
-void TestTodayPages::scriptIsSmall()
+void tst_todaypages::scriptIsSmall()
 {
     QVERIFY2(TodayBlocks::script.size() < 1600, qPrintable(QString::number(TodayBlocks::script.size())));
 }
 
-void TestTodayPages::pagesAreAsciiWhateverWasTyped()
+void tst_todaypages::pagesAreAsciiWhateverWasTyped()
 {
     const QList<TodayTestPage> pages = LargeTodayPages();
     for (const TodayTestPage& page : pages) {
@@ -101,6 +101,6 @@ void TestTodayPages::pagesAreAsciiWhateverWasTyped()
     }
 }
 
-QTEST_GUILESS_MAIN(TestTodayPages)
+QTEST_GUILESS_MAIN(tst_todaypages)
 
 #include "tst_todaypages.moc"

@@ -12,7 +12,7 @@
 
 Q_DECLARE_METATYPE(PageCharset)
 
-class TestTodayTexts : public QObject
+class tst_todaytexts : public QObject
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ private Q_SLOTS:
     void nameOfAMapIsItsOwnInThePage();
 };
 
-void TestTodayTexts::textIsEscaped_data()
+void tst_todaytexts::textIsEscaped_data()
 {
     QTest::addColumn<PageCharset>("charset");
     QTest::addColumn<QString>("text");
@@ -60,7 +60,7 @@ void TestTodayTexts::textIsEscaped_data()
                                    << "a";
 }
 
-void TestTodayTexts::textIsEscaped()
+void tst_todaytexts::textIsEscaped()
 {
     QFETCH(const PageCharset, charset);
     QFETCH(const QString, text);
@@ -68,7 +68,7 @@ void TestTodayTexts::textIsEscaped()
     QCOMPARE(EscapedHtml(text, charset), written);
 }
 
-void TestTodayTexts::messageHasTheLinesThatItsBreaksMake()
+void tst_todaytexts::messageHasTheLinesThatItsBreaksMake()
 {
     QCOMPARE(LinesOfMessage(u"one<br>two <BR/> three<br />"), (QStringList{ "one", "two", "three", "" }));
     QCOMPARE(LinesOfMessage(u"<b>one</b>"), QStringList{ "<b>one</b>" });
@@ -76,7 +76,7 @@ void TestTodayTexts::messageHasTheLinesThatItsBreaksMake()
     QCOMPARE(OneLineOfMessage(u" <br> "), QString());
 }
 
-void TestTodayTexts::addressIsEncodedAndElseStaysAsTyped_data()
+void tst_todaytexts::addressIsEncodedAndElseStaysAsTyped_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("written");
@@ -111,7 +111,7 @@ void TestTodayTexts::addressIsEncodedAndElseStaysAsTyped_data()
     row("slashes alone", "//", ".///");
 }
 
-void TestTodayTexts::addressIsEncodedAndElseStaysAsTyped()
+void tst_todaytexts::addressIsEncodedAndElseStaysAsTyped()
 {
     QFETCH(const QString, typed);
     QFETCH(const QString, written);
@@ -119,7 +119,7 @@ void TestTodayTexts::addressIsEncodedAndElseStaysAsTyped()
     QCOMPARE(EncodedAddress(written), written);
 }
 
-void TestTodayTexts::fileIsReferredToFromThePagesFolder_data()
+void tst_todaytexts::fileIsReferredToFromThePagesFolder_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("folder"); ///< of the page, below the same one; "-" for none
@@ -149,7 +149,7 @@ void TestTodayTexts::fileIsReferredToFromThePagesFolder_data()
                                            << "-url";
 }
 
-void TestTodayTexts::fileIsReferredToFromThePagesFolder()
+void tst_todaytexts::fileIsReferredToFromThePagesFolder()
 {
 #ifdef Q_OS_WIN
     if (qstrcmp(QTest::currentDataTag(), "colon") == 0 ||
@@ -178,7 +178,7 @@ void TestTodayTexts::fileIsReferredToFromThePagesFolder()
     QCOMPARE(PageReference(QDir::toNativeSeparators(path), from), reference);
 }
 
-void TestTodayTexts::baseOfAPageMovesItsReferences_data()
+void tst_todaytexts::baseOfAPageMovesItsReferences_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<QString>("folder");
@@ -198,7 +198,7 @@ void TestTodayTexts::baseOfAPageMovesItsReferences_data()
                                  << "/site/pages";
 }
 
-void TestTodayTexts::baseOfAPageMovesItsReferences()
+void tst_todaytexts::baseOfAPageMovesItsReferences()
 {
 #ifdef Q_OS_WIN
     QSKIP("The paths are not those of Windows");
@@ -209,7 +209,7 @@ void TestTodayTexts::baseOfAPageMovesItsReferences()
     QCOMPARE(ReferenceFolder(page, QString()), QString());
 }
 
-void TestTodayTexts::linkHasAName_data()
+void tst_todaytexts::linkHasAName_data()
 {
     QTest::addColumn<QString>("link");
     QTest::addColumn<QString>("name");
@@ -235,14 +235,14 @@ void TestTodayTexts::linkHasAName_data()
                           << "";
 }
 
-void TestTodayTexts::linkHasAName()
+void tst_todaytexts::linkHasAName()
 {
     QFETCH(const QString, link);
     QFETCH(const QString, name);
     QCOMPARE(NameOfLink(link), name);
 }
 
-void TestTodayTexts::labelIsTheFirstTextThatThereIs()
+void tst_todaytexts::labelIsTheFirstTextThatThereIs()
 {
     MapArea area;
     area.Link = QStringLiteral("red.html");
@@ -259,7 +259,7 @@ void TestTodayTexts::labelIsTheFirstTextThatThereIs()
     QVERIFY(!LacksText(area, JSSwitchImages));
 }
 
-void TestTodayTexts::nameOfAMapIsItsOwnInThePage_data()
+void tst_todaytexts::nameOfAMapIsItsOwnInThePage_data()
 {
     QTest::addColumn<QString>("wanted");
     QTest::addColumn<QString>("page");
@@ -295,7 +295,7 @@ void TestTodayTexts::nameOfAMapIsItsOwnInThePage_data()
                              << "m";
 }
 
-void TestTodayTexts::nameOfAMapIsItsOwnInThePage()
+void tst_todaytexts::nameOfAMapIsItsOwnInThePage()
 {
     QFETCH(const QString, wanted);
     QFETCH(const QString, page);
@@ -303,6 +303,6 @@ void TestTodayTexts::nameOfAMapIsItsOwnInThePage()
     QCOMPARE(UniqueMapName(wanted, page), name);
 }
 
-QTEST_GUILESS_MAIN(TestTodayTexts)
+QTEST_GUILESS_MAIN(tst_todaytexts)
 
 #include "tst_todaytexts.moc"
