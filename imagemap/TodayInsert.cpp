@@ -17,15 +17,19 @@ constexpr qsizetype declarationRoom = 1024;
 struct RefusalRow
 {
     InsertRefusal refusal;
-    QStringView place;
+    QStringView text;
 };
 
 constexpr std::array<RefusalRow, 5> refusalRows = { {
-    { InsertRefusal::InTag, u"inside a tag" },
-    { InsertRefusal::InComment, u"inside a comment" },
-    { InsertRefusal::InScript, u"inside a script or a style" },
-    { InsertRefusal::InText, u"inside an element that holds no markup" },
-    { InsertRefusal::InLink, u"inside a link" },
+    { InsertRefusal::InTag, u"The caret of the page is inside a tag. Put it where a paragraph may begin !" },
+    { InsertRefusal::InComment,
+      u"The caret of the page is inside a comment. Put it where a paragraph may begin !" },
+    { InsertRefusal::InScript,
+      u"The caret of the page is inside a script or a style. Put it where a paragraph may begin !" },
+    { InsertRefusal::InText, u"The caret of the page is inside an element that holds no markup. Put it where "
+                             u"a paragraph may begin !" },
+    { InsertRefusal::InLink,
+      u"The caret of the page is inside a link. Put it where a paragraph may begin !" },
 } };
 static_assert(std::is_sorted(
     refusalRows.begin(), refusalRows.end(),
@@ -40,8 +44,8 @@ PageCharset CharsetOf(const QString& page)
 
 QSize SizeOfPicture(const QString& path, const QString& pagePath)
 {
-    const QString whole = QFileInfo(pagePath).dir().absoluteFilePath(QDir::fromNativeSeparators(path));
-    return QFileInfo(whole).isFile() ? QImageReader(whole).size() : QSize();
+    const QString absolute = QFileInfo(pagePath).dir().absoluteFilePath(QDir::fromNativeSeparators(path));
+    return QFileInfo(absolute).isFile() ? QImageReader(absolute).size() : QSize();
 }
 
 /** "picture, areas 2, 5": what has no text of its own for those who do not see it. */
@@ -110,10 +114,7 @@ bool LacksFolder(const PageDocument& page, const MapSource& source)
 
 QString RefusalText(InsertRefusal refusal)
 {
-    const QStringView place = refusalRows[static_cast<std::size_t>(refusal)].place;
-    return QStringLiteral("The caret of the page is %1, where a map cannot be.\n"
-                          "Please, put it where a paragraph may begin !")
-        .arg(place);
+    return refusalRows[static_cast<std::size_t>(refusal)].text.toString();
 }
 
 QString TodayHint(const TodayInsert& insert)

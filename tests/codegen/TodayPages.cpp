@@ -74,7 +74,7 @@ QList<FormAndMode> AllForms()
 
 TodayTestPage Page(const QString& name, const FormAndMode& kind, const MapSource& source)
 {
-    return { name, WithTodayMap(EmptyTodayPage(name), kind.form, kind.mode, source) };
+    return { name, WithTodayMap(EmptyTodayPage(name), kind.form, kind.mode, source), source.Areas };
 }
 
 /** A dead square on a linked one, a message without a link, two that overlap, in a picture at twice its
@@ -175,7 +175,7 @@ TodayTestPage SeveralMaps()
     for (const FormAndMode& kind : AllForms()) {
         page = WithTodayMap(page, kind.form, kind.mode, Source(kind.mode, ThreeAreas(kind.mode)));
     }
-    return { QStringLiteral("several"), page };
+    return { QStringLiteral("several"), page, {} };
 }
 
 } // namespace

@@ -7,8 +7,9 @@
 /** A whole page with maps for today's browsers, put together by the generators. */
 struct TodayTestPage
 {
-    QString Name; ///< of its file, without the ending
-    QString Text; ///< lines end in LF
+    QString Name;        ///< of its file, without the ending
+    QString Text;        ///< lines end in LF
+    MapAreas Areas = {}; ///< of the one map that it has, as they are in the editor's list
 };
 
 /** Every form and mode with no, one and three areas, and what is special about single ones; a page each. */
