@@ -48,6 +48,7 @@ private:
     ConstantBlock style_ = StyleBlock();
     ConstantBlock script_ = ScriptBlock();
 
+    qsizetype safeEnd_ = 0; ///< up to here the page is markup, and no text of an element that never ends
     bool isCaretPassed_ = false;
     std::optional<InsertRefusal> refusal_ = {};
     std::optional<qsizetype> place_ = {};
@@ -70,11 +71,15 @@ std::optional<InsertRefusal> RefusalInText(HtmlContent content)
     }
 }
 
+bool IsMarkup(const HtmlState& state)
+{
+    return state.mode == HtmlMode::Data || state.mode == HtmlMode::CData;
+}
+
 /** What a place is in front of which the page has been read up to `state`. */
 std::optional<InsertRefusal> RefusalBehind(const HtmlState& state)
 {
-    const bool isMarkup = state.mode == HtmlMode::Data || state.mode == HtmlMode::CData;
-    return isMarkup ? std::nullopt : RefusalInText(ContentOf(state.tag));
+    return IsMarkup(state) ? std::nullopt : RefusalInText(ContentOf(state.tag));
 }
 
 std::optional<InsertRefusal> PlaceFinder::RefusalIn(const HtmlToken& token, const HtmlState& before) const
@@ -107,6 +112,9 @@ void PlaceFinder::Run()
         frame_.Take(token, wasNested && !nesting_.Open().empty());
         LookForEnd(token);
         before = tokens.State();
+        if (token.isClosed || token.kind == Kind::Text) {
+            safeEnd_ = IsMarkup(before) ? token.whole.End() : safeEnd_;
+        }
     }
     if (!isCaretPassed_) {
         refusal_ = RefusalBehind(before);
@@ -155,7 +163,7 @@ void PlaceFinder::LookForEnd(const HtmlToken& token)
 
 qsizetype PlaceFinder::Place() const
 {
-    const qsizetype bodyEnd = frame_.BodyEnd().value_or(page_.size());
+    const qsizetype bodyEnd = frame_.BodyEnd().value_or(safeEnd_);
     return std::max(std::min(place_.value_or(bodyEnd), bodyEnd), frame_.BodyStart());
 }
 

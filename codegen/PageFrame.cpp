@@ -1,5 +1,7 @@
 #include "codegen/PageFrame.h"
 
+#include "codegen/PageNesting.h"
+
 #include <algorithm>
 #include <array>
 
@@ -42,6 +44,14 @@ bool PageFrame::IsOfHead(const HtmlToken& token) const
     });
 }
 
+/** Whether the element ends with a tag of its own; one that is missing makes text of all that follows. */
+bool PageFrame::HasEndTag(const HtmlToken& token) const
+{
+    const QStringView name = token.name.In(page_);
+    return !IsName(name, QLatin1String("html")) && !IsName(name, QLatin1String("head")) &&
+           ContentOfElement(name) != ElementHolds::Nothing;
+}
+
 void PageFrame::Take(const HtmlToken& token, bool isNested)
 {
     const bool isEnd = IsTag(token, Kind::EndTag, QLatin1String("body")) ||
@@ -66,6 +76,8 @@ void PageFrame::TakeHead(const HtmlToken& token)
         bodyStart_ = token.whole.End();
     } else if (!IsOfHead(token)) {
         isInBody_ = true;
+    } else if (token.kind == Kind::StartTag && HasEndTag(token)) {
+        hasHead_ = true;
     } else if (token.kind != Kind::Text && token.kind != Kind::Comment && token.kind != Kind::CData) {
         hasHead_ = true;
         headEnd_ = isHeadEnded_ ? headEnd_ : token.whole.End();

@@ -32,6 +32,7 @@ public:
 private:
     void TakeHead(const HtmlToken& token);
     void EndHead(qsizetype end);
+    [[nodiscard]] bool HasEndTag(const HtmlToken& token) const;
     [[nodiscard]] bool IsOfHead(const HtmlToken& token) const;
     [[nodiscard]] bool IsTag(const HtmlToken& token, HtmlToken::Kind kind, QLatin1String name) const;
 

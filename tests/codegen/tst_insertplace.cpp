@@ -101,6 +101,9 @@ void tst_insertplace::mapGoesWhereAParagraphMayStand_data()
     row("behind a comment", "<!--a-->|<p>b", "<!--a-->\nMAP\n<p>b");
     row("behind a script", "<p>a</p><script>b</script>|c", "<p>a</p><script>b</script>\nMAP\nc");
     row("in an anchor without an address", "<p><a name=x>a|b</a></p>c", "<p><a name=x>ab</a></p>\nMAP\nc");
+    row("in front of a title that never ends", "|<title>a", "MAP\n<title>a");
+    row("in a paragraph before a script that never ends", "<p>a|b<script>c", "<p>ab\nMAP\n<script>c");
+    row("in a paragraph before a comment that never ends", "<p>a|b<!-- c", "<p>ab\nMAP\n<!-- c");
     row("selection of whole paragraphs", "<p>a</p>\n|<p>b</p>\n|<p>c</p>", "<p>a</p>\nMAP\n<p>c</p>");
     row("selection of text in the body", "a|b|c", "a\nMAP\nc");
     row("selection across paragraphs", "<p>a|b</p><p>c|d</p>e", "<p>ab</p><p>cd</p>\nMAP\ne");
