@@ -87,7 +87,9 @@ QString EscapedHtml(QStringView text, PageCharset charset)
             character = QChar::surrogateToUcs4(text[i], text[i + 1]);
             ++i;
         }
-        if (MayStandInPage(character)) {
+        if (character <= lastAscii && text[i].isLetterOrNumber()) {
+            written += text[i];
+        } else if (MayStandInPage(character)) {
             written += Written(character, charset);
         }
     }

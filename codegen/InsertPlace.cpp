@@ -11,6 +11,8 @@ namespace {
 
 using Kind = HtmlToken::Kind;
 
+constexpr QStringView openEndTag = u"</";
+
 /** Reads a page once, and finds where a paragraph can stand that a user wants at the caret. */
 class PlaceFinder
 {
@@ -116,9 +118,15 @@ void PlaceFinder::Run()
             safeEnd_ = IsMarkup(before) ? token.whole.End() : safeEnd_;
         }
     }
+    // With something behind it, this text would be a tag or a comment.
+    const qsizetype openEnd = page_.endsWith(openEndTag) ? page_.size() - openEndTag.size() : page_.size();
+    safeEnd_ = std::min(safeEnd_, openEnd);
     if (!isCaretPassed_) {
         refusal_ = RefusalBehind(before);
         PassCaret();
+    }
+    if (!refusal_ && caret_ > openEnd) {
+        refusal_ = InsertRefusal::InTag;
     }
 }
 

@@ -123,7 +123,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
     const QString text = QStringDecoder(QStringDecoder::Utf8)(QByteArrayView(data + 2, qsizetype(size) - 2));
     const qsizetype number = (data[0] << bitsAByte) + data[1];
     TryPage(text, text.isEmpty() ? 0 : number % (text.size() + 1));
-    constexpr qsizetype mostText = 2000;
+    constexpr qsizetype mostText = 200;
     TryTexts(text.left(mostText));
     return 0;
 }
