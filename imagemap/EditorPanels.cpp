@@ -17,11 +17,38 @@ constexpr int framedDigits = 16;
 
 } // namespace
 
+/** Does something when its label is clicked. */
+class ClickWatch : public QObject
+{
+public:
+    explicit ClickWatch(QWidget* label)
+        : QObject(label)
+    {
+        label->installEventFilter(this);
+    }
+
+    void SetAct(std::function<void()> act) { act_ = std::move(act); }
+
+    bool eventFilter(QObject* label, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonRelease && act_) {
+            // It may put another in its place.
+            const std::function<void()> act = act_;
+            act();
+        }
+        return QObject::eventFilter(label, event);
+    }
+
+private:
+    std::function<void()> act_;
+};
+
 EditorPanels::EditorPanels(QStatusBar& bar, const Labels& labels)
     : labels_(labels)
     , status_(NewPanel(bar, "StatusBar1_Panel1", statusPart))
     , pictureName_(NewPanel(bar, "StatusBar1_Panel2", pictureNamePart))
     , hint_(NewPanel(bar, "StatusBar1_Panel3", hintPart))
+    , hintClicks_(new ClickWatch(hint_))
 {
     // Of a file's name, beginning and ending tell most.
     pictureName_->SetElideMode(Qt::ElideMiddle);
@@ -58,9 +85,11 @@ QString EditorPanels::PictureName() const
     return pictureName_->text();
 }
 
-void EditorPanels::ShowHint(QStringView text)
+void EditorPanels::ShowHint(QStringView text, std::function<void()> act)
 {
     hint_->setText(text.toString());
+    hint_->setCursor(act ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    hintClicks_->SetAct(std::move(act));
 }
 
 void EditorPanels::KeepRoomForNumbers(std::initializer_list<QLabel*> counts)

@@ -5,8 +5,10 @@
 
 #include <QString>
 #include <array>
+#include <functional>
 #include <initializer_list>
 
+class ClickWatch;
 class ElidedLabel;
 class QLabel;
 class QStatusBar;
@@ -39,8 +41,8 @@ public:
     void ShowPictureName(const QString& name);
     [[nodiscard]] QString PictureName() const;
 
-    /** What to do next, in the third panel. */
-    void ShowHint(QStringView text);
+    /** What to do next, in the third panel; a click on it does `act`, if there is one. */
+    void ShowHint(QStringView text, std::function<void()> act = {});
 
 private:
     ElidedLabel* NewPanel(QStatusBar& bar, const char* name, int part);
@@ -49,4 +51,5 @@ private:
     ElidedLabel* status_;
     ElidedLabel* pictureName_;
     ElidedLabel* hint_;
+    ClickWatch* hintClicks_;
 };

@@ -5,6 +5,7 @@
 #include "imagemap/AreaListModel.h"
 #include "imagemap/AreaTab.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/TodayInsert.h"
 #include "imagemap/ZoomControls.h"
 #include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/frmJSOptions.h"
@@ -43,7 +44,7 @@ QString FullStoreMessage(FullStoreText text)
 } // namespace
 
 frmImageMap::frmImageMap(
-    ImgMap& imgMap, MapDocument& map, DocumentSink& document, HelpViewer& help, QWidget* owner)
+    ImgMap& imgMap, MapDocument& map, PageDocument& document, HelpViewer& help, QWidget* owner)
     : QMainWindow(owner, Qt::Window)
     , imgMap_(imgMap)
     , map_(map)
@@ -57,6 +58,11 @@ frmImageMap::frmImageMap(
     ui_->cmbAlign->setCompleter(nullptr);
     ui_->cmbAlign->setCurrentIndex(-1);
     NameParts(ui_->cmbAlign);
+    for (const QStringView name : markupFormNames) {
+        ui_->cmbMarkup->addItem(name.toString());
+    }
+    ui_->cmbMarkup->setCurrentIndex(imgMap_.Remembered.Value(Setting::markupForm));
+    connect(ui_->cmbMarkup, &QComboBox::activated, this, &frmImageMap::cmbMarkup_Activated);
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, Commands());
     CreateKeys();
     panels_ = std::make_unique<EditorPanels>(
@@ -176,8 +182,12 @@ void frmImageMap::GenerateMap()
                                .FileNamesOnly = fileNameOnly,
                                .ModeDefault = map_.ModeDefault(),
                                .Areas = map_.Areas() };
-    const int line = document_.InsertAtCaret(GenerateMapFor(map_.Mode(), source));
-    panels_->ShowHint(InsertedHint(line));
+    if (ui_->cmbMarkup->currentIndex() == int(MarkupForm::Html4)) {
+        const int line = document_.InsertAtCaret(GenerateMapFor(map_.Mode(), source));
+        panels_->ShowHint(Html4Hint(line, map_.Mode()));
+    } else {
+        InsertTodayMap(source);
+    }
 }
 
 void frmImageMap::CloseImageMapEditor()

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "imagemap/drawing/DrawingProtocol.h"
-#include "shared/DocumentSink.h"
 #include "shared/ImgMap.h"
+#include "shared/PageDocument.h"
 #include "widgets/CommandTable.h"
 
 #include <QMainWindow>
@@ -22,6 +22,8 @@ class QShortcut;
 class ZoomControls;
 class frmIMLink;
 class frmJSOptions;
+struct MapSource;
+struct TodayNotes;
 
 /**
  * The image map editor: a picture to draw areas on, the list of the areas, the picture's attributes.
@@ -38,7 +40,7 @@ public:
     using Command = CommandRow<frmImageMap, Need, DrawingTool>;
 
     /** `owner` is the window it stays above; `document` receives the finished map. */
-    frmImageMap(ImgMap& imgMap, MapDocument& map, DocumentSink& document, HelpViewer& help, QWidget* owner);
+    frmImageMap(ImgMap& imgMap, MapDocument& map, PageDocument& document, HelpViewer& help, QWidget* owner);
     ~frmImageMap() override;
 
     /** Prepares the window for its first showing: cursor mode, only Open and Exit enabled. */
@@ -82,6 +84,9 @@ private:
     [[nodiscard]] bool BeginCommand();
     void AreaCommands_ToolTaken();
     void Map_PictureChanged();
+    void cmbMarkup_Activated(int form);
+    void InsertTodayMap(const MapSource& source);
+    void GoToMissingText(const TodayNotes& notes);
     void ShowDrawingMode();
     void ShowHint();
     /** Lets the mouse wait while `act`, which may open a dialog, runs once the mouse handler is done. */
@@ -95,7 +100,7 @@ private:
 
     ImgMap& imgMap_;
     MapDocument& map_;
-    DocumentSink& document_;
+    PageDocument& document_;
     HelpViewer& help_;
     std::unique_ptr<Ui::frmImageMap> ui_;
     CommandSet<Command> commands_;

@@ -6,8 +6,8 @@
 #include "imagemap/frmImageMap.h"
 #include "shared/AnsiCodePage.h"
 #include "shared/FileWriting.h"
-#include "shared/PageDocument.h"
 #include "tests/bench/Bench.h"
+#include "tests/support/FakePage.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingDesktop.h"
 #include "tests/support/RecordingHelp.h"
@@ -184,7 +184,7 @@ void BenchTokens()
 }
 
 /** A document open in an editor, with the caret in its middle; remembers what was put in last. */
-class OpenDocument : public DocumentSink
+class OpenDocument : public FakePage
 {
 public:
     explicit OpenDocument(const QString& text)

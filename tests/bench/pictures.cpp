@@ -4,9 +4,9 @@
 #include "imagemap/PictureSurface.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/picture/PictureFile.h"
-#include "shared/DocumentSink.h"
 #include "tests/bench/Bench.h"
 #include "tests/support/DialogRobot.h"
+#include "tests/support/FakePage.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingHelp.h"
 
@@ -35,7 +35,7 @@ constexpr int mostCountedWidth = 6000;
 /** As much of a picture as an editor shows at once. */
 constexpr QSize shownPart(800, 600);
 
-class NoDocument : public DocumentSink
+class NoDocument : public FakePage
 {
 public:
     int InsertAtCaret(const QString&) override { return 1; }

@@ -108,7 +108,7 @@ void tst_keyboard::tabFollowsTheEye_data()
     row("preferences", "txtIndentValue cmdOK cmdClose optNoWordWrap");
     row("editor", "qt_tabwidget_tabbar txtName ListView1");
     row("attributes", "qt_tabwidget_tabbar txtAltDescript txtImgWidth txtImgHeight txtBorder txtHorSp "
-                      "txtVertSp cmbAlign");
+                      "txtVertSp cmbAlign cmbMarkup");
 }
 
 void tst_keyboard::tabFollowsTheEye()

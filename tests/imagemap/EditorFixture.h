@@ -2,6 +2,7 @@
 
 #include "imagemap/frmImageMap.h"
 #include "tests/support/DialogRobot.h"
+#include "tests/support/FakePage.h"
 #include "tests/support/Icons.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingHelp.h"
@@ -18,7 +19,7 @@
 #include <functional>
 
 /** Keeps what is put into the document. */
-class FakeDocument : public DocumentSink
+class FakeDocument : public FakePage
 {
 public:
     int InsertAtCaret(const QString& text) override

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "shared/PageDocument.h"
+
+/** A document that is no more than its text, for tests of windows that change one. */
+class FakePage : public PageDocument
+{
+public:
+    int InsertAtCaret(const QString& text) override
+    {
+        Replace({ { selection, text } });
+        return 1;
+    }
+    [[nodiscard]] QString FileName() const override { return fileName; }
+    [[nodiscard]] QString Text() const override { return text_; }
+    [[nodiscard]] TextSpan Selection() const override { return selection; }
+    void Select(const TextSpan& place) override { selection = place; }
+    [[nodiscard]] std::unique_ptr<AnchoredRange> Anchor(const TextSpan&) override { return nullptr; }
+    void Replace(const QList<TextReplacement>& replacements) override
+    {
+        for (auto change = replacements.rbegin(); change != replacements.rend(); ++change) {
+            text_.replace(change->Place.Start, change->Place.Length, change->Text);
+        }
+        ++replaced;
+    }
+
+    void SetText(const QString& text)
+    {
+        text_ = text;
+        selection = { text.size(), 0 };
+    }
+
+    QString fileName;
+    TextSpan selection;
+    int replaced = 0; ///< how often the document was changed
+
+private:
+    QString text_;
+};
