@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shared/TextEncoding.h"
+
 #include <QString>
 #include <functional>
 #include <memory>
@@ -15,6 +17,7 @@ struct ShellRequest
     QString Parameters;
     QString Folder; ///< the folder to work in
     int ShowMode = 0;
+    TextEncoding Encoding = TextEncoding::Windows1252; ///< of a file of text
 };
 
 /** Codes below this one are errors. */

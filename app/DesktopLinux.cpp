@@ -2,7 +2,6 @@
 
 #include "app/Desktop.h"
 #include "app/rules/ShellErrors.h"
-#include "shared/AnsiCodePage.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -106,11 +105,14 @@ void BecomeIndependent()
  * becomes the title of the job, in a folder that lives with `process`. One that cannot be made is done
  * without.
  */
-QString CopyInUtf8(const QString& path, const QObject* process)
+QString CopyInUtf8(const QString& path, TextEncoding encoding, const QObject* process)
 {
+    if (encoding != TextEncoding::Windows1252) {
+        return path;
+    }
     QFile file(path);
     const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    const QByteArray text = AnsiCodePage::Decode(bytes).toUtf8();
+    const QByteArray text = DecodeText(bytes, encoding).toUtf8();
     if (text == bytes) {
         return path;
     }
@@ -128,19 +130,21 @@ QString CopyInUtf8(const QString& path, const QObject* process)
  * Makes `process` print the file `path`: lp sends a file as it is and names the encoding of its locale with
  * it, whatever that is here. Printers know few encodings besides UTF-8.
  */
-QString ForPrinting(const QString& path, QProcess* process)
+QString ForPrinting(const QString& path, TextEncoding encoding, QProcess* process)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     process->setProcessEnvironment(environment);
-    return CopyInUtf8(path, process);
+    return CopyInUtf8(path, encoding, process);
 }
 
-void Start(const QString& program, const Tool& tool, const QString& target, const Desktop::Report& report)
+void Start(
+    const QString& program, const Tool& tool, const QString& target, TextEncoding encoding,
+    const Desktop::Report& report)
 {
     // It is nobody's: destroying it would end what it has started, and that may outlive this program.
     auto* const process = new QProcess;
-    const QString argument = tool.isPrinter ? ForPrinting(target, process) : target;
+    const QString argument = tool.isPrinter ? ForPrinting(target, encoding, process) : target;
     process->setStandardInputFile(QProcess::nullDevice());
     process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
@@ -207,7 +211,7 @@ public:
             report(shellNoAssociation);
             return;
         }
-        Start(program, *tool, target, report);
+        Start(program, *tool, target, request.Encoding, report);
     }
 
     bool ShowAboutBox(quintptr, const QString&, const QString&) override { return false; }

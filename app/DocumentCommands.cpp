@@ -31,8 +31,21 @@ DocumentCommands::DocumentCommands(QWidget* window, ImgMap& imgMap, SourceEditor
 
 void DocumentCommands::ClearDocument()
 {
-    editor_.LoadText(QString());
-    file_.StartNew();
+    const bool isUtf8 = imgMap_.Remembered.Value(Setting::newPagesUtf8);
+    file_.StartNew(isUtf8 ? std::optional(TextEncoding::Utf8) : std::nullopt);
+    ShowText(QString());
+}
+
+void DocumentCommands::ShowText(const QString& text)
+{
+    const bool isUtf8 = file_.Encoding() != TextEncoding::Windows1252;
+    editor_.SetLayoutCharacters(isUtf8 ? LayoutCharacters::AsBytes : LayoutCharacters::AsSaved);
+    editor_.LoadText(text);
+}
+
+QString DocumentCommands::TextToWrite() const
+{
+    return file_.IsHandledAnew() ? editor_.TextAsLoaded() : editor_.Text();
 }
 
 void DocumentCommands::NewDocument()
@@ -55,9 +68,11 @@ void DocumentCommands::OpenDocument()
         return;
     }
     ShowHourglass();
-    const std::optional<QString> text = file_.Open(*path);
+    const bool readUtf8 = imgMap_.Remembered.Value(Setting::readUtf8);
+    const std::optional<QString> text = file_.Open(
+        *path, readUtf8 ? DocumentFile::Utf8Pages::ReadAsUtf8 : DocumentFile::Utf8Pages::ReadAsOthers);
     if (text) {
-        editor_.LoadText(*text);
+        ShowText(*text);
     }
     ShowDefaultPointer();
     if (!text) {
@@ -85,14 +100,14 @@ void DocumentCommands::SaveDocumentAs()
 
 void DocumentCommands::WriteDocument(const QString& path)
 {
-    (void)IsWritten([this, &path] { return file_.Save(path, editor_.Text()); });
+    (void)IsWritten([this, &path] { return file_.Save(path, TextToWrite()); });
 }
 
 QString DocumentCommands::WriteTemporaryCopy(const QString& ending)
 {
     QString path = file_.CopyPath(imgMap_.ProgramFolder, ending);
     // A failure has been told; what there is of an older copy is still launched.
-    (void)IsWritten([this, &path] { return file_.WriteCopy(path, editor_.Text()); });
+    (void)IsWritten([this, &path] { return file_.WriteCopy(path, TextToWrite()); });
     return path;
 }
 
@@ -137,7 +152,7 @@ void DocumentCommands::PromptSaveChanges()
         return;
     }
     // A failed save keeps everything but does not stop the caller.
-    if (!path->isEmpty() && IsWritten([this, &path] { return file_.WriteCopy(*path, editor_.Text()); })) {
+    if (!path->isEmpty() && IsWritten([this, &path] { return file_.WriteCopy(*path, TextToWrite()); })) {
         ClearDocument();
     }
 }

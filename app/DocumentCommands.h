@@ -22,6 +22,12 @@ public:
     /** Becomes a new document without asking. */
     void ClearDocument();
 
+    /** The text as it is to be written. */
+    [[nodiscard]] QString TextToWrite() const;
+
+    /** Makes `text` that of the document, whose encoding is known already. */
+    void ShowText(const QString& text);
+
     /** Asks whether changes are to be saved; false when the user wants to go on with the document. */
     [[nodiscard]] bool QueryUnload();
 

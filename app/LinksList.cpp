@@ -1,8 +1,8 @@
 #include "app/LinksList.h"
 
+#include "app/EditorBar.h"
 #include "shared/LinksFile.h"
 #include "shared/SavedLinks.h"
-#include "widgets/CommandTable.h"
 #include "widgets/WindowHelpers.h"
 
 #include <QLineEdit>
@@ -18,25 +18,7 @@ LinksList::LinksList(ImgMap& imgMap, QLineEdit* field, QListWidget* list, const 
     connect(buttons.Add, &QPushButton::clicked, this, &LinksList::btnAdd_Click);
     connect(buttons.Delete, &QPushButton::clicked, this, &LinksList::btnDelete_Click);
     connect(buttons.Save, &QPushButton::clicked, this, &LinksList::btnSave_Click);
-    field_->installEventFilter(this);
-}
-
-bool LinksList::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::ShortcutOverride && IsCommandKey(*static_cast<QKeyEvent*>(event))) {
-        event->ignore();
-        return true;
-    }
-    return QObject::eventFilter(watched, event);
-}
-
-/** Whether `key` belongs to a command that a text field must leave alone: any but those of the Edit menu. */
-bool LinksList::IsCommandKey(const QKeyEvent& key) const
-{
-    const QWidget* const window = list_->window();
-    QAction* const entry = EntryOfKey(window, key);
-    return entry != nullptr &&
-           !window->findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions().contains(entry);
+    LeaveCommandKeys(field_);
 }
 
 QString LinksList::LinksPath() const

@@ -4,7 +4,6 @@
 
 #include <QObject>
 
-class QKeyEvent;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -28,15 +27,11 @@ public:
     /** Reads the links file; tells when it is damaged. */
     void Load();
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void btnAdd_Click();
     void btnDelete_Click();
     void btnSave_Click();
 
-    [[nodiscard]] bool IsCommandKey(const QKeyEvent& key) const;
     [[nodiscard]] QString LinksPath() const;
 
     ImgMap& imgMap_;

@@ -44,7 +44,8 @@ void OutsideCommands::ShellRun(const QString& verb, const QString& target)
           .Target = target,
           .Parameters = QStringLiteral("0"),
           .Folder = target,
-          .ShowMode = 0 },
+          .ShowMode = 0,
+          .Encoding = file_.Encoding() },
         missingFolder);
 }
 
@@ -99,7 +100,8 @@ void OutsideCommands::OpenAddress(const QString& address)
           .Target = address,
           .Parameters = QString(),
           .Folder = address,
-          .ShowMode = showMaximised },
+          .ShowMode = showMaximised,
+          .Encoding = {} },
         shellPathNotFound);
 }
 

@@ -1,7 +1,7 @@
 #include "app/SourceEditor.h"
 
+#include "app/EditorMargins.h"
 #include "app/source/SourceRange.h"
-#include "app/source/SourceText.h"
 #include "app/source/WidestLine.h"
 #include "widgets/CommandTable.h"
 #include "widgets/WindowHelpers.h"
@@ -19,9 +19,6 @@
 
 namespace {
 
-/** So much room stays for the text beside any indentation, in pixels. */
-constexpr int leastTextWidth = 60;
-
 /** The label that is being dragged; nothing when it is something else. */
 const QLabel* DraggedLabel(const QDropEvent& event)
 {
@@ -33,6 +30,7 @@ const QLabel* DraggedLabel(const QDropEvent& event)
 SourceEditor::SourceEditor(QWidget* parent)
     : QPlainTextEdit(parent)
     , watch_(new EditWatch(document()))
+    , margins_(new EditorMargins(*this, [this](const QMargins& margins) { setViewportMargins(margins); }))
 {
     // The room left by an indentation belongs to the text.
     setBackgroundRole(QPalette::Base);
@@ -46,15 +44,21 @@ QString SourceEditor::Text() const
     return WithCrLf(document()->toRawText());
 }
 
+QString SourceEditor::TextAsLoaded() const
+{
+    return lineEnds_.TextOf(*document());
+}
+
 void SourceEditor::LoadText(const QString& text)
 {
-    const QString lines = ForDocument(text);
+    const QString lines = ForDocument(text, layout_);
     const EditWatch::Loading loading(*watch_);
     document()->setUndoRedoEnabled(false);
     // A new text would take the look of the old one.
     document()->clear();
     setCurrentCharFormat(QTextCharFormat());
     setPlainText(lines);
+    lineEnds_ = LineEnds(text, *document());
     KeepWidestLine(*document());
     QResizeEvent toThisWidth(viewport()->size(), QSize());
     resizeEvent(&toThisWidth);
@@ -99,7 +103,7 @@ void SourceEditor::ReplaceSelection(const QString& text)
         return; // nothing to undo: what comes next must not join the step before
     }
     BeginStep(cursor);
-    cursor.insertText(ForDocument(text));
+    cursor.insertText(ForDocument(text, layout_));
     cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -112,7 +116,7 @@ void SourceEditor::Replace(const QList<TextReplacement>& replacements)
     }
     QTextCursor cursor(document());
     BeginStep(cursor);
-    ReplaceEach(cursor, replacements);
+    ReplaceEach(cursor, replacements, layout_);
     cursor.endEditBlock();
 }
 
@@ -174,24 +178,32 @@ void SourceEditor::SetSelFormat(const QTextCharFormat& format)
 
 void SourceEditor::SetIndent(double twips)
 {
-    indent_ = twips;
-    ShowIndent();
+    margins_->SetIndent(twips);
 }
 
-void SourceEditor::ShowIndent()
+void SourceEditor::SetBar(Qt::Edge edge, QWidget* bar)
 {
-    const int room = std::max(contentsRect().width() - leastTextWidth, 0);
-    const int wanted = static_cast<int>(std::nearbyint(indent_ / twipsPerPixel));
-    const QMargins margins(std::min(wanted, room), 0, 0, 0);
-    if (viewportMargins() != margins) {
-        setViewportMargins(margins);
+    margins_->SetBar(edge, bar);
+}
+
+void SourceEditor::SetMarks(MarkLayer layer, const QList<QTextEdit::ExtraSelection>& marks)
+{
+    QList<QTextEdit::ExtraSelection>& ofLayer = marks_[static_cast<std::size_t>(layer)];
+    if (marks.isEmpty() && ofLayer.isEmpty()) {
+        return;
     }
+    ofLayer = marks;
+    QList<QTextEdit::ExtraSelection> all;
+    for (const QList<QTextEdit::ExtraSelection>& some : marks_) {
+        all << some;
+    }
+    setExtraSelections(all);
 }
 
 void SourceEditor::resizeEvent(QResizeEvent* event)
 {
     QPlainTextEdit::resizeEvent(event);
-    ShowIndent();
+    margins_->Refresh();
 }
 
 bool SourceEditor::event(QEvent* event)
@@ -240,7 +252,7 @@ void SourceEditor::inputMethodEvent(QInputMethodEvent* event)
     }
     QInputMethodEvent plain(event->preeditString(), event->attributes());
     plain.setCommitString(
-        ForDocument(event->commitString()), event->replacementStart(), event->replacementLength());
+        ForDocument(event->commitString(), layout_), event->replacementStart(), event->replacementLength());
     QPlainTextEdit::inputMethodEvent(&plain);
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "app/source/LineEnds.h"
+#include "app/source/SourceText.h"
 #include "shared/PageDocument.h"
 
 #include <QPlainTextEdit>
+#include <array>
 #include <optional>
 
 class EditWatch;
+class EditorMargins;
 
 /**
  * The editor of the HTML source. Its text goes in and out without loss, with CR LF line ends, and every
@@ -21,8 +25,18 @@ public:
     /** The whole text. */
     [[nodiscard]] QString Text() const;
 
+    /** The whole text with the line ends that it was loaded with; new lines take those of their neighbours.
+     */
+    [[nodiscard]] QString TextAsLoaded() const;
+
     /** Replaces the whole text without counting as an edit; there is nothing to undo afterwards. */
     void LoadText(const QString& text);
+
+    /** Whether the text is saved in the code page, as at first, or in UTF-8, which has every character. */
+    void SetLayoutCharacters(LayoutCharacters layout) { layout_ = layout; }
+
+    /** Shows `bar` at an edge of the text while it is not hidden; it becomes a child of the editor. */
+    void SetBar(Qt::Edge edge, QWidget* bar);
 
     [[nodiscard]] qsizetype TextLength() const;
 
@@ -62,6 +76,10 @@ public:
     /** Moves the whole text in from the left edge, in twips; on a narrow editor by less. */
     void SetIndent(double twips);
 
+    /** What is marked in the text without being formatted; later ones lie above. */
+    enum class MarkLayer : std::size_t { CurrentLine, Matches, Pairs };
+    void SetMarks(MarkLayer layer, const QList<QTextEdit::ExtraSelection>& marks);
+
     /** Makes what is replaced during its life one step of undo. */
     class UndoStep
     {
@@ -93,10 +111,12 @@ protected:
 private:
     [[nodiscard]] bool IsMenuKey(const QKeyEvent& key) const;
     void BeginStep(QTextCursor& cursor);
-    void ShowIndent();
 
     EditWatch* watch_;
-    double indent_ = 0; ///< in twips
+    EditorMargins* margins_;
+    LineEnds lineEnds_;
+    std::array<QList<QTextEdit::ExtraSelection>, 3> marks_; ///< of each layer
+    LayoutCharacters layout_ = LayoutCharacters::AsSaved;
     /** The document's revision when the step of undo began that is being made. */
     std::optional<int> stepStart_;
 };

@@ -3,8 +3,10 @@
 #include "app/CapsLock.h"
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
+#include "app/EncodingCommands.h"
 #include "app/LinksList.h"
 #include "app/OutsideCommands.h"
+#include "app/PageCommands.h"
 #include "app/TagTree.h"
 #include "app/frmMapOptions.h"
 #include "app/rules/WindowLayout.h"
@@ -85,6 +87,7 @@ void frmIMmain::CreateStatusBar()
     ui_->StatusBar1->addWidget(panel1_);
     ui_->StatusBar1->addWidget(panel2_);
     ui_->StatusBar1->addWidget(panel3_, 1);
+    encodings_->AddTo(*ui_->StatusBar1, panel1_->sizeHint().height());
 }
 
 void frmIMmain::PlaceToolbar()

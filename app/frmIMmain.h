@@ -15,10 +15,14 @@ class frmIMmain;
 class Desktop;
 class DocumentCommands;
 class EditCommands;
+class EncodingCommands;
+class FindBar;
 class HelpDisplay;
 class LinksList;
 class MapDocument;
+class MessageBar;
 class OutsideCommands;
+class PageCommands;
 class QLabel;
 class QMouseEvent;
 class QUrl;
@@ -55,6 +59,8 @@ public:
     [[nodiscard]] DocumentCommands& Documents();
     [[nodiscard]] EditCommands& Edits();
     [[nodiscard]] OutsideCommands& Outside();
+    [[nodiscard]] PageCommands& Pages();
+    [[nodiscard]] FindBar& Find();
 
     /** Asks whether changes are to be saved; false when the user wants to go on with the document. */
     [[nodiscard]] bool QueryUnload();
@@ -89,6 +95,10 @@ private:
     std::unique_ptr<DocumentCommands> documents_;
     std::unique_ptr<EditCommands> edits_;
     std::unique_ptr<EditedPage> page_;
+    std::unique_ptr<PageCommands> pages_;
+    MessageBar* messages_ = nullptr;
+    EncodingCommands* encodings_ = nullptr;
+    FindBar* find_ = nullptr; ///< once it was wanted
     OutsideCommands* outside_ = nullptr;
     TagTree* tags_ = nullptr;
     LinksList* links_ = nullptr;

@@ -2,8 +2,12 @@
 
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
+#include "app/EncodingCommands.h"
+#include "app/FindBar.h"
 #include "app/LinksList.h"
+#include "app/MessageBar.h"
 #include "app/OutsideCommands.h"
+#include "app/PageCommands.h"
 #include "app/TagTree.h"
 #include "app/frmIMmain.h"
 #include "ui_frmIMmain.h"
@@ -110,6 +114,15 @@ constexpr auto commandRows = std::to_array<Row>({
       "Ctrl+D",
       In<&frmIMmain::Outside, &OutsideCommands::PreviewDocument>,
       { 17, "Preview with Default Browser", "preview" } },
+    { Menu, "mnuPage", "&Page" },
+    { Entry, "mnuPFind", "&Find...", "Ctrl+F", In<&frmIMmain::Find, &FindBar::ShowFind> },
+    { Entry, "mnuPReplace", "&Replace...", "Ctrl+H", In<&frmIMmain::Find, &FindBar::ShowReplace> },
+    { Entry, "mnuPNext", "Find &Next", "F3", In<&frmIMmain::Find, &FindBar::FindNext> },
+    { Entry, "mnuPPrevious", "Find &Previous", "Shift+F3", In<&frmIMmain::Find, &FindBar::FindPrevious> },
+    { Separator, "mnuPSep1" },
+    { Entry, "mnuPGoTo", "&Go to Line...", "Ctrl+G", In<&frmIMmain::Pages, &PageCommands::mnuPGoTo_Click> },
+    { Separator, "mnuPSep2" },
+    { Entry, "mnuPRedo", "Red&o", "Ctrl+Y", In<&frmIMmain::Source, &SourceEditor::redo> },
     { Menu, "mnuHelp", "&Help" },
     { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents, { 19, "Help", "help" } },
     { Entry, "mnuHSearch", "&Search", "", &frmIMmain::ShowHelpSearch },
@@ -130,6 +143,10 @@ void frmIMmain::CreateParts()
     documents_ = std::make_unique<DocumentCommands>(this, imgMap_, source, file_);
     edits_ = std::make_unique<EditCommands>(this, source, *ui_->txtCTags);
     page_ = std::make_unique<EditedPage>(source, file_);
+    pages_ = std::make_unique<PageCommands>(this, source);
+    messages_ = new MessageBar(&source);
+    source.SetBar(Qt::TopEdge, messages_);
+    encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
     outside_ = new OutsideCommands(this, desktop_, *documents_, file_, source);
     tags_ = new TagTree(ui_->TreeView1, ui_->lblQTagsO, ui_->lblQTagsC, source);
     links_ = new LinksList(
@@ -156,4 +173,18 @@ EditCommands& frmIMmain::Edits()
 OutsideCommands& frmIMmain::Outside()
 {
     return *outside_;
+}
+
+PageCommands& frmIMmain::Pages()
+{
+    return *pages_;
+}
+
+FindBar& frmIMmain::Find()
+{
+    if (find_ == nullptr) {
+        find_ = new FindBar(*ui_->MapsText1, imgMap_.Remembered);
+        ui_->MapsText1->SetBar(Qt::BottomEdge, find_);
+    }
+    return *find_;
 }

@@ -1,6 +1,7 @@
 #include "app/rules/DocumentFile.h"
 
 #include "app/rules/TemporaryCopy.h"
+#include "html/DeclaredEncoding.h"
 #include "shared/FileWriting.h"
 
 #include <QFile>
@@ -60,15 +61,36 @@ std::optional<QByteArray> ReadBytes(const QString& path)
     return isWhole ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
-std::optional<QString> ReadText(const QString& path, TextEncoding encoding)
+/** A page with its text, and whether it is UTF-8 by what it says or by what it is made of. */
+struct PageText
+{
+    QString Text;
+    std::optional<TextEncoding> FoundUtf8;
+    TextEncoding Encoding = TextEncoding::Windows1252;
+};
+
+std::optional<TextEncoding> FindUtf8(const QByteArray& bytes)
+{
+    if (EncodingOfMark(bytes) == utf8Name) {
+        return TextEncoding::Utf8WithMark;
+    }
+    const bool isUtf8 = EncodingOfMarkup(bytes) == utf8Name || IsUtf8BeyondAscii(bytes);
+    return isUtf8 ? std::optional(TextEncoding::Utf8) : std::nullopt;
+}
+
+/** Reads the page `path` in the encoding that `choose` makes of the one that was found. */
+template<class Choose> std::optional<PageText> ReadPage(const QString& path, Choose choose)
 {
     try {
         const std::optional<QByteArray> bytes = ReadBytes(path);
         if (!bytes) {
             return std::nullopt;
         }
-        const QString text = DecodeText(*bytes, encoding);
-        return IsRoomFor(text) ? std::optional(text) : std::nullopt;
+        PageText page;
+        page.FoundUtf8 = FindUtf8(*bytes);
+        page.Encoding = choose(page.FoundUtf8);
+        page.Text = DecodeText(*bytes, page.Encoding);
+        return IsRoomFor(page.Text) ? std::optional(page) : std::nullopt;
     } catch (const std::bad_alloc&) {
         return std::nullopt;
     }
@@ -81,30 +103,74 @@ bool DocumentFile::IsNeverSaved() const
     return name_.left(neverSavedLength) == newDocumentName;
 }
 
-void DocumentFile::StartNew()
+void DocumentFile::StartNew(std::optional<TextEncoding> encoding)
 {
+    isHandledAnew_ = encoding.has_value();
+    encoding_ = encoding.value_or(TextEncoding::Windows1252);
+    foundUtf8_.reset();
     Become(newDocumentName.toString());
+    Q_EMIT EncodingChanged();
+    Q_EMIT Began();
 }
 
 void DocumentFile::MarkChanged()
 {
-    isChanged_ = true;
+    SetChanged(true);
+}
+
+void DocumentFile::SetChanged(bool isChanged)
+{
+    if (isChanged_ != isChanged) {
+        isChanged_ = isChanged;
+        Q_EMIT ChangedMarkSet(isChanged_);
+    }
 }
 
 void DocumentFile::Become(const QString& name)
 {
     name_ = name;
-    isChanged_ = false;
+    SetChanged(false);
     Q_EMIT NameChanged(name_);
 }
 
-std::optional<QString> DocumentFile::Open(const QString& path)
+std::optional<QString> DocumentFile::Open(const QString& path, Utf8Pages utf8)
 {
-    std::optional<QString> text = ReadText(path, encoding_);
-    if (text) {
-        Become(path);
+    const bool mayBeUtf8 = utf8 == Utf8Pages::ReadAsUtf8;
+    const std::optional<PageText> page = ReadPage(path, [mayBeUtf8](std::optional<TextEncoding> found) {
+        return mayBeUtf8 && found ? *found : TextEncoding::Windows1252;
+    });
+    if (!page) {
+        return std::nullopt;
     }
-    return text;
+    encoding_ = page->Encoding;
+    foundUtf8_ = page->FoundUtf8;
+    isHandledAnew_ = encoding_ != TextEncoding::Windows1252;
+    Become(path);
+    Q_EMIT EncodingChanged();
+    Q_EMIT Began();
+    return page->Text;
+}
+
+std::optional<QString> DocumentFile::ReadAgain(TextEncoding encoding)
+{
+    const std::optional<PageText> page =
+        ReadPage(name_, [encoding](std::optional<TextEncoding>) { return encoding; });
+    if (!page) {
+        return std::nullopt;
+    }
+    foundUtf8_ = page->FoundUtf8;
+    SetEncoding(encoding);
+    // A mark that comes or goes is a change, though none of the text.
+    const bool hasMark = foundUtf8_ == TextEncoding::Utf8WithMark;
+    SetChanged(encoding != TextEncoding::Windows1252 && hasMark != (encoding == TextEncoding::Utf8WithMark));
+    return page->Text;
+}
+
+void DocumentFile::SetEncoding(TextEncoding encoding)
+{
+    encoding_ = encoding;
+    isHandledAnew_ = true;
+    Q_EMIT EncodingChanged();
 }
 
 std::optional<QString> DocumentFile::Save(const QString& path, const QString& text)
@@ -112,14 +178,15 @@ std::optional<QString> DocumentFile::Save(const QString& path, const QString& te
     std::optional<QString> error = WriteCopy(path, text);
     if (!error) {
         Become(path);
+        Q_EMIT Saved(text);
     }
     return error;
 }
 
 std::optional<QString> DocumentFile::WriteCopy(const QString& path, const QString& text) const
 {
-    // A saved page ends with a line end more than the text has.
-    return WriteWholeFile(path, EncodeText(text, encoding_) + "\r\n");
+    const QByteArray bytes = EncodeText(text, encoding_);
+    return WriteWholeFile(path, isHandledAnew_ ? bytes : bytes + "\r\n");
 }
 
 QString DocumentFile::CopyPath(const QString& programFolder, const QString& ending) const

@@ -5,7 +5,11 @@
 #include <QObject>
 #include <optional>
 
-/** The document as a file: its name, whether it has changes, and how its text is read and written. */
+/**
+ * The document as a file: its name, whether it has changes, and how its text is read and written. At first it
+ * is read and written in Windows-1252, with CR LF line ends and one more of them at its end. Once the user
+ * has chosen an encoding it is handled anew: what is written is the text in that encoding and nothing else.
+ */
 class DocumentFile : public QObject
 {
     Q_OBJECT
@@ -19,15 +23,29 @@ public:
 
     [[nodiscard]] bool IsChanged() const { return isChanged_; }
     [[nodiscard]] TextEncoding Encoding() const { return encoding_; }
+    [[nodiscard]] bool IsHandledAnew() const { return isHandledAnew_; }
 
-    /** Becomes a new document without changes. */
-    void StartNew();
+    /** How the page that was opened says that it is to be read, or is for certain; nothing if it is UTF-8 in
+     * no way. */
+    [[nodiscard]] std::optional<TextEncoding> FoundUtf8() const { return foundUtf8_; }
+
+    /** Becomes a new document without changes, in an encoding if one is given. */
+    void StartNew(std::optional<TextEncoding> encoding = std::nullopt);
 
     /** Its text was edited. */
     void MarkChanged();
 
+    /** What is done with a page in UTF-8. */
+    enum class Utf8Pages { ReadAsOthers, ReadAsUtf8 };
+
     /** Becomes the file `path` and returns its text; nothing, and no change, when that cannot be edited. */
-    [[nodiscard]] std::optional<QString> Open(const QString& path);
+    [[nodiscard]] std::optional<QString> Open(const QString& path, Utf8Pages utf8 = Utf8Pages::ReadAsOthers);
+
+    /** Reads its file again in `encoding`; nothing, and no change, when that is not possible. */
+    [[nodiscard]] std::optional<QString> ReadAgain(TextEncoding encoding);
+
+    /** It will be written in `encoding`. */
+    void SetEncoding(TextEncoding encoding);
 
     /** Writes `text` to the file `path` and becomes that file. Returns an error's text; nothing on success.
      */
@@ -41,11 +59,20 @@ public:
 
 Q_SIGNALS:
     void NameChanged(const QString& name);
+    void ChangedMarkSet(bool isChanged);
+    void EncodingChanged();
+
+    /** It has become another document; its text comes right after. */
+    void Began();
+    void Saved(const QString& text);
 
 private:
     void Become(const QString& name);
+    void SetChanged(bool isChanged);
 
     QString name_;
     TextEncoding encoding_ = TextEncoding::Windows1252;
+    std::optional<TextEncoding> foundUtf8_;
+    bool isHandledAnew_ = false;
     bool isChanged_ = false;
 };

@@ -16,11 +16,17 @@ struct TextReplacement;
 /** Whether a document takes `text` as it stands. */
 [[nodiscard]] bool IsForDocument(const QString& text);
 
+/** What becomes of the characters that a document cannot hold. */
+enum class LayoutCharacters {
+    AsSaved, ///< as in the code page, which lacks them: "?"
+    AsBytes  ///< the bytes of their UTF-8, held as such, three characters each
+};
+
 /**
  * `text` as a document can hold it, in one pass over any length: every kind of line end as the one that it
- * takes for a new line, and the characters of its layout as they would be saved.
+ * takes for a new line.
  */
-[[nodiscard]] QString ForDocument(const QString& text);
+[[nodiscard]] QString ForDocument(const QString& text, LayoutCharacters layout = LayoutCharacters::AsSaved);
 
 /** A document's own text, in which new lines are paragraph separators, with CR LF line ends. */
 [[nodiscard]] QString WithCrLf(const QString& lines);
@@ -35,4 +41,6 @@ struct TextReplacement;
  * Makes `replacements`, in ascending order and apart from one another, in the document of `cursor`. The
  * caller has begun the block of edits that makes them one.
  */
-void ReplaceEach(QTextCursor& cursor, const QList<TextReplacement>& replacements);
+void ReplaceEach(
+    QTextCursor& cursor, const QList<TextReplacement>& replacements,
+    LayoutCharacters layout = LayoutCharacters::AsSaved);

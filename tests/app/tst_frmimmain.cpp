@@ -147,6 +147,15 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder_data()
                               << QList<Line>{ { "mnuTPref", "&Preferences...", "Ctrl+P" },
                                               { "mnuTSep1" },
                                               { "mnuTPreview", "Preview with Default &Browser", "Ctrl+D" } };
+    QTest::newRow("mnuPage") << "&Page"
+                             << QList<Line>{ { "mnuPFind", "&Find...", "Ctrl+F" },
+                                             { "mnuPReplace", "&Replace...", "Ctrl+H" },
+                                             { "mnuPNext", "Find &Next", "F3" },
+                                             { "mnuPPrevious", "Find &Previous", "Shift+F3" },
+                                             { "mnuPSep1" },
+                                             { "mnuPGoTo", "&Go to Line...", "Ctrl+G" },
+                                             { "mnuPSep2" },
+                                             { "mnuPRedo", "Red&o", "Ctrl+Y" } };
     QTest::newRow("mnuHelp") << "&Help"
                              << QList<Line>{ { "mnuHContents", "&Contents", "F1" },
                                              { "mnuHSearch", "&Search" },
@@ -187,7 +196,7 @@ void tst_frmimmain::menuBarHasTheMenusInOrder()
     for (const QAction* const action : test_->Find<QMenuBar>("MenuBar1")->actions()) {
         names << action->menu()->objectName();
     }
-    QCOMPARE(names.join(u' '), QStringLiteral("mnuFile mnuEdit mnuInsert mnuTools mnuHelp"));
+    QCOMPARE(names.join(u' '), QStringLiteral("mnuFile mnuEdit mnuInsert mnuTools mnuPage mnuHelp"));
     QCOMPARE(test_->Find<QMenu>("mnuEEditCase")->menuAction()->menu()->title(), QStringLiteral("&Edit Case"));
 }
 
@@ -203,7 +212,8 @@ void tst_frmimmain::everyCommandHasItsOwnShortcut()
     shortcuts.sort();
     QCOMPARE(
         shortcuts.join(u' '),
-        QStringLiteral("Ctrl+C Ctrl+D Ctrl+E Ctrl+I Ctrl+N Ctrl+O Ctrl+P Ctrl+S Ctrl+X Ctrl+Z Del F1"));
+        QStringLiteral("Ctrl+C Ctrl+D Ctrl+E Ctrl+F Ctrl+G Ctrl+H Ctrl+I Ctrl+N Ctrl+O Ctrl+P Ctrl+S Ctrl+X "
+                       "Ctrl+Y Ctrl+Z Del F1 F3 Shift+F3"));
 }
 
 void tst_frmimmain::toolbarHasItsButtonsAndSeparators()
