@@ -45,6 +45,7 @@ EditorBar::EditorBar(QWidget* editor, const char* name, const QString& accessibl
     setObjectName(QString::fromLatin1(name));
     setAccessibleName(accessibleName);
     setFrameShape(QFrame::StyledPanel);
+    setBackgroundRole(QPalette::Window); // the editor's own is that of its text
     setAutoFillBackground(true);
     // The text below is in a typewriter's letters, and under a pointer for text.
     setFont(editor->window()->font());
