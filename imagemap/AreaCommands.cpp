@@ -45,6 +45,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     connect(
         parts_.list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
         &AreaCommands::List_SelectionChanged);
+    select_.SetInForce(false);
     connect(&selection_, &AreaSelection::Changed, this, &AreaCommands::Selection_Changed);
     connect(&map_, &MapDocument::AreasChanged, this, &AreaCommands::ShowAll);
     connect(&map_, &MapDocument::HistoryChanged, this, &AreaCommands::EnableCommands);
@@ -122,6 +123,7 @@ void AreaCommands::TakeTool(Tool tool, PictureTool& protocol)
     }
     Q_EMIT ToolTaken();
     tool_ = tool;
+    select_.SetInForce(tool == Tool::Select);
     parts_.pane.SetTool(&protocol);
     parts_.pane.Surface().setFocusPolicy(Qt::StrongFocus);
     parts_.pane.Surface().SetPointer(SurfacePointer::Arrow);
@@ -138,6 +140,7 @@ void AreaCommands::LeaveTool()
         return;
     }
     select_.Abandon();
+    select_.SetInForce(false);
     QToolTip::hideText();
     parts_.pane.SetTool(&parts_.drawing);
     parts_.pane.Surface().setFocusPolicy(Qt::TabFocus);

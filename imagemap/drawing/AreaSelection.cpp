@@ -15,7 +15,9 @@ void AreaSelection::Select(AreaNumbers numbers)
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     const bool hadVertex = std::exchange(vertex_, std::nullopt).has_value();
-    if (std::exchange(numbers_, numbers) != numbers || hadVertex) {
+    // Lists without a number have no memory to compare.
+    const bool isSame = std::ranges::equal(std::exchange(numbers_, numbers), numbers);
+    if (!isSame || hadVertex) {
         Q_EMIT Changed();
     }
 }

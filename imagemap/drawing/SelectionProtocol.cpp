@@ -386,7 +386,7 @@ void SelectionProtocol::Map_AreasChanged()
 
 void SelectionProtocol::Show()
 {
-    if (drag_ != Drag::None && isUnderWay_) {
+    if (!isInForce_ || (drag_ != Drag::None && isUnderWay_)) {
         return;
     }
     shown_ = {};

@@ -36,6 +36,9 @@ public:
     /** The areas are others now: gives up what was being done to those before. */
     void Map_AreasChanged();
 
+    /** Whether it is the tool at work; while it is not, it shows nothing. */
+    void SetInForce(bool isInForce) { isInForce_ = isInForce; }
+
     /** Shows the selection as it is, and its place and size beside the picture. */
     void Show();
 
@@ -69,6 +72,7 @@ private:
     SelectionSurface& surface_;
     DrawingStatus& status_;
     Qt::KeyboardModifiers keys_;
+    bool isInForce_ = true;
     bool isSnapping_ = false;
     bool areGuidesShown_ = false;
 
