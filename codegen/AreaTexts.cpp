@@ -33,9 +33,9 @@ QString NameOfLink(const QString& link)
     const bool hasHost = decoded.contains(QStringLiteral("//"));
     const QStringList segments = QString(path).remove(scheme).split(separator, Qt::SkipEmptyParts);
     const bool isHostAlone = hasHost && segments.size() == 1;
-    const QString name = segments.isEmpty()                   ? QString()
-                         : isHostAlone || path.contains(u'@') ? segments.constLast()
-                                                              : Words(segments.constLast());
+    QString name = segments.isEmpty()                   ? QString()
+                   : isHostAlone || path.contains(u'@') ? segments.constLast()
+                                                        : Words(segments.constLast());
     if (!name.isEmpty()) {
         return name;
     }

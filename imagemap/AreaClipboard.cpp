@@ -74,7 +74,8 @@ MapAreas AreasOnClipboard()
     MapAreas areas;
     if (HasAreasOnClipboard()) {
         const QByteArray packed = QGuiApplication::clipboard()->mimeData()->data(AreasFormat());
-        for (const QJsonValue& value : QJsonDocument::fromJson(packed).array()) {
+        const QJsonArray packedAreas = QJsonDocument::fromJson(packed).array();
+        for (const auto& value : packedAreas) {
             const MapArea area = Unpacked(value.toObject());
             if (IsWhole(area)) {
                 areas << area;

@@ -22,7 +22,7 @@ QList<int> Samples(int first, int count, double zoom, int limit)
     constexpr double late = 0.75;
     constexpr double middle = 0.5;
     QList<int> samples;
-    samples.reserve(2 * count);
+    samples.reserve(qsizetype(2) * count);
     for (int i = first; i < first + count; ++i) {
         for (const double at : { zoom < 1 ? early : middle, zoom < 1 ? late : middle }) {
             samples << std::clamp(static_cast<int>((i + at) / zoom), 0, limit - 1);
@@ -104,8 +104,9 @@ QImage ZoomedPart(const QImage& picture, double zoom, const QRect& part)
     const QList<int> columns = Samples(part.left(), part.width(), zoom, source.width());
     const QList<int> rows = Samples(part.top(), part.height(), zoom, source.height());
     for (int y = 0; y < part.height(); ++y) {
-        const auto* const upper = reinterpret_cast<const QRgb*>(source.constScanLine(rows[2 * y]));
-        const auto* const lower = reinterpret_cast<const QRgb*>(source.constScanLine(rows[2 * y + 1]));
+        const qsizetype mixed = qsizetype(2) * y;
+        const auto* const upper = reinterpret_cast<const QRgb*>(source.constScanLine(rows[mixed]));
+        const auto* const lower = reinterpret_cast<const QRgb*>(source.constScanLine(rows[mixed + 1]));
         FillRow(reinterpret_cast<QRgb*>(zoomed.scanLine(y)), upper, lower, columns);
     }
     if (zoom > gridZoom) {

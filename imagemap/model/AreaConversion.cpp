@@ -27,7 +27,7 @@ QList<int> RoundPolygon(const QList<int>& circle)
 {
     const int sides = SidesOf(circle[2]);
     QList<int> coordinates;
-    coordinates.reserve(2 * sides);
+    coordinates.reserve(qsizetype(2) * sides);
     for (int i = 0; i < sides; ++i) {
         const double angle = 2 * std::numbers::pi * i / sides;
         coordinates << circle[0] + static_cast<int>(std::lround(circle[2] * std::cos(angle)))
@@ -66,7 +66,8 @@ QString ProblemOfCount(AreaShape shape, qsizetype count)
     if (count % 2 != 0) {
         return QStringLiteral("The last corner lacks its second number");
     }
-    return count >= 2 * leastCorners ? QString() : QStringLiteral("A polygon takes three corners at least");
+    return count >= qsizetype(2) * leastCorners ? QString()
+                                                : QStringLiteral("A polygon takes three corners at least");
 }
 
 /** `numbers` with the corners of a rectangle in their order: browsers swap them so. */

@@ -147,7 +147,7 @@ bool IsWhole(const MapArea& area)
     case AreaShape::Polygon:
         break;
     }
-    return area.Coordinates.size() >= 2 * leastCorners;
+    return area.Coordinates.size() >= qsizetype(2) * leastCorners;
 }
 
 QList<QPoint> CornersOf(const MapArea& polygon)
