@@ -108,6 +108,12 @@ MapDocument::Step::~Step()
     }
 }
 
+void MapDocument::ForgetHistory()
+{
+    history_.Forget();
+    Q_EMIT HistoryChanged();
+}
+
 void MapDocument::KeepStep(const QString& name, const QString& joinKey)
 {
     history_.Keep(State(), name, joinKey);

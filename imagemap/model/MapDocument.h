@@ -79,6 +79,9 @@ public:
 
     [[nodiscard]] const MapHistory& History() const { return history_; }
 
+    /** Keeps the map as it is, and nothing that could be undone or done again. */
+    void ForgetHistory();
+
     /** Whatever is changed next is a step of its own. */
     void EndJoining() { history_.EndJoining(); }
 

@@ -42,6 +42,13 @@ public:
     /** Makes `now` the present state, whatever it was: what a new window begins with. */
     void Replace(const MapState& now) { states_[now_].state = now; }
 
+    /** Keeps the present state alone: nothing can be undone or done again. */
+    void Forget()
+    {
+        states_ = { { states_[now_].state, {}, {} } };
+        now_ = 0;
+    }
+
     /** Whatever comes next is a step of its own. */
     void EndJoining() { states_[now_].joinKey.clear(); }
 

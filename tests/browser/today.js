@@ -306,11 +306,14 @@ async function checkChromiumAlone(engine) {
         assert.deepEqual(await engine.run(shownMessages), ['Shapes-1', 'Shapes-2', 'Shapes-3']);
         await engine.page.emulateMediaType(null);
     });
-    await check('500 areas react within a frame or two', async () => {
-        const worst = await checkMany(engine, isShort ? 20 : 200);
-        console.log(`        ${worst.toFixed(1)} ms at the slowest`);
-        assert.ok(worst > 0 && worst < 100);
-    });
+    // A time, so nothing for a machine that has other work.
+    if (!isShort) {
+        await check('500 areas react within a frame or two', async () => {
+            const worst = await checkMany(engine, 200);
+            console.log(`        ${worst.toFixed(1)} ms at the slowest`);
+            assert.ok(worst > 0 && worst < 100);
+        });
+    }
 }
 
 async function withEngine(start, use) {
@@ -337,6 +340,10 @@ await withEngine(
     },
 );
 await withEngine(() => startFirefox('/usr/bin/firefox-esr'), checkEngine);
-await withEngine(startWebKit, checkEngine);
+// WebKitGTK takes keys only while its window has the focus, which a screen without a window manager does not
+// always give it; so it is tried where someone can look at it.
+if (!isShort) {
+    await withEngine(startWebKit, checkEngine);
+}
 console.log(`Pages for today's browsers: ${passed} passed, ${failed} failed`);
 process.exitCode = failed === 0 && passed > 0 ? 0 : 1;

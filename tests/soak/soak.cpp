@@ -113,6 +113,8 @@ private:
             LinkTexts(mode, QStringLiteral("boat.htm")));
         program_.InsertMap();
         program_.CloseEditor();
+        // What is kept on purpose is not what the soak is looking for.
+        program_.ForgetHistory();
     }
 
     /** Inserts the first tag of the first category. */

@@ -81,6 +81,9 @@ public:
     /** Leaves the editor and says Yes to the loss of its figures. */
     void CloseEditor();
 
+    /** Drops what can be undone of the map, which the program keeps until it ends. */
+    void ForgetHistory() { map_.ForgetHistory(); }
+
     [[nodiscard]] QWidget& MainWindow() const { return *main_; }
 
     /** A place in the visible part of the picture, in hundredths of its width and height. */
