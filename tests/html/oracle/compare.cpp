@@ -1,4 +1,4 @@
-// Compares how this program and parse5 read pages. From the standard input, as expect.js writes it, comes for
+// Compares how this program and parse5 read pages. A file, as expect.js writes it, holds for
 // each page its name, its text and parse5's tokens. Where the tree that parse5 builds tells it to read on
 // otherwise than the tags alone say, which only wrongly nested pages do, the comparison of that page ends;
 // how many these are is said and limited.
@@ -298,12 +298,13 @@ Outcome Compare(const QString& name, const QString& text, const QList<Token>& ex
 
 } // namespace
 
-int main()
+int main(int argc, char* argv[])
 {
     // Of made pages; in one that somebody wrote, the tree may overrule nothing.
     constexpr double mostOverruled = 0.05;
-    QFile input;
-    if (!input.open(stdin, QIODevice::ReadOnly)) {
+    // A pipe may give less than is asked for while its writer is busy, which a stream takes for the end.
+    QFile input(argc == 2 ? QFile::decodeName(argv[1]) : QString());
+    if (!input.open(QIODevice::ReadOnly)) {
         return EXIT_FAILURE;
     }
     QDataStream stream(&input);

@@ -1,5 +1,5 @@
-// Compares what pages declare as their encoding with what html-encoding-sniffer finds. From the standard
-// input, as encodings.js writes it, comes for each page its name, its bytes and the encoding.
+// Compares what pages declare as their encoding with what html-encoding-sniffer finds. A file, as
+// encodings.js writes it, holds for each page its name, its bytes and the encoding.
 
 #include "html/DeclaredEncoding.h"
 
@@ -7,10 +7,11 @@
 #include <QFile>
 #include <QTextStream>
 
-int main()
+int main(int argc, char* argv[])
 {
-    QFile input;
-    if (!input.open(stdin, QIODevice::ReadOnly)) {
+    // A pipe may give less than is asked for while its writer is busy, which a stream takes for the end.
+    QFile input(argc == 2 ? QFile::decodeName(argv[1]) : QString());
+    if (!input.open(QIODevice::ReadOnly)) {
         return EXIT_FAILURE;
     }
     QDataStream stream(&input);

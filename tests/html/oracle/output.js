@@ -37,21 +37,9 @@ export class Output {
     flush() {
         let written = 0;
         while (written < this.#used) {
-            written += this.#write(written);
+            written += fs.writeSync(1, this.#buffer, written, this.#used - written);
         }
         this.#used = 0;
-    }
-
-    #write(from) {
-        try {
-            return fs.writeSync(1, this.#buffer, from, this.#used - from);
-        } catch (error) {
-            // The reader is slower than this.
-            if (error.code === 'EAGAIN') {
-                return 0;
-            }
-            throw error;
-        }
     }
 
     #makeRoom(count) {
