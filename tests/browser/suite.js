@@ -11,6 +11,7 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { pathToFileURL } from 'node:url';
 import { chromium } from 'playwright-core';
+import { check, fail, tellOutcome } from './checks.js';
 import { Visit } from './visit.js';
 
 const [folder, executablePath] = process.argv.slice(2);
@@ -23,20 +24,6 @@ const pages = [
     'tool-tips',
 ];
 const messages = ['The house', 'The sun<br>at noon', 'A boat, na\u00efve'];
-
-let passed = 0;
-let failed = 0;
-
-async function check(what, act) {
-    try {
-        await act();
-        ++passed;
-        console.log(`ok      ${what}`);
-    } catch (error) {
-        ++failed;
-        console.log(`FAILED  ${what}\n${error.stack}`);
-    }
-}
 
 const pathOf = (page) => join(folder, `${page}.htm`);
 
@@ -264,8 +251,6 @@ try {
         await checkAtScale(scale);
     }
 } catch (error) {
-    ++failed;
-    console.log(`FAILED  the browser\n${error.stack}`);
+    fail('the browser', error);
 }
-console.log(`Browser suite: ${passed} passed, ${failed} failed`);
-process.exitCode = failed === 0 && passed > 0 ? 0 : 1;
+tellOutcome('Browser suite');

@@ -11,6 +11,7 @@ import { createRequire } from 'node:module';
 import { join } from 'node:path';
 import { setTimeout as sleep } from 'node:timers/promises';
 import { pathToFileURL } from 'node:url';
+import { check, fail, tellOutcome } from './checks.js';
 import { startChromium, startFirefox, startWebKit } from './engines.js';
 import { TodayArea, pointsOf } from './todayareas.js';
 
@@ -25,20 +26,6 @@ const scales = isShort ? [1] : [0.5, 1, 1.5, 2, 3];
 
 /** Longer than a tip or message stays when the mouse has gone. */
 const patience = 3000;
-
-let passed = 0;
-let failed = 0;
-
-async function check(what, act) {
-    try {
-        await act();
-        ++passed;
-        console.log(`ok      ${what}`);
-    } catch (error) {
-        ++failed;
-        console.log(`FAILED  ${what}\n${error.stack}`);
-    }
-}
 
 const pathOf = (name) => join(folder, `${name}.html`);
 const urlOf = (name) => pathToFileURL(pathOf(name)).href;
@@ -322,8 +309,7 @@ async function withEngine(start, use) {
         engine = await start();
         await use(engine);
     } catch (error) {
-        ++failed;
-        console.log(`FAILED  a browser\n${error.stack}`);
+        fail('a browser', error);
     } finally {
         await engine?.close();
     }
@@ -345,5 +331,4 @@ await withEngine(() => startFirefox('/usr/bin/firefox-esr'), checkEngine);
 if (!isShort) {
     await withEngine(startWebKit, checkEngine);
 }
-console.log(`Pages for today's browsers: ${passed} passed, ${failed} failed`);
-process.exitCode = failed === 0 && passed > 0 ? 0 : 1;
+tellOutcome("Pages for today's browsers");
