@@ -275,16 +275,22 @@ void FindBar::SelectMatch(qsizetype index)
     ShowCount();
 }
 
-void FindBar::FindNext()
+/** Searches anew where that is due; asks for what to find where nothing was given. */
+bool FindBar::IsAnythingFound()
 {
     if (find_->text().isEmpty()) {
         ShowFind();
-        return;
+        return false;
     }
     if (isStale_ || !isVisible()) {
         Search();
     }
-    if (result_.Matches.isEmpty()) {
+    return !result_.Matches.isEmpty();
+}
+
+void FindBar::FindNext()
+{
+    if (!IsAnythingFound()) {
         return;
     }
     const TextSpan selected = Selected();
@@ -297,14 +303,7 @@ void FindBar::FindNext()
 
 void FindBar::FindPrevious()
 {
-    if (find_->text().isEmpty()) {
-        ShowFind();
-        return;
-    }
-    if (isStale_ || !isVisible()) {
-        Search();
-    }
-    if (result_.Matches.isEmpty()) {
+    if (!IsAnythingFound()) {
         return;
     }
     const auto next = std::ranges::lower_bound(result_.Matches, Selected().Start, {}, &TextSpan::Start);

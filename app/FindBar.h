@@ -54,6 +54,7 @@ private:
     void SearchIfStale();
     [[nodiscard]] TextSpan Selected() const;
     [[nodiscard]] qsizetype SelectedMatch() const;
+    [[nodiscard]] bool IsAnythingFound();
     void SelectMatch(qsizetype index);
     void ShowMarks();
     void ShowCount();
