@@ -1,77 +1,11 @@
 #include "imagemap/model/MapDocument.h"
 
 #include "imagemap/model/AreaLedger.h"
+#include "imagemap/model/LastFigure.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
-
-QList<int> RectangleCoordinates(const FigureRecord& rectangle)
-{
-    const auto [left, right] = std::minmax(rectangle.X1, rectangle.X2);
-    const auto [top, bottom] = std::minmax(rectangle.Y1, rectangle.Y2);
-    return { left, top, right, bottom };
-}
-
-/** The corners of the current polygon: the first side's start, then every side's end. */
-QList<int> PolygonCoordinates(const FigureStore& figures)
-{
-    QList<int> coordinates;
-    for (int i = 0; i < figures.CurrentPolygonLineCount; ++i) {
-        const FigureRecord* const side = FigureStore::At(figures.CurrentPolygon, i);
-        if (side == nullptr) {
-            break;
-        }
-        if (i == 0) {
-            coordinates << side->X1 << side->Y1;
-        }
-        coordinates << side->X2 << side->Y2;
-    }
-    return coordinates;
-}
-
-/** Where the ledger keeps the link data of the figure drawn last. */
-FigureRecord* LinkedRecord(FigureStore& figures)
-{
-    return figures.CurrentKind == kindLine
-               ? FigureStore::At(figures.CurrentPolygon, figures.CurrentPolygonLineCount - 1)
-               : figures.LastFigure();
-}
-
-void WriteLinkData(FigureStore& figures, const LinkEntry& entry, const QString& message)
-{
-    if (FigureRecord* const record = LinkedRecord(figures)) {
-        record->Link = entry.Text(LinkField::Link);
-        record->Target = entry.Target;
-        record->Message = message;
-    }
-    if (figures.CurrentKind != kindLine) {
-        return;
-    }
-    if (FigureRecord* const endMark = FigureStore::At(figures.PolygonLines, figures.PolygonLineCount - 1)) {
-        endMark->Link = entry.Text(LinkField::Link);
-        endMark->Target = entry.Target;
-    }
-}
-
-struct FigureShape
-{
-    qint16 kind;
-    AreaShape shape;
-    QList<int> (*coordinates)(const FigureStore& figures, const FigureRecord& record);
-};
-
-constexpr std::array<FigureShape, 3> figureShapes = { {
-    { kindRectangle, AreaShape::Rectangle,
-      [](const FigureStore&, const FigureRecord& record) { return RectangleCoordinates(record); } },
-    { kindCircle, AreaShape::Circle,
-      [](const FigureStore&, const FigureRecord& record) {
-          return QList<int>{ record.X1, record.Y1, record.Radius };
-      } },
-    { kindLine, AreaShape::Polygon,
-      [](const FigureStore& figures, const FigureRecord&) { return PolygonCoordinates(figures); } },
-} };
 
 QString StepNameOf(QStringView what, AreaShape shape)
 {
@@ -275,25 +209,16 @@ void MapDocument::TakeModeDefault(const LinkEntry& entry)
 
 void MapDocument::LinkNewArea(const LinkEntry& entry)
 {
-    const auto* const shape =
-        std::find_if(figureShapes.begin(), figureShapes.end(), [this](const FigureShape& row) {
-            return row.kind == figures_.CurrentKind;
-        });
-    const Step step(
-        *this, shape != figureShapes.end() ? StepNameOf(u"Drawing", shape->shape)
-                                           : QStringLiteral("Change of the Default"));
+    const std::optional<AreaShape> shape = ShapeOfLastFigure(figures_);
+    const Step step(*this, shape ? StepNameOf(u"Drawing", *shape) : QStringLiteral("Change of the Default"));
     TakeModeDefault(entry);
-    WriteLinkData(figures_, entry, MessageOf(mode_, entry));
-    const FigureRecord* const record = LinkedRecord(figures_);
-    if (shape == figureShapes.end() || record == nullptr) {
+    LinkLastFigure(figures_, entry, MessageOf(mode_, entry));
+    const std::optional<MapArea> area = AreaOfLastFigure(figures_);
+    if (!area) {
         return;
     }
-    AppendArea({ .Shape = shape->shape,
-                 .Coordinates = shape->coordinates(figures_, *record),
-                 .Link = record->Link,
-                 .Target = record->Target,
-                 .Message = record->Message });
-    if (shape->kind == kindLine) {
+    AppendArea(*area);
+    if (area->Shape == AreaShape::Polygon) {
         figures_.ResetCurrentPolygon();
     }
     figuresOfAreas_ = figures_.FigureCount;
