@@ -5,12 +5,12 @@
 #include "imagemap/AreaListModel.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/ZoomControls.h"
-#include "shared/Settings.h"
 
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QMainWindow>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QToolTip>
 #include <utility>
 
@@ -265,39 +265,20 @@ void AreaCommands::FitSelection()
     Change([this] { zoom_.FitTo(BoundsOf(editing_.SelectedAreas())); });
 }
 
-void AreaCommands::ToggleAreas()
+void AreaCommands::Toggle(const FlagSetting& setting)
 {
-    Change([this] {
-        areAreasShown_ = !areAreasShown_;
-        parts_.settings.Keep(Setting::showAreas, areAreasShown_);
-    });
+    Change([this, &setting] { parts_.settings.Keep(setting, !IsOn(setting)); });
     ShowSettings();
 }
 
-void AreaCommands::ToggleSnap()
+bool AreaCommands::IsOn(const FlagSetting& setting) const
 {
-    Change([this] {
-        isSnapping_ = !isSnapping_;
-        parts_.settings.Keep(Setting::snap, isSnapping_);
-    });
-    ShowSettings();
-}
-
-void AreaCommands::ToggleGuides()
-{
-    Change([this] {
-        areGuidesShown_ = !areGuidesShown_;
-        parts_.settings.Keep(Setting::guides, areGuidesShown_);
-    });
-    ShowSettings();
+    return parts_.settings.Value(setting);
 }
 
 void AreaCommands::RecallSettings()
 {
-    areAreasShown_ = parts_.settings.Value(Setting::showAreas);
-    isSnapping_ = parts_.settings.Value(Setting::snap);
-    areGuidesShown_ = parts_.settings.Value(Setting::guides);
-    if (parts_.settings.Value(Setting::fitPicture)) {
+    if (IsOn(Setting::fitPicture)) {
         zoom_.ToggleFit();
     }
     ShowSettings();
@@ -307,11 +288,11 @@ void AreaCommands::RecallSettings()
 void AreaCommands::ShowSettings()
 {
     commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
-    commands_.SetChecked(Mark::Areas, areAreasShown_);
-    commands_.SetChecked(Mark::Snap, isSnapping_);
-    commands_.SetChecked(Mark::Guides, areGuidesShown_);
-    select_.SetSnapping(isSnapping_);
-    select_.ShowGuides(areGuidesShown_);
+    commands_.SetChecked(Mark::Areas, IsOn(Setting::showAreas));
+    commands_.SetChecked(Mark::Snap, IsOn(Setting::snap));
+    commands_.SetChecked(Mark::Guides, IsOn(Setting::guides));
+    select_.SetSnapping(IsOn(Setting::snap));
+    select_.ShowGuides(IsOn(Setting::guides));
     ShowAreaMarks();
 }
 
@@ -344,8 +325,9 @@ void AreaCommands::ShowAll()
 
 void AreaCommands::ShowAreaMarks()
 {
-    parts_.pane.Surface().ShowAreas(areAreasShown_ ? map_.Areas() : MapAreas());
-    parts_.model.MarkFaults(areAreasShown_ || HasTool() ? picture_ : QSize());
+    const bool areAreasShown = IsOn(Setting::showAreas);
+    parts_.pane.Surface().ShowAreas(areAreasShown ? map_.Areas() : MapAreas());
+    parts_.model.MarkFaults(areAreasShown || HasTool() ? picture_ : QSize());
 }
 
 void AreaCommands::Selection_Changed()
@@ -379,20 +361,8 @@ void AreaCommands::SelectInList()
     if (tool_ == Tool::Drawing || isSelectingInList_) {
         return;
     }
-    isSelectingInList_ = true;
-    QItemSelection rows;
-    for (const qsizetype number : selection_.Numbers()) {
-        if (number < parts_.model.rowCount()) {
-            const QModelIndex row = parts_.model.index(static_cast<int>(number), 0);
-            rows.select(row, row);
-        }
-    }
-    parts_.list.selectionModel()->select(
-        rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    if (!rows.isEmpty()) {
-        parts_.list.scrollTo(rows.indexes().constFirst());
-    }
-    isSelectingInList_ = false;
+    const QScopedValueRollback<bool> selecting(isSelectingInList_, true);
+    parts_.list.SelectAreas(selection_.Numbers());
 }
 
 void AreaCommands::List_SelectionChanged()
@@ -400,15 +370,10 @@ void AreaCommands::List_SelectionChanged()
     if (isSelectingInList_) {
         return;
     }
-    isSelectingInList_ = true;
-    AreaNumbers numbers;
-    for (const QModelIndex& row : parts_.list.selectionModel()->selectedRows()) {
-        if (row.row() < map_.Areas().size()) {
-            numbers << row.row();
-        }
-    }
+    const QScopedValueRollback<bool> selecting(isSelectingInList_, true);
+    AreaNumbers numbers = parts_.list.SelectedAreas();
+    numbers.removeIf([this](qsizetype number) { return number >= map_.Areas().size(); });
     selection_.Select(numbers);
-    isSelectingInList_ = false;
 }
 
 void AreaCommands::List_MenuAsked(QPoint place)

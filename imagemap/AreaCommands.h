@@ -3,6 +3,7 @@
 #include "imagemap/drawing/AreaEditing.h"
 #include "imagemap/drawing/SelectionProtocol.h"
 #include "imagemap/drawing/TryProtocol.h"
+#include "shared/Settings.h"
 #include "widgets/CommandTable.h"
 
 #include <QObject>
@@ -13,7 +14,6 @@ class AreaList;
 class AreaListModel;
 class PicturePane;
 class QMainWindow;
-class Settings;
 class ZoomControls;
 
 /**
@@ -86,9 +86,8 @@ public:
     void ActualSize();
     void ToggleFit();
     void FitSelection();
-    void ToggleAreas();
-    void ToggleSnap();
-    void ToggleGuides();
+    /** Switches on or off what is remembered. */
+    template<const FlagSetting& setting> void Switch() { Toggle(setting); }
 
 Q_SIGNALS:
     /** The mouse is taken over: the tools that draw are put to rest. */
@@ -107,6 +106,8 @@ private:
     void TakeTool(Tool tool, PictureTool& protocol);
     void Change(const std::function<void()>& change);
     void EnableCommands();
+    void Toggle(const FlagSetting& setting);
+    [[nodiscard]] bool IsOn(const FlagSetting& setting) const;
     void RecallSettings();
     void ShowSettings();
     void ShowAll();
@@ -130,8 +131,5 @@ private:
     CommandSet<Command> commands_;
     Tool tool_ = Tool::Drawing;
     QSize picture_;
-    bool areAreasShown_ = false;
-    bool isSnapping_ = false;
-    bool areGuidesShown_ = false;
     bool isSelectingInList_ = false;
 };

@@ -40,6 +40,30 @@ std::optional<qsizetype> AreaList::SelectedArea() const
     return selected.isEmpty() ? std::nullopt : std::optional<qsizetype>(selected.constFirst().row());
 }
 
+AreaNumbers AreaList::SelectedAreas() const
+{
+    AreaNumbers numbers;
+    for (const QModelIndex& row : selectionModel()->selectedRows()) {
+        numbers << row.row();
+    }
+    return numbers;
+}
+
+void AreaList::SelectAreas(const AreaNumbers& numbers)
+{
+    QItemSelection rows;
+    for (const qsizetype number : numbers) {
+        if (number < model()->rowCount()) {
+            const QModelIndex row = model()->index(static_cast<int>(number), 0);
+            rows.select(row, row);
+        }
+    }
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (!rows.isEmpty()) {
+        scrollTo(rows.indexes().constFirst());
+    }
+}
+
 bool AreaList::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == header_ && (event->type() == QEvent::Polish || event->type() == QEvent::FontChange)) {

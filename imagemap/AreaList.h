@@ -1,5 +1,7 @@
 #pragma once
 
+#include "imagemap/model/AreaArranging.h"
+
 #include <QTreeView>
 #include <optional>
 
@@ -17,6 +19,12 @@ public:
 
     /** The selected area, counted from 0. */
     [[nodiscard]] std::optional<qsizetype> SelectedArea() const;
+
+    /** All selected areas, counted from 0, in the order they were selected. */
+    [[nodiscard]] AreaNumbers SelectedAreas() const;
+
+    /** Selects these areas, as far as there are such rows, and no others; shows the first of them. */
+    void SelectAreas(const AreaNumbers& numbers);
 
 Q_SIGNALS:
     /** A row, or the room below them, was double-clicked with the left button, or Enter pressed. */

@@ -62,12 +62,9 @@ AreaTab::AreaTab(AreaEditing& editing, std::function<bool()> begin, QWidget* par
 
 AreaTab::~AreaTab() = default;
 
-void AreaTab::OfferLinks(const QStringList& links)
+void AreaTab::GoToText()
 {
-    const QString text = ui_->cmbAreaLink->currentText();
-    ui_->cmbAreaLink->clear();
-    ui_->cmbAreaLink->addItems(links);
-    ui_->cmbAreaLink->setEditText(text);
+    ui_->txtAreaText->setFocus();
 }
 
 void AreaTab::ConnectText(QWidget* field, TextOfArea member, QStringView what)

@@ -21,8 +21,8 @@ public:
     AreaTab(AreaEditing& editing, std::function<bool()> begin, QWidget* parent = nullptr);
     ~AreaTab() override;
 
-    /** Offers `links` to choose from. */
-    void OfferLinks(const QStringList& links);
+    /** Gives the keys to the field of the text for screen readers. */
+    void GoToText();
 
 private:
     using TextOfArea = QString MapArea::*;

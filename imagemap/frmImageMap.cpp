@@ -1,6 +1,5 @@
 #include "imagemap/frmImageMap.h"
 
-#include "codegen/MapMarkup.h"
 #include "imagemap/AreaCommands.h"
 #include "imagemap/AreaListModel.h"
 #include "imagemap/AreaTab.h"
@@ -29,11 +28,6 @@ using Need = frmImageMap::Need;
 constexpr QSize leastSize(680, 600);
 constexpr QStringView helpPage = u"image-map-editor";
 constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
-
-QString TextOrCaption(const QLineEdit* field, const QLabel* fallback)
-{
-    return field->text().isEmpty() ? fallback->text() : field->text();
-}
 
 QString FullStoreMessage(FullStoreText text)
 {
@@ -158,35 +152,6 @@ void frmImageMap::NewImageMap()
         ShowHint();
     } else if (DiscardMap()) {
         map_.ResetMessageHeader();
-    }
-}
-
-void frmImageMap::GenerateMap()
-{
-    if (ui_->txtName->text().isEmpty()) {
-        ShowMessage(this, QMessageBox::Information, QStringLiteral("Please, enter the Image Map Name !"));
-        ui_->SSTab1->setCurrentWidget(ui_->tabCreating);
-        ui_->txtName->setFocus();
-        return;
-    }
-    const bool fileNameOnly = ui_->Check1->isChecked();
-    const MapSource source = { .MapName = ui_->txtName->text(),
-                               .Width = TextOrCaption(ui_->txtImgWidth, ui_->lblWidthPic),
-                               .Height = TextOrCaption(ui_->txtImgHeight, ui_->lblHeightPic),
-                               .AltText = ui_->txtAltDescript->text(),
-                               .Align = ui_->cmbAlign->currentText(),
-                               .Border = ui_->txtBorder->text(),
-                               .HorizontalSpace = ui_->txtHorSp->text(),
-                               .VerticalSpace = ui_->txtVertSp->text(),
-                               .PictureReference = fileNameOnly ? panels_->PictureName() : imgMap_.ImageUrl,
-                               .FileNamesOnly = fileNameOnly,
-                               .ModeDefault = map_.ModeDefault(),
-                               .Areas = map_.Areas() };
-    if (ui_->cmbMarkup->currentIndex() == int(MarkupForm::Html4)) {
-        const int line = document_.InsertAtCaret(GenerateMapFor(map_.Mode(), source));
-        panels_->ShowHint(Html4Hint(line, map_.Mode()));
-    } else {
-        InsertTodayMap(source);
     }
 }
 
