@@ -4,18 +4,23 @@
 
 namespace {
 
-constexpr int endOfPage = -1;
-
 constexpr QLatin1String commentOpen("<!--");
 constexpr QLatin1String doctypeOpen("<!doctype");
 constexpr QLatin1String cdataOpen("<![CDATA[");
 
+/** Whether a "<" begins markup, by what is behind it. */
+bool StartsMarkup(const HtmlCursor& cursor, qsizetype behindAngle)
+{
+    const int first = cursor.At(behindAngle);
+    const bool isEndTag = first == '/' && cursor.At(behindAngle + 1) != HtmlCursor::endOfPage;
+    return IsAsciiLetter(first) || isEndTag || first == '!' || first == '?';
+}
+
 } // namespace
 
 HtmlScanner::HtmlScanner(QStringView text, HtmlState state, HtmlEnd end)
-    : text_(text)
+    : cursor_(text, end)
     , state_(state)
-    , behind_(end == HtmlEnd::OfLine ? '\n' : endOfPage)
 {
 }
 
@@ -37,7 +42,7 @@ HtmlScanner::Step HtmlScanner::StepOf(HtmlMode mode)
         &HtmlScanner::ReadQuotedValue,
         &HtmlScanner::ReadQuotedValue,
         &HtmlScanner::ReadAfterQuotedValue,
-        &HtmlScanner::ReadSelfClosed,
+        &HtmlScanner::CloseTag,
         &HtmlScanner::ReadCommentStart,
         &HtmlScanner::ReadComment,
         &HtmlScanner::ReadBogusComment,
@@ -49,13 +54,13 @@ HtmlScanner::Step HtmlScanner::StepOf(HtmlMode mode)
 
 bool HtmlScanner::Next(HtmlPart& part)
 {
-    while (at_ < text_.size()) {
+    while (!cursor_.IsAtEnd()) {
         if ((this->*StepOf(state_.mode))()) {
             part = part_;
             return true;
         }
     }
-    if (behind_ != endOfPage) {
+    if (cursor_.behind != HtmlCursor::endOfPage) {
         PassLineEnd();
     }
     return false;
@@ -71,21 +76,10 @@ void HtmlScanner::PassLineEnd()
     }
 }
 
-/** The character there, or `behind_` at the end. */
-int HtmlScanner::At(qsizetype index) const
-{
-    return index < text_.size() ? text_[index].unicode() : behind_;
-}
-
-bool HtmlScanner::HasWord(qsizetype at, QLatin1String word) const
-{
-    return text_.size() - at >= word.size() && IsName(text_.sliced(at, word.size()), word);
-}
-
 bool HtmlScanner::Emit(HtmlPartKind kind, qsizetype length, HtmlMode next)
 {
-    part_ = { .place = { at_, length }, .kind = kind };
-    at_ += length;
+    part_ = { .place = { cursor_.at, length }, .kind = kind };
+    cursor_.at += length;
     state_.mode = next;
     return true;
 }
@@ -100,7 +94,7 @@ bool HtmlScanner::EmitError(HtmlPartKind kind, qsizetype length, HtmlMode next)
 /** Makes a text of what stands before `end`, without a change of mode. */
 bool HtmlScanner::EmitText(HtmlContent content, qsizetype end)
 {
-    (void)Emit(HtmlPartKind::Text, end - at_, state_.mode);
+    (void)Emit(HtmlPartKind::Text, end - cursor_.at, state_.mode);
     part_.content = content;
     return true;
 }
@@ -108,33 +102,26 @@ bool HtmlScanner::EmitText(HtmlContent content, qsizetype end)
 /** Makes a part of the text up to `end`, and when there is none, of what closes it. */
 bool HtmlScanner::ReadUpTo(HtmlPartKind kind, qsizetype end, HtmlPartKind closing, qsizetype closingLength)
 {
-    return end > at_ ? Emit(kind, end - at_, state_.mode) : Emit(closing, closingLength, HtmlMode::Data);
-}
-
-/** Whether a "<" begins markup, by what is behind it. */
-bool HtmlScanner::StartsMarkup(qsizetype behindAngle) const
-{
-    const int first = At(behindAngle);
-    const bool isEndTag = first == '/' && At(behindAngle + 1) != endOfPage;
-    return IsAsciiLetter(first) || isEndTag || first == '!' || first == '?';
+    return end > cursor_.at ? Emit(kind, end - cursor_.at, state_.mode)
+                            : Emit(closing, closingLength, HtmlMode::Data);
 }
 
 bool HtmlScanner::ReadData()
 {
-    qsizetype angle = text_.indexOf(u'<', at_);
-    while (angle >= 0 && !StartsMarkup(angle + 1)) {
-        angle = text_.indexOf(u'<', angle + 1);
+    qsizetype angle = cursor_.Find(u'<');
+    while (angle < cursor_.text.size() && !StartsMarkup(cursor_, angle + 1)) {
+        angle = cursor_.Find(u'<', angle + 1);
     }
-    if (angle == at_) {
+    if (angle == cursor_.at) {
         return ReadMarkup();
     }
-    return Emit(HtmlPartKind::Text, OrEnd(angle) - at_, HtmlMode::Data);
+    return Emit(HtmlPartKind::Text, angle - cursor_.at, HtmlMode::Data);
 }
 
 /** What a "<" begins that StartsMarkup(). */
 bool HtmlScanner::ReadMarkup()
 {
-    switch (At(at_ + 1)) {
+    switch (cursor_.At(cursor_.at + 1)) {
     case '!':
         return ReadDeclaration();
     case '?':
@@ -150,7 +137,7 @@ bool HtmlScanner::ReadMarkup()
 bool HtmlScanner::ReadEndTagOpen()
 {
     constexpr qsizetype length = 2;
-    const int first = At(at_ + length);
+    const int first = cursor_.At(cursor_.at + length);
     if (!IsAsciiLetter(first) && first != '>') {
         return EmitError(HtmlPartKind::CommentOpen, length, HtmlMode::BogusComment);
     }
@@ -162,13 +149,13 @@ bool HtmlScanner::ReadEndTagOpen()
 bool HtmlScanner::ReadDeclaration()
 {
     constexpr qsizetype bogusLength = 2;
-    if (HasWord(at_, commentOpen)) {
+    if (cursor_.HasWord(cursor_.at, commentOpen)) {
         return Emit(HtmlPartKind::CommentOpen, commentOpen.size(), HtmlMode::CommentStart);
     }
-    if (HasWord(at_, doctypeOpen)) {
+    if (cursor_.HasWord(cursor_.at, doctypeOpen)) {
         return Emit(HtmlPartKind::DoctypeOpen, doctypeOpen.size(), HtmlMode::Doctype);
     }
-    if (state_.foreign.IsForeign() && text_.sliced(at_).startsWith(cdataOpen)) {
+    if (state_.foreign.IsForeign() && cursor_.Rest().startsWith(cdataOpen)) {
         return Emit(HtmlPartKind::CDataOpen, cdataOpen.size(), HtmlMode::CData);
     }
     return EmitError(HtmlPartKind::CommentOpen, bogusLength, HtmlMode::BogusComment);
@@ -176,14 +163,15 @@ bool HtmlScanner::ReadDeclaration()
 
 bool HtmlScanner::ReadCData()
 {
-    const qsizetype end = Find(u"]]>");
-    return end > at_ ? EmitText(HtmlContent::CData, end) : Emit(HtmlPartKind::CDataClose, 3, HtmlMode::Data);
+    const qsizetype end = cursor_.Find(u"]]>");
+    return end > cursor_.at ? EmitText(HtmlContent::CData, end)
+                            : Emit(HtmlPartKind::CDataClose, 3, HtmlMode::Data);
 }
 
 bool HtmlScanner::ReadCommentStart()
 {
-    const qsizetype dash = At(at_) == '-' ? 1 : 0;
-    if (At(at_ + dash) == '>') {
+    const qsizetype dash = cursor_.At(cursor_.at) == '-' ? 1 : 0;
+    if (cursor_.At(cursor_.at + dash) == '>') {
         return EmitError(HtmlPartKind::CommentClose, dash + 1, HtmlMode::Data);
     }
     state_.mode = HtmlMode::Comment;
@@ -193,25 +181,25 @@ bool HtmlScanner::ReadCommentStart()
 /** A comment ends at "-->", and at "--!>" as well. */
 bool HtmlScanner::ReadComment()
 {
-    qsizetype end = Find(u"--");
-    while (end < text_.size()) {
-        const qsizetype bang = At(end + 2) == '!' ? 1 : 0;
-        if (At(end + 2 + bang) == '>') {
+    qsizetype end = cursor_.Find(u"--");
+    while (end < cursor_.text.size()) {
+        const qsizetype bang = cursor_.At(end + 2) == '!' ? 1 : 0;
+        if (cursor_.At(end + 2 + bang) == '>') {
             break;
         }
-        end = OrEnd(text_.indexOf(u"--", end + 1));
+        end = cursor_.Find(u"--", end + 1);
     }
-    const qsizetype closing = At(end + 2) == '!' ? 4 : 3;
+    const qsizetype closing = cursor_.At(end + 2) == '!' ? 4 : 3;
     return ReadUpTo(HtmlPartKind::Comment, end, HtmlPartKind::CommentClose, closing);
 }
 
 bool HtmlScanner::ReadBogusComment()
 {
-    return ReadUpTo(HtmlPartKind::Comment, Find(u'>'), HtmlPartKind::CommentClose, 1);
+    return ReadUpTo(HtmlPartKind::Comment, cursor_.Find(u'>'), HtmlPartKind::CommentClose, 1);
 }
 
 /** Nothing in it hides its end, not even quotes. */
 bool HtmlScanner::ReadDoctype()
 {
-    return ReadUpTo(HtmlPartKind::Doctype, Find(u'>'), HtmlPartKind::DoctypeClose, 1);
+    return ReadUpTo(HtmlPartKind::Doctype, cursor_.Find(u'>'), HtmlPartKind::DoctypeClose, 1);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "html/ForeignNesting.h"
+#include "html/HtmlCursor.h"
 #include "html/HtmlPart.h"
 
 /** Where the scanner stands: the states of the HTML standard's tokenizer, less those that one look ahead
@@ -42,12 +43,6 @@ struct HtmlState
 // One is kept for every line of a document.
 static_assert(sizeof(HtmlState) == 16);
 
-/** What the end of a text is. */
-enum class HtmlEnd {
-    OfPage,
-    OfLine ///< a line end follows, which is not in the text
-};
-
 /**
  * Takes HTML to pieces as the tokenizer of the HTML standard (html.spec.whatwg.org) does, one part after the
  * other, in one pass, and without a copy of the text. Nothing is ever wrong: every text has its parts, all in
@@ -55,8 +50,7 @@ enum class HtmlEnd {
  *
  * A text may be read line by line: give the state behind one to the scanner of the next. The parts are then
  * those of the whole text, cut at the line ends. The line end that is taken to follow changes nothing behind
- * a blank or a
- * ">", so a long line may be cut there too.
+ * a blank or a ">", so a long line may be cut there too.
  */
 class HtmlScanner
 {
@@ -74,7 +68,7 @@ private:
     using Step = bool (HtmlScanner::*)();
     static Step StepOf(HtmlMode mode);
 
-    // Each goes on from at_: true when that made a part, false when it made only another mode.
+    // Each goes on from the cursor: true when that made a part, false when it made only another mode.
     bool ReadData();
     bool ReadMarkup();
     bool ReadEndTagOpen();
@@ -97,36 +91,17 @@ private:
     bool ReadUnquotedValue();
     bool ReadQuotedValue();
     bool ReadAfterQuotedValue();
-    bool ReadSelfClosed();
 
     bool ReadUpTo(HtmlPartKind kind, qsizetype end, HtmlPartKind closing, qsizetype closingLength);
     bool ReadTextUpTo(qsizetype end);
     bool CloseTag();
-    void PassSpaces();
-
-    qsizetype ScriptEnd();
-    [[nodiscard]] bool IsScriptEnd(qsizetype at) const;
-    qsizetype PassScript(qsizetype at);
-    qsizetype PassEscapedScript(qsizetype at);
-    qsizetype PassDashes(qsizetype at);
 
     bool Emit(HtmlPartKind kind, qsizetype length, HtmlMode next);
     bool EmitError(HtmlPartKind kind, qsizetype length, HtmlMode next);
     bool EmitText(HtmlContent content, qsizetype end);
     void PassLineEnd();
 
-    [[nodiscard]] int At(qsizetype index) const;
-    [[nodiscard]] bool StartsMarkup(qsizetype behindAngle) const;
-    [[nodiscard]] bool HasWord(qsizetype at, QLatin1String word) const;
-    [[nodiscard]] bool IsEndTagAt(qsizetype at, QLatin1String name) const;
-    // Where that begins next, or the end of the text.
-    [[nodiscard]] qsizetype Find(QChar what) const { return OrEnd(text_.indexOf(what, at_)); }
-    [[nodiscard]] qsizetype Find(QStringView what) const { return OrEnd(text_.indexOf(what, at_)); }
-    [[nodiscard]] qsizetype OrEnd(qsizetype found) const { return found < 0 ? text_.size() : found; }
-
-    QStringView text_;
+    HtmlCursor cursor_;
     HtmlState state_;
-    int behind_; ///< what At() is behind the text
-    qsizetype at_ = 0;
     HtmlPart part_;
 };

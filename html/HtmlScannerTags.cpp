@@ -69,8 +69,8 @@ HtmlMode ModeOf(HtmlContent content)
 
 bool HtmlScanner::ReadTagName()
 {
-    const qsizetype length = LengthBefore(text_.sliced(at_), EndsTagName);
-    state_.tag = TagOf(text_.sliced(at_, length));
+    const qsizetype length = LengthBefore(cursor_.Rest(), EndsTagName);
+    state_.tag = TagOf(cursor_.text.sliced(cursor_.at, length));
     state_.isHtmlFont = false;
     return Emit(HtmlPartKind::TagName, length, HtmlMode::InTag);
 }
@@ -83,42 +83,30 @@ bool HtmlScanner::ReadTextEndTagName()
     return Emit(HtmlPartKind::TagName, length, HtmlMode::InTag);
 }
 
-void HtmlScanner::PassSpaces()
-{
-    while (at_ < text_.size() && IsHtmlSpace(text_[at_].unicode())) {
-        ++at_;
-    }
-}
-
 bool HtmlScanner::ReadInTag()
 {
-    PassSpaces();
-    switch (At(at_)) {
+    cursor_.PassSpaces();
+    switch (cursor_.At(cursor_.at)) {
     case '/':
         return ReadSlash();
     case '>':
         return CloseTag();
     default:
-        return at_ < text_.size() && ReadAttributeName();
+        return !cursor_.IsAtEnd() && ReadAttributeName();
     }
 }
 
 bool HtmlScanner::ReadSlash()
 {
-    return At(at_ + 1) == '>' ? Emit(HtmlPartKind::SelfClosing, 1, HtmlMode::SelfClosed)
-                              : EmitError(HtmlPartKind::StraySlash, 1, HtmlMode::InTag);
-}
-
-bool HtmlScanner::ReadSelfClosed()
-{
-    return CloseTag();
+    return cursor_.At(cursor_.at + 1) == '>' ? Emit(HtmlPartKind::SelfClosing, 1, HtmlMode::SelfClosed)
+                                             : EmitError(HtmlPartKind::StraySlash, 1, HtmlMode::InTag);
 }
 
 bool HtmlScanner::ReadAttributeName()
 {
     // A "=" in front is taken for a part of the name.
-    const qsizetype length = 1 + LengthBefore(text_.sliced(at_ + 1), EndsAttributeName);
-    const QStringView name = text_.sliced(at_, length);
+    const qsizetype length = 1 + LengthBefore(cursor_.text.sliced(cursor_.at + 1), EndsAttributeName);
+    const QStringView name = cursor_.text.sliced(cursor_.at, length);
     state_.isHtmlFont = state_.isHtmlFont || (state_.tag == HtmlTag::Font && IsFontAttribute(name));
     (void)Emit(HtmlPartKind::AttributeName, length, HtmlMode::AfterAttributeName);
     part_.isError = name.front() == u'=' || std::ranges::any_of(name, IsOddInName);
@@ -127,11 +115,11 @@ bool HtmlScanner::ReadAttributeName()
 
 bool HtmlScanner::ReadAfterAttributeName()
 {
-    PassSpaces();
-    if (At(at_) == '=') {
+    cursor_.PassSpaces();
+    if (cursor_.At(cursor_.at) == '=') {
         return Emit(HtmlPartKind::Equals, 1, HtmlMode::BeforeValue);
     }
-    if (at_ < text_.size()) {
+    if (!cursor_.IsAtEnd()) {
         state_.mode = HtmlMode::InTag;
     }
     return false;
@@ -139,11 +127,11 @@ bool HtmlScanner::ReadAfterAttributeName()
 
 bool HtmlScanner::ReadBeforeValue()
 {
-    PassSpaces();
-    if (at_ == text_.size()) {
+    cursor_.PassSpaces();
+    if (cursor_.IsAtEnd()) {
         return false;
     }
-    switch (At(at_)) {
+    switch (cursor_.At(cursor_.at)) {
     case '"':
         return Emit(HtmlPartKind::OpeningQuote, 1, HtmlMode::DoubleQuotedValue);
     case '\'':
@@ -159,23 +147,23 @@ bool HtmlScanner::ReadBeforeValue()
 
 bool HtmlScanner::ReadUnquotedValue()
 {
-    const qsizetype length = LengthBefore(text_.sliced(at_), EndsUnquotedValue);
+    const qsizetype length = LengthBefore(cursor_.Rest(), EndsUnquotedValue);
     (void)Emit(HtmlPartKind::AttributeValue, length, HtmlMode::InTag);
-    part_.isError = std::ranges::any_of(part_.place.In(text_), IsOddInValue);
+    part_.isError = std::ranges::any_of(part_.place.In(cursor_.text), IsOddInValue);
     return true;
 }
 
 bool HtmlScanner::ReadQuotedValue()
 {
-    const qsizetype end = Find(state_.mode == HtmlMode::DoubleQuotedValue ? u'"' : u'\'');
-    return end > at_ ? Emit(HtmlPartKind::AttributeValue, end - at_, state_.mode)
-                     : Emit(HtmlPartKind::ClosingQuote, 1, HtmlMode::AfterQuotedValue);
+    const qsizetype end = cursor_.Find(state_.mode == HtmlMode::DoubleQuotedValue ? u'"' : u'\'');
+    return end > cursor_.at ? Emit(HtmlPartKind::AttributeValue, end - cursor_.at, state_.mode)
+                            : Emit(HtmlPartKind::ClosingQuote, 1, HtmlMode::AfterQuotedValue);
 }
 
 bool HtmlScanner::ReadAfterQuotedValue()
 {
     state_.mode = HtmlMode::InTag;
-    if (IsHtmlSpace(At(at_)) || !ReadInTag()) {
+    if (IsHtmlSpace(cursor_.At(cursor_.at)) || !ReadInTag()) {
         return false;
     }
     // An attribute should have a blank in front.
