@@ -90,7 +90,7 @@ void frmImageMap::CreateAreaParts()
         { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_,
           imgMap_.Remembered, begin },
         map_, *zoom_);
-    areaTab_ = new AreaTab(areaCommands_->Editing(), begin, ui_->SSTab1);
+    areaTab_ = new AreaTab(imgMap_, areaCommands_->Editing(), begin, ui_->SSTab1);
     areaTab_->setObjectName(QStringLiteral("tabArea"));
     ui_->SSTab1->addTab(areaTab_, QStringLiteral("Area"));
     connect(areaCommands_, &AreaCommands::ToolTaken, this, &frmImageMap::AreaCommands_ToolTaken);
