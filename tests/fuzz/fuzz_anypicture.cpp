@@ -4,6 +4,8 @@
 #include "InputFile.h"
 #include "imagemap/picture/AnyPicture.h"
 
+#include <QGuiApplication>
+
 namespace {
 
 void IgnoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
@@ -14,6 +16,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     static const QtMessageHandler messages = qInstallMessageHandler(IgnoreMessage);
     Q_UNUSED(messages);
+    // Text in a drawing asks for fonts.
+    static int count = 1;
+    static char name[] = "fuzz_anypicture";
+    static char* arguments[] = { name, nullptr };
+    static const auto* const application = new QGuiApplication(count, arguments);
+    Q_UNUSED(application);
 
     const int limit = QImageReader::allocationLimit();
     const InputFile file(BytesOf(data, size));
