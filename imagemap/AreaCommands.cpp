@@ -3,9 +3,11 @@
 #include "imagemap/AreaClipboard.h"
 #include "imagemap/AreaList.h"
 #include "imagemap/AreaListModel.h"
+#include "imagemap/PictureCommands.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/ZoomControls.h"
 
+#include <QClipboard>
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QMainWindow>
@@ -62,6 +64,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     connect(&zoom_, &ZoomControls::FittingChanged, this, [this] {
         commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
     });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &AreaCommands::EnableCommands);
     RecallSettings();
     EnableCommands();
 }
@@ -113,6 +116,13 @@ void AreaCommands::BeginPicture(QSize size)
     selection_.Clear();
     zoom_.BeginPicture();
     EnableCommands();
+    ShowAll();
+}
+
+void AreaCommands::RenewPicture(QSize size)
+{
+    picture_ = size;
+    editing_.SetPictureSize(size);
     ShowAll();
 }
 
@@ -205,7 +215,7 @@ void AreaCommands::Paste()
     Change([this] {
         const MapAreas areas = AreasOnClipboard();
         if (areas.isEmpty()) {
-            Q_EMIT HintGiven(QStringLiteral("There are no areas on the clipboard"));
+            Q_EMIT OtherPasted();
             return;
         }
         ChooseSelect();
@@ -304,6 +314,7 @@ void AreaCommands::EnableCommands()
     commands_.Enable(Need::Areas, hasPicture && !map_.Areas().isEmpty());
     commands_.Enable(Need::Selection, hasPicture && !selection_.Numbers().isEmpty());
     commands_.Enable(Need::Several, hasPicture && selection_.Numbers().size() > 1);
+    commands_.Enable(Need::Paste, hasPicture || HasPictureOnClipboard());
     commands_.Enable(Need::Undo, history.CanUndo());
     commands_.Enable(Need::Redo, history.CanRedo());
     Entry("mnuAUndo")->setText(QString(u"&Undo " + history.UndoName()).trimmed());

@@ -26,7 +26,7 @@ class AreaCommands final : public QObject
 
 public:
     /** What a command needs to be enabled. */
-    enum class Need { Nothing, Picture, Areas, Selection, Several, Undo, Redo };
+    enum class Need { Nothing, Picture, Areas, Selection, Several, Undo, Redo, Paste };
     /** What is switched on and off. */
     enum class Mark { Select, Try, Fit, Areas, Snap, Guides };
     using Command = CommandRow<AreaCommands, Need, Mark>;
@@ -63,6 +63,9 @@ public:
     /** Another picture is shown, or none. */
     void BeginPicture(QSize size);
 
+    /** The picture is another one, and the map stays. */
+    void RenewPicture(QSize size);
+
     void ChooseSelect();
     void TryTheMap();
     void Undo();
@@ -94,6 +97,8 @@ Q_SIGNALS:
     void ToolTaken();
     /** Something to be told in the status bar. */
     void HintGiven(const QString& hint);
+    /** There are no areas to be pasted; something else may be on the clipboard. */
+    void OtherPasted();
     /** The link of the selected area is to be edited. */
     void EditAsked();
 

@@ -33,7 +33,7 @@ constexpr auto areaRows = std::to_array<AreaRow>({
       "Ctrl+V",
       &AreaCommands::Paste,
       { 8, "Paste", "paste" },
-      AreaNeed::Picture },
+      AreaNeed::Paste },
     { Entry,
       "mnuADuplicate",
       "D&uplicate",

@@ -30,7 +30,7 @@ template<class Value> Value Common(const MapAreas& areas, Value MapArea::*member
 
 } // namespace
 
-AreaTab::AreaTab(AreaEditing& editing, std::function<bool()> begin, QWidget* parent)
+AreaTab::AreaTab(const ImgMap& imgMap, AreaEditing& editing, std::function<bool()> begin, QWidget* parent)
     : QWidget(parent)
     , editing_(editing)
     , begin_(std::move(begin))
@@ -41,10 +41,11 @@ AreaTab::AreaTab(AreaEditing& editing, std::function<bool()> begin, QWidget* par
     for (const AreaShapeName& shape : areaShapeNames) {
         ui_->cmbAreaShape->addItem(shape.name.toString());
     }
+    ui_->cmbAreaLink->Offer(imgMap);
     NameParts(ui_->cmbAreaLink);
     NameParts(ui_->cmbAreaTarget);
     ui_->cmbAreaShape->view()->setAccessibleName(ui_->cmbAreaShape->accessibleName());
-    for (QComboBox* const box : { ui_->cmbAreaLink, ui_->cmbAreaTarget }) {
+    for (QComboBox* const box : std::initializer_list<QComboBox*>{ ui_->cmbAreaLink, ui_->cmbAreaTarget }) {
         box->setCompleter(nullptr);
     }
     connect(ui_->cmbAreaShape, &QComboBox::activated, this, &AreaTab::cmbAreaShape_Chosen);

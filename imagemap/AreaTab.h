@@ -9,7 +9,7 @@
 namespace Ui {
 class AreaTab;
 }
-class QComboBox;
+struct ImgMap;
 
 /** The tab for the selected areas: what is changed here changes all of them, as one step of undo a field. */
 class AreaTab final : public QWidget
@@ -17,8 +17,9 @@ class AreaTab final : public QWidget
     Q_OBJECT
 
 public:
-    /** `editing` must live as long. */
-    AreaTab(AreaEditing& editing, std::function<bool()> begin, QWidget* parent = nullptr);
+    /** `imgMap`, whose saved links are offered, and `editing` must live as long. */
+    AreaTab(
+        const ImgMap& imgMap, AreaEditing& editing, std::function<bool()> begin, QWidget* parent = nullptr);
     ~AreaTab() override;
 
     /** Gives the keys to the field of the text for screen readers. */

@@ -74,6 +74,14 @@ void PicturePane::SetPicture(const QImage& picture)
     UpdateScrollBars();
 }
 
+void PicturePane::RenewPicture(const QImage& picture)
+{
+    const QPoint place(ui_->HScroll1->value(), ui_->VScroll1->value());
+    SetPicture(picture);
+    ui_->HScroll1->setValue(place.x());
+    ui_->VScroll1->setValue(place.y());
+}
+
 bool PicturePane::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isOnPicture = watched == ui_->PictureDisplay;

@@ -31,6 +31,9 @@ public:
     /** Shows `picture`, without figures, from its top left corner; a null picture leaves the pane empty. */
     void SetPicture(const QImage& picture);
 
+    /** Shows `picture`, without figures, in place of the other one, as large and at the same place. */
+    void RenewPicture(const QImage& picture);
+
     /** Shows the picture `zoom` times as large, within the limits; what is at `place` of the view stays
      * there, or what is in its middle. */
     void SetZoom(double zoom);

@@ -4,6 +4,7 @@
 #include "imagemap/AreaListModel.h"
 #include "imagemap/AreaTab.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/PictureCommands.h"
 #include "imagemap/TodayInsert.h"
 #include "imagemap/ZoomControls.h"
 #include "imagemap/drawing/KeyedDrawing.h"
@@ -90,7 +91,7 @@ void frmImageMap::CreateAreaParts()
         { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_,
           imgMap_.Remembered, begin },
         map_, *zoom_);
-    areaTab_ = new AreaTab(areaCommands_->Editing(), begin, ui_->SSTab1);
+    areaTab_ = new AreaTab(imgMap_, areaCommands_->Editing(), begin, ui_->SSTab1);
     areaTab_->setObjectName(QStringLiteral("tabArea"));
     ui_->SSTab1->addTab(areaTab_, QStringLiteral("Area"));
     connect(areaCommands_, &AreaCommands::ToolTaken, this, &frmImageMap::AreaCommands_ToolTaken);
@@ -99,6 +100,7 @@ void frmImageMap::CreateAreaParts()
     });
     connect(areaCommands_, &AreaCommands::EditAsked, this, &frmImageMap::EditSelectedArea);
     connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
+    CreatePictureCommands();
 }
 
 bool frmImageMap::BeginCommand()
@@ -333,7 +335,11 @@ void frmImageMap::ShowHint()
                                    .isInProgress = map_.IsDrawingInProgress(),
                                    .drawState = map_.Figures().DrawState,
                                    .tool = protocol_->Tool() };
-    panels_->ShowHint(areaCommands_->HasTool() ? areaCommands_->Hint() : DrawingHint(moment));
+    if (pictures_->IsChanged() && !moment.isInProgress) {
+        panels_->ShowHint(changedPictureHint, [this] { pictures_->LoadAnew(); });
+    } else {
+        panels_->ShowHint(areaCommands_->HasTool() ? areaCommands_->Hint() : DrawingHint(moment));
+    }
     // Where nothing is drawn the key is left to whoever has the focus.
     escape_->setEnabled(moment.isInProgress && !isMessagePending_);
 }

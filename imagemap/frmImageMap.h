@@ -18,6 +18,7 @@ class AreaTab;
 class EditorPanels;
 class HelpViewer;
 class KeyedDrawing;
+class PictureCommands;
 class QShortcut;
 class ZoomControls;
 class frmIMLink;
@@ -79,7 +80,11 @@ private:
     [[nodiscard]] static std::span<const Command> Commands();
     void CreateKeys();
     void CreateAreaParts();
-    void ShowPicture(const QString& path);
+    void CreatePictureCommands();
+    void ShowPicture(const QString& path, const QImage& picture);
+    void ShowPictureFile(const QString& path);
+    void ShowPictureSize();
+    void Pictures_Renewed(const QImage& picture);
     /** Gives up what is being drawn for another command; false while the mouse is asking for a dialog. */
     [[nodiscard]] bool BeginCommand();
     void AreaCommands_ToolTaken();
@@ -110,6 +115,7 @@ private:
     std::unique_ptr<KeyedDrawing> drawing_;
     ZoomControls* zoom_ = nullptr;
     AreaCommands* areaCommands_ = nullptr;
+    PictureCommands* pictures_ = nullptr;
     AreaTab* areaTab_ = nullptr;
     QShortcut* escape_ = nullptr;
     QPointer<frmIMLink> linkDialog_;

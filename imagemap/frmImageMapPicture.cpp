@@ -2,6 +2,7 @@
 
 #include "imagemap/AreaCommands.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/PictureCommands.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/picture/PictureFile.h"
 #include "shared/Paths.h"
@@ -26,29 +27,74 @@ void frmImageMap::OpenImage()
         map_.SetPicture(*path);
     }
     ShowHourglass();
-    ShowPicture(*path);
+    // The old picture makes room before the new one is read.
+    ui_->picturePane->SetPicture({});
+    ShowPicture(*path, LoadPicture(*path));
     ShowDefaultPointer();
 }
 
-void frmImageMap::ShowPicture(const QString& path)
+void frmImageMap::CreatePictureCommands()
 {
-    PicturePane& pane = *ui_->picturePane;
-    // The old picture makes room before the new one is read.
-    pane.SetPicture({});
-    pane.SetPicture(LoadPicture(path));
-    ui_->lblWidthPic->setText(QString::number(pane.Surface().PictureWidth()));
-    ui_->lblHeightPic->setText(QString::number(pane.Surface().PictureHeight()));
-    ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
-    ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
-    panels_->ShowPictureName(FileNameOnly(path));
-    imgMap_.ImageUrl = path;
-    PathToFileUrl(imgMap_.ImageUrl);
+    auto* const view = ui_->MenuBar1->findChild<QMenu*>(QStringLiteral("mnuView"));
+    pictures_ = new PictureCommands({ *this, *view, map_, document_, imgMap_,
+                                      [this] { return BeginCommand(); }, [this] { return DiscardMap(); } });
+    connect(areaCommands_, &AreaCommands::OtherPasted, this, [this] {
+        if (!pictures_->Paste()) {
+            panels_->ShowHint(u"There are no areas on the clipboard");
+        }
+    });
+    connect(pictures_, &PictureCommands::Opened, this, &frmImageMap::ShowPicture);
+    connect(pictures_, &PictureCommands::Renewed, this, &frmImageMap::Pictures_Renewed);
+    connect(pictures_, &PictureCommands::Moved, this, &frmImageMap::ShowPictureFile);
+    connect(pictures_, &PictureCommands::Changed, this, &frmImageMap::ShowHint);
+    connect(
+        pictures_, &PictureCommands::OfferMade, this,
+        [this](const QString& hint, const std::function<void()>& act) { panels_->ShowHint(hint, act); });
+}
+
+void frmImageMap::ShowPicture(const QString& path, const QImage& picture)
+{
+    PictureSurface& surface = ui_->picturePane->Surface();
+    ui_->picturePane->SetPicture(picture);
+    ShowPictureSize();
+    ShowPictureFile(path);
     ui_->Check1->setEnabled(true);
     commands_.Enable(frmImageMap::Need::Picture, true);
-    areaCommands_->BeginPicture({ pane.Surface().PictureWidth(), pane.Surface().PictureHeight() });
+    areaCommands_->BeginPicture({ surface.PictureWidth(), surface.PictureHeight() });
     if (protocol_->Tool() == DrawingTool::Cursor) {
         protocol_->SelectTool(DrawingTool::Cursor);
     }
+    ShowHint();
+}
+
+void frmImageMap::ShowPictureSize()
+{
+    const PictureSurface& surface = ui_->picturePane->Surface();
+    ui_->lblWidthPic->setText(QString::number(surface.PictureWidth()));
+    ui_->lblHeightPic->setText(QString::number(surface.PictureHeight()));
+    ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
+    ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
+}
+
+void frmImageMap::ShowPictureFile(const QString& path)
+{
+    panels_->ShowPictureName(FileNameOnly(path));
+    imgMap_.ImageUrl = path;
+    PathToFileUrl(imgMap_.ImageUrl);
+    pictures_->Watch(path);
+}
+
+void frmImageMap::Pictures_Renewed(const QImage& picture)
+{
+    const PictureSurface& surface = ui_->picturePane->Surface();
+    const QSize before(surface.PictureWidth(), surface.PictureHeight());
+    ui_->picturePane->RenewPicture(picture);
+    // What was typed for a picture of this size still fits.
+    if (picture.size() != before) {
+        ShowPictureSize();
+    }
+    areaCommands_->RenewPicture(picture.size());
+    display_->ShowFigures();
     ShowHint();
 }
 
@@ -56,7 +102,8 @@ void frmImageMap::Map_PictureChanged()
 {
     const QString path = map_.Picture();
     ShowHourglass();
-    ShowPicture(path);
+    ui_->picturePane->SetPicture({});
+    ShowPicture(path, ReadAnyPicture(path).Picture);
     display_->ShowFigures();
     ShowDefaultPointer();
     if (!path.isEmpty() && ui_->picturePane->Surface().PictureWidth() == 0) {

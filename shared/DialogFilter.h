@@ -8,6 +8,9 @@ inline constexpr QStringView documentFilter =
     u"|Text Files(*.txt)|*.txt|All Files(*.*)|*.*";
 inline constexpr QStringView pictureFilter =
     u"JPG and GIF Files(*.jpg;*.gif)|*.jpg;*.gif|JPG Files(*.jpg)|*.jpg|GIF Files(*.Gif)|*.Gif|";
+inline constexpr QStringView otherPictureFilter =
+    u"Pictures|*.jpg;*.jpeg;*.gif;*.png;*.bmp;*.svg;*.webp|All Files(*.*)|*.*";
+inline constexpr QStringView pngFilter = u"PNG Files(*.png)|*.png";
 
 /**
  * The choices of `filter` as Qt's file dialog takes them: each caption, and behind it in brackets the

@@ -1,5 +1,14 @@
 #include "shared/SavedLinks.h"
 
+QStringList SavedLinkAddresses(const ImgMap& imgMap)
+{
+    QStringList addresses;
+    for (std::size_t slot = 1; imgMap.SavedLinkMark[slot]; ++slot) {
+        addresses << imgMap.SavedLinkURL[slot];
+    }
+    return addresses;
+}
+
 bool IsSavedLinksFull(const ImgMap& imgMap)
 {
     return imgMap.SavedLinkMark[mostSavedLinks].has_value();

@@ -2,8 +2,13 @@
 
 #include "shared/ImgMap.h"
 
+#include <QStringList>
+
 /** So many links can be held; the slot behind them stays free. */
 inline constexpr std::size_t mostSavedLinks = ImgMap::savedLinkSlots - 1;
+
+/** The addresses of the saved links, in their order. */
+[[nodiscard]] QStringList SavedLinkAddresses(const ImgMap& imgMap);
 
 /** Whether there is no room for another link. */
 [[nodiscard]] bool IsSavedLinksFull(const ImgMap& imgMap);

@@ -18,5 +18,9 @@ struct DrawingMoment
 /** What to do while the link dialog asks for the figure just drawn. */
 inline constexpr QStringView linkingHint = u"Enter where a click on the area leads";
 
+/** What can be done when the picture's file holds another picture by now. */
+inline constexpr QStringView changedPictureHint =
+    u"The picture was changed on disk: click here to load it anew";
+
 /** Tells where in the page a map is; `line` counts from 1. */
 [[nodiscard]] QString InsertedHint(int line);

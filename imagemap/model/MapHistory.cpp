@@ -31,29 +31,37 @@ bool LooksTheSame(const MapState& a, const MapState& b)
     return isBothOfAreas || HaveSameFigures(LedgerOf(a), LedgerOf(b));
 }
 
+void MapHistory::PackPresent()
+{
+    const PackedState& before = states_[now_ > 0 ? now_ - 1 : now_].state;
+    states_[now_].state = PackedState(present_, before);
+}
+
 void MapHistory::Amend(const MapState& now)
 {
-    if (LooksTheSame(states_[now_].state, now)) {
+    if (LooksTheSame(present_, now)) {
         Replace(now);
     }
 }
 
 void MapHistory::Keep(const MapState& now, const QString& name, const QString& joinKey)
 {
-    if (LooksTheSame(states_[now_].state, now)) {
+    if (LooksTheSame(present_, now)) {
         Replace(now);
         return;
     }
     const bool isJoined = !joinKey.isEmpty() && joinKey == states_[now_].joinKey;
     states_.resize(now_ + 1);
     if (!isJoined) {
-        states_ << Step{ now, name, joinKey };
+        PackPresent();
+        states_ << Step{ {}, name, joinKey };
         ++now_;
+        Replace(now);
         return;
     }
     Replace(now);
     states_[now_].name = name;
-    if (LooksTheSame(states_[now_ - 1].state, now)) {
+    if (LooksTheSame(states_[now_ - 1].state.Unpacked(), now)) {
         // There and back again is no step.
         states_.removeLast();
         --now_;
@@ -64,16 +72,20 @@ void MapHistory::Keep(const MapState& now, const QString& name, const QString& j
 const MapState& MapHistory::Undo()
 {
     EndJoining();
+    PackPresent();
     --now_;
     EndJoining();
-    return states_[now_].state;
+    present_ = states_[now_].state.Unpacked();
+    return present_;
 }
 
 const MapState& MapHistory::Redo()
 {
+    PackPresent();
     ++now_;
     EndJoining();
-    return states_[now_].state;
+    present_ = states_[now_].state.Unpacked();
+    return present_;
 }
 
 QString StepName(QStringView what, qsizetype count)

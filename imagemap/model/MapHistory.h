@@ -1,29 +1,6 @@
 #pragma once
 
-#include "imagemap/model/FigureStore.h"
-#include "imagemap/model/JSMode.h"
-#include "imagemap/model/MapArea.h"
-
-/** A whole map at one moment, while nothing is being drawn. What has not changed is shared between states. */
-struct MapState
-{
-    FigureStore Figures; ///< left empty where it is what drawing the areas would leave
-    bool IsLedgerOfAreas = false;
-    MapAreas Areas;
-    bool AreAreasEdited = false; ///< areas came otherwise than by drawing, or were changed
-    JSMode Mode = JSDisabled;
-    QString ModeDefault;
-    QString MessageHeader;
-    QString Picture; ///< path of the picture's file; empty without one
-
-    bool operator==(const MapState&) const = default;
-};
-
-/** The ledger that belongs to `state`. */
-[[nodiscard]] FigureStore LedgerOf(const MapState& state);
-
-/** Whether a user could not tell the two apart: freed slots of the ledger and labels do not count. */
-[[nodiscard]] bool LooksTheSame(const MapState& a, const MapState& b);
+#include "imagemap/model/PackedState.h"
 
 /**
  * The states that a map went through, from its first one, with the name of the step that led to each. Steps
@@ -40,12 +17,12 @@ public:
     void Amend(const MapState& now);
 
     /** Makes `now` the present state, whatever it was: what a new window begins with. */
-    void Replace(const MapState& now) { states_[now_].state = now; }
+    void Replace(const MapState& now) { present_ = now; }
 
     /** Keeps the present state alone: nothing can be undone or done again. */
     void Forget()
     {
-        states_ = { { states_[now_].state, {}, {} } };
+        states_ = { Step() };
         now_ = 0;
     }
 
@@ -62,20 +39,24 @@ public:
     [[nodiscard]] QString UndoName() const { return CanUndo() ? states_[now_].name : QString(); }
     [[nodiscard]] QString RedoName() const { return CanRedo() ? states_[now_ + 1].name : QString(); }
 
-    /** Goes back, or on, by one step; returns the state to be restored. There must be such a step. */
+    /** Goes back, or on, by one step; returns the state to be restored, which holds until the next change.
+     * There must be such a step. */
     [[nodiscard]] const MapState& Undo();
     [[nodiscard]] const MapState& Redo();
 
 private:
     struct Step
     {
-        MapState state;
-        QString name;    ///< of what led to the state
-        QString joinKey; ///< what may be joined to it
+        PackedState state; ///< of the present step only once it is left
+        QString name;      ///< of what led to the state
+        QString joinKey;   ///< what may be joined to it
     };
+
+    void PackPresent();
 
     QList<Step> states_ = { Step() };
     qsizetype now_ = 0;
+    MapState present_; ///< the state at `now_`
 };
 
 /** What a step is called that did `what` to so many areas: "Move of an Area", "Move of 3 Areas". */

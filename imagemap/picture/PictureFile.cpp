@@ -1,51 +1,17 @@
 #include "imagemap/picture/PictureFile.h"
 
 #include "imagemap/picture/PictureCheck.h"
+#include "imagemap/picture/PictureDecoding.h"
 #include "imagemap/picture/PictureLimits.h"
 
 #include <QBuffer>
 #include <QFile>
-#include <QFileInfo>
-#include <QImageReader>
 #include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <optional>
 
 namespace {
-
-/** No picture within the limit on its pixels needs more, and reading on takes seconds. */
-constexpr qint64 fileBytesAtMost = 512LL * 1024 * 1024;
-
-/**
- * Gives Qt's image readers more memory than their usual 128 MB, which a 40-megapixel photograph exceeds. The
- * limit belongs to the whole process: it is raised for one picture and put back for everything else.
- */
-class RaisedAllocationLimit
-{
-public:
-    RaisedAllocationLimit()
-        : previous_(QImageReader::allocationLimit())
-    {
-        QImageReader::setAllocationLimit(pictureMegabytesAtMost);
-    }
-    ~RaisedAllocationLimit() { QImageReader::setAllocationLimit(previous_); }
-    Q_DISABLE_COPY_MOVE(RaisedAllocationLimit)
-
-private:
-    int previous_;
-};
-
-QImage Decode(QIODevice& device, const QByteArray& format)
-{
-    const RaisedAllocationLimit raised;
-    QImageReader reader(&device, format);
-    reader.setAutoDetectImageFormat(false);
-    reader.setAutoTransform(true);
-    QImage image;
-    // A failing reader may leave half a picture behind, so what it says counts and not what it leaves.
-    return reader.read(&image) ? image : QImage();
-}
 
 /**
  * What a decoder takes for more of a scan that has not ended, and passes over behind one that has: `bits`,
@@ -66,7 +32,7 @@ QByteArray MoreOfAScan(const QByteArray& bits)
 QImage DecodeBytes(QByteArray bytes, const QByteArray& format)
 {
     QBuffer buffer(&bytes);
-    return buffer.open(QIODevice::ReadOnly) ? Decode(buffer, format) : QImage();
+    return buffer.open(QIODevice::ReadOnly) ? DecodePicture(buffer, format) : QImage();
 }
 
 /** Decodes a JPEG that lacks its end mark, and nothing else: more of its last scan would make no difference.
@@ -101,7 +67,7 @@ QImage DecodeWithoutEndMark(QFile& file)
 
 QImage DecodeJpeg(QFile& file, const PictureOutline& outline)
 {
-    QImage image = outline.lacksEndMark ? DecodeWithoutEndMark(file) : Decode(file, "jpeg");
+    QImage image = outline.lacksEndMark ? DecodeWithoutEndMark(file) : DecodePicture(file, "jpeg");
     if (image.size() != outline.size && image.size() != outline.size.transposed()) {
         return {};
     }
@@ -154,7 +120,7 @@ QImage DecodeGif(QFile& file, const PictureOutline& outline)
         if (bytes.isEmpty() || !buffer.open(QIODevice::ReadOnly)) {
             return {};
         }
-        image = Decode(buffer, "gif");
+        image = DecodePicture(buffer, "gif");
     }
     if (image.size() != outline.size || image.depth() != 32) {
         return {};
@@ -168,9 +134,7 @@ QImage DecodeGif(QFile& file, const PictureOutline& outline)
 
 QImage LoadPicture(const QString& path)
 {
-    // Opening a pipe or a device could wait for ever, so the file's kind is asked for first.
-    const QFileInfo info(path);
-    if (!info.isFile() || info.size() == 0 || info.size() > fileBytesAtMost) {
+    if (!MayBePicture(path)) {
         return {};
     }
     QFile file(path);

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void init();
 
     void linksFillTheSlotsFromTheFirst();
+    void addressesStandInTheOrderOfTheSlots();
     void fiftyLinksAreAllThereIsRoomFor();
     void linkLosesItsBlanksOnly_data();
     void linkLosesItsBlanksOnly();
@@ -80,6 +81,17 @@ void tst_savedlinks::linksFillTheSlotsFromTheFirst()
     }
     QCOMPARE(Count(), std::size_t(3));
     QVERIFY(HasNoGaps());
+}
+
+void tst_savedlinks::addressesStandInTheOrderOfTheSlots()
+{
+    QCOMPARE(SavedLinkAddresses(*imgMap_), QStringList());
+    Fill(3);
+    DeleteSavedLink(*imgMap_, 2);
+    QCOMPARE(SavedLinkAddresses(*imgMap_), (QStringList{ UrlNumber(1), UrlNumber(3) }));
+    imgMap_ = std::make_unique<ImgMap>();
+    Fill(mostSavedLinks);
+    QCOMPARE(SavedLinkAddresses(*imgMap_).size(), qsizetype(mostSavedLinks));
 }
 
 void tst_savedlinks::fiftyLinksAreAllThereIsRoomFor()

@@ -1,0 +1,134 @@
+#include "imagemap/picture/AnyPicture.h"
+
+#include "imagemap/picture/OtherPictureCheck.h"
+#include "imagemap/picture/PictureDecoding.h"
+#include "imagemap/picture/PictureFile.h"
+#include "imagemap/picture/PictureLimits.h"
+#include "imagemap/picture/SvgCheck.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr QStringView noFileText = u"The picture is not there, is empty, or is larger than 512 MB !";
+constexpr QStringView unknownText =
+    u"This is no picture in one of the forms JPG, GIF, PNG, BMP, WebP and SVG !";
+constexpr QStringView damagedText = u"The picture is cut off or damaged !";
+constexpr QStringView tooLargeText = u"The picture has more pixels than can be believed !";
+constexpr QStringView noReaderText = u"Pictures of this form cannot be read on this system !";
+
+/** No drawing made by hand or by a program comes near it. */
+constexpr qint64 svgBytesAtMost = 16 * bytesPerMegabyte;
+constexpr qsizetype longestStart = 12;
+
+using Check = std::optional<OtherOutline> (*)(QIODevice&);
+
+/** A form of picture: how its files begin, and how they are checked. */
+struct PictureForm
+{
+    const char* format; ///< its name in Qt
+    bool (*begins)(const QByteArray& start);
+    Check check; ///< none for a text
+};
+
+bool BeginsAsText(const QByteArray& start)
+{
+    const QByteArray text = start.startsWith("\xEF\xBB\xBF") ? start.sliced(3) : start;
+    const bool isWide = start.startsWith("\xFF\xFE<") || start.startsWith(QByteArray("\xFE\xFF\0<", 4));
+    return isWide || text.trimmed().startsWith('<') || text.trimmed().isEmpty();
+}
+
+constexpr std::array<PictureForm, 4> pictureForms = { {
+    { "png", [](const QByteArray& start) { return start.startsWith("\x89PNG\r\n\x1A\n"); }, &CheckPng },
+    { "bmp", [](const QByteArray& start) { return start.startsWith("BM"); }, &CheckBmp },
+    { "webp", [](const QByteArray& start) { return start.startsWith("RIFF") && start.endsWith("WEBP"); },
+      &CheckWebP },
+    { "svg", &BeginsAsText, nullptr },
+} };
+
+PictureReading Failure(QStringView text)
+{
+    return { {}, text.toString() };
+}
+
+/** `picture` as it is shown: its pixels opaque, on white, and its own. */
+PictureReading Shown(QImage picture)
+{
+    if (picture.isNull()) {
+        return Failure(damagedText);
+    }
+    picture.setDevicePixelRatio(1);
+    if (picture.hasAlphaChannel()) {
+        QImage onWhite(picture.size(), QImage::Format_RGB32);
+        onWhite.fill(Qt::white);
+        QPainter(&onWhite).drawImage(0, 0, picture);
+        picture = onWhite;
+    }
+    picture.convertTo(QImage::Format_RGB32);
+    return { picture, {} };
+}
+
+PictureReading ReadDrawing(QFile& file)
+{
+    if (file.size() > svgBytesAtMost) {
+        return Failure(tooLargeText);
+    }
+    const QByteArray text = file.readAll();
+    std::optional<QByteArray> drawing = HarmlessSvg(text);
+    if (!drawing) {
+        return Failure(text.contains("svg") ? damagedText : unknownText);
+    }
+    QBuffer buffer(&*drawing);
+    if (!buffer.open(QIODevice::ReadOnly)) {
+        return Failure(damagedText);
+    }
+    // How much is painted does not show in the length of a drawing.
+    const QSize size = QImageReader(&buffer, "svg").size();
+    if (!size.isEmpty() && !IsCredible(size, 0, 1)) {
+        return Failure(tooLargeText);
+    }
+    buffer.seek(0);
+    return Shown(DecodePicture(buffer, "svg"));
+}
+
+PictureReading ReadPixels(QFile& file, const PictureForm& form)
+{
+    const std::optional<OtherOutline> outline = form.check(file);
+    if (!outline || !file.seek(0)) {
+        return Failure(damagedText);
+    }
+    if (!IsCredible(outline->size, outline->dataBytes, outline->pixelsPerByte)) {
+        return Failure(tooLargeText);
+    }
+    const QImage picture = DecodePicture(file, form.format);
+    return picture.size() == outline->size ? Shown(picture) : Failure(damagedText);
+}
+
+} // namespace
+
+PictureReading ReadAnyPicture(const QString& path, const QByteArrayList& readable)
+{
+    QFile file(path);
+    if (!MayBePicture(path) || !file.open(QIODevice::ReadOnly)) {
+        return Failure(noFileText);
+    }
+    const QByteArray start = file.peek(longestStart);
+    if (start.startsWith("\xFF\xD8\xFF") || start.startsWith("GIF8")) {
+        return Shown(LoadPicture(path));
+    }
+    const auto form =
+        std::find_if(pictureForms.begin(), pictureForms.end(), [&start](const PictureForm& one) {
+            return one.begins(start);
+        });
+    if (form == pictureForms.end()) {
+        return Failure(unknownText);
+    }
+    if (!readable.contains(form->format)) {
+        return Failure(noReaderText);
+    }
+    return form->check != nullptr ? ReadPixels(file, *form) : ReadDrawing(file);
+}

@@ -1,0 +1,341 @@
+#include "PictureFileTest.h"
+#include "imagemap/picture/AnyPicture.h"
+
+#include <QBuffer>
+#include <QPainter>
+
+namespace {
+
+constexpr QStringView damaged = u"The picture is cut off or damaged !";
+constexpr QStringView tooLarge = u"The picture has more pixels than can be believed !";
+constexpr QStringView unknown = u"This is no picture in one of the forms JPG, GIF, PNG, BMP, WebP and SVG !";
+
+/** A picture of 40 by 30 pixels with a corner of each colour. */
+QImage FourCorners()
+{
+    QImage picture(40, 30, QImage::Format_RGB32);
+    QPainter painter(&picture);
+    painter.fillRect(0, 0, 20, 15, uprightCorners[0]);
+    painter.fillRect(20, 0, 20, 15, uprightCorners[1]);
+    painter.fillRect(0, 15, 20, 15, uprightCorners[2]);
+    painter.fillRect(20, 15, 20, 15, uprightCorners[3]);
+    return picture;
+}
+
+/** Whether the Qt of this system has a reader for pictures of that form. */
+bool IsReadable(const char* format)
+{
+    return QImageReader::supportedImageFormats().contains(format);
+}
+
+QByteArray Written(const QImage& picture, const char* format)
+{
+    if (!IsReadable(format)) {
+        return {};
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, format, 100)) {
+        qFatal("cannot write %s", format);
+    }
+    return bytes;
+}
+
+QByteArray Svg(const QByteArray& contents, const QByteArray& size = "width='40' height='30'")
+{
+    return "<?xml version='1.0'?>\n<svg xmlns='http://www.w3.org/2000/svg' "
+           "xmlns:xlink='http://www.w3.org/1999/xlink' " +
+           size + ">" + contents + "</svg>\n";
+}
+
+QByteArray FourCornersSvg()
+{
+    return Svg("<rect width='20' height='15' fill='#f00'/><rect x='20' width='20' height='15' fill='#0f0'/>"
+               "<rect y='15' width='20' height='15' fill='#00f'/>"
+               "<rect x='20' y='15' width='20' height='15' fill='#ff0'/>");
+}
+
+/** Replaces the bytes from `place` on. */
+QByteArray Forged(QByteArray bytes, qsizetype place, const QByteArray& by)
+{
+    return bytes.replace(place, by.size(), by);
+}
+
+/** A BMP of 8 bits a pixel in runs: `rows` rows of four pixels, and the mark of its end. */
+QByteArray RunsBmp(int rows, bool hasEnd)
+{
+    QByteArray palette(256 * 4, '\0');
+    palette.replace(4, 4, QByteArray("\0\0\xFF\0", 4));
+    QByteArray data;
+    for (int i = 0; i < rows; ++i) {
+        data += QByteArray("\4\1\0\0", 4);
+    }
+    data += hasEnd ? QByteArray("\0\1", 2) : QByteArray();
+    const auto number = [](int value) -> QByteArray { return LittleWord(value) + LittleWord(0); };
+    return "BM" + number(0) + number(0) + number(14 + 40 + 1024) + number(40) + number(4) + number(3) +
+           LittleWord(1) + LittleWord(8) + number(1) + number(0) + number(0) + number(0) + number(0) +
+           number(0) + palette + data;
+}
+
+} // namespace
+
+/** Pictures of the forms that only new commands open. */
+class tst_anypicture : public PictureFileTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyFormIsRead_data();
+    void everyFormIsRead();
+    void whatIsCutOffIsTold_data();
+    void whatIsCutOffIsTold();
+    void aClaimIsNotTakenOnTrust_data();
+    void aClaimIsNotTakenOnTrust();
+    void aFormWithoutReaderIsTold();
+    void otherFilesAreToldFromPictures_data();
+    void otherFilesAreToldFromPictures();
+    void noFileIsTold();
+    void whatIsSeenThroughIsWhite_data();
+    void whatIsSeenThroughIsWhite();
+    void runsAreFollowedToTheirEnd();
+    void drawingsFetchNothing();
+    void picturesInADrawingAreShown();
+    void drawingsMayUseEntities();
+    void drawingsDoNotUnfoldOutOfProportion_data();
+    void drawingsDoNotUnfoldOutOfProportion();
+    void theNameGivesNoScale();
+
+private:
+    PictureReading Read(const QByteArray& bytes, const QString& name = QStringLiteral("picture"))
+    {
+        return ReadAnyPicture(Write(bytes, name));
+    }
+};
+
+void tst_anypicture::everyFormIsRead_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    for (const char* const format : { "png", "bmp", "webp", "jpg" }) {
+        AddRow(format, Written(FourCorners(), format));
+    }
+    AddRow("bmp, 4 bits", Written(FourCorners().convertToFormat(QImage::Format_Indexed8), "bmp"));
+    AddRow("png, 16 bits", Written(FourCorners().convertToFormat(QImage::Format_RGBA64), "png"));
+    AddRow("png, palette", Written(FourCorners().convertToFormat(QImage::Format_Indexed8), "png"));
+    AddRow("webp, seen through", Written(FourCorners().convertToFormat(QImage::Format_ARGB32), "webp"));
+    AddRow("svg", FourCornersSvg());
+    AddRow("svg, mark", "\xEF\xBB\xBF" + FourCornersSvg());
+}
+
+void tst_anypicture::everyFormIsRead()
+{
+    QFETCH(const QByteArray, bytes);
+    if (bytes.isEmpty() || (bytes.contains("<svg") && !IsReadable("svg"))) {
+        QSKIP("this system has no reader for it");
+    }
+    const PictureReading reading = Read(bytes);
+    QCOMPARE(reading.Problem, QString());
+    QCOMPARE(reading.Picture.size(), QSize(40, 30));
+    QCOMPARE(reading.Picture.format(), QImage::Format_RGB32);
+    QVERIFY(AreNear(CornersOf(reading.Picture), uprightCorners));
+}
+
+void tst_anypicture::whatIsCutOffIsTold_data()
+{
+    everyFormIsRead_data();
+    AddRow("bmp, runs", RunsBmp(3, true));
+}
+
+void tst_anypicture::whatIsCutOffIsTold()
+{
+    QFETCH(const QByteArray, bytes);
+    // Line ends behind a drawing and the padding of the last chunk are no loss, nor is a JPEG's end mark.
+    constexpr qsizetype noLoss = 3;
+    constexpr qsizetype startLength = 60;
+    constexpr qsizetype step = 9;
+    for (qsizetype length = 0; length < bytes.size() - noLoss; length += length < startLength ? 1 : step) {
+        const PictureReading reading = Read(bytes.first(length));
+        QVERIFY2(reading.Picture.isNull(), qPrintable(QString::number(length)));
+        QVERIFY2(reading.Problem.endsWith(u'!'), qPrintable(QString::number(length)));
+    }
+}
+
+void tst_anypicture::aClaimIsNotTakenOnTrust_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("problem");
+
+    const QByteArray png = Written(FourCorners(), "png");
+    const QByteArray bmp = Written(FourCorners(), "bmp");
+    const QByteArray large("\0\0\xFF\xFF\0\0\xFF\xFF", 8);
+    const QByteArray largest("\x7F\xFF\xFF\xFF\x7F\xFF\xFF\xFF", 8);
+    const QByteArray largestLittle("\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x7F", 8);
+    QTest::newRow("png, large") << Forged(png, 16, large) << tooLarge.toString();
+    QTest::newRow("png, largest") << Forged(png, 16, largest) << tooLarge.toString();
+    QTest::newRow("png, beyond") << Forged(png, 16, QByteArray(8, '\xFF')) << damaged.toString();
+    QTest::newRow("png, no size") << Forged(png, 16, QByteArray(8, '\0')) << damaged.toString();
+    QTest::newRow("png, no such colour") << Forged(png, 25, QByteArray("\1", 1)) << damaged.toString();
+    QTest::newRow("png, wrong checksum")
+        << Forged(png, 16, QByteArray("\0\0\0\x27", 4)) << damaged.toString();
+    QTest::newRow("bmp, largest") << Forged(bmp, 18, largestLittle) << damaged.toString();
+    QTest::newRow("bmp, upside down") << Forged(bmp, 22, QByteArray("\0\0\0\x80", 4)) << damaged.toString();
+    QTest::newRow("bmp, no such form") << Forged(bmp, 30, QByteArray("\5", 1)) << damaged.toString();
+    if (IsReadable("svg")) {
+        QTest::newRow("svg") << Svg("", "width='60000' height='60000'") << tooLarge.toString();
+    }
+}
+
+void tst_anypicture::aClaimIsNotTakenOnTrust()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, problem);
+    const PictureReading reading = Read(bytes);
+    QVERIFY(reading.Picture.isNull());
+    QCOMPARE(reading.Problem, problem);
+}
+
+void tst_anypicture::aFormWithoutReaderIsTold()
+{
+    const QString path = Write(Written(FourCorners(), "bmp"));
+    const PictureReading reading = ReadAnyPicture(path, { "png", "webp", "svg" });
+    QVERIFY(reading.Picture.isNull());
+    QCOMPARE(reading.Problem, "Pictures of this form cannot be read on this system !");
+}
+
+void tst_anypicture::otherFilesAreToldFromPictures_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    AddRow("text", "once upon a time");
+    AddRow("page", "<!DOCTYPE html><html><body>picture</body></html>");
+    AddRow("sound", "RIFF\x10\0\0\0WAVEfmt ");
+    AddRow("noughts", QByteArray(500, '\0'));
+    AddRow("icon", QByteArray("\0\0\1\0\1\0", 6));
+}
+
+void tst_anypicture::otherFilesAreToldFromPictures()
+{
+    QFETCH(const QByteArray, bytes);
+    QCOMPARE(Read(bytes).Problem, unknown.toString());
+}
+
+void tst_anypicture::noFileIsTold()
+{
+    const QString problem = QStringLiteral("The picture is not there, is empty, or is larger than 512 MB !");
+    QCOMPARE(ReadAnyPicture(folder_.filePath("none.png")).Problem, problem);
+    QCOMPARE(ReadAnyPicture(folder_.path()).Problem, problem);
+    QCOMPARE(Read({}).Problem, problem);
+    QCOMPARE(ReadAnyPicture({}).Problem, problem);
+}
+
+void tst_anypicture::whatIsSeenThroughIsWhite_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QImage glass(40, 30, QImage::Format_ARGB32);
+    glass.fill(Qt::transparent);
+    AddRow("png", Written(glass, "png"));
+    AddRow("webp", Written(glass, "webp"));
+    AddRow("svg", Svg(""));
+}
+
+void tst_anypicture::whatIsSeenThroughIsWhite()
+{
+    QFETCH(const QByteArray, bytes);
+    if (bytes.isEmpty() || (bytes.contains("<svg") && !IsReadable("svg"))) {
+        QSKIP("this system has no reader for it");
+    }
+    QImage white(40, 30, QImage::Format_RGB32);
+    white.fill(Qt::white);
+    QCOMPARE(Read(bytes).Picture, white);
+}
+
+void tst_anypicture::runsAreFollowedToTheirEnd()
+{
+    QCOMPARE(Read(RunsBmp(3, true)).Picture.pixelColor(1, 1), QColor(Qt::red));
+    QCOMPARE(Read(RunsBmp(3, false)).Problem, QString());
+    QCOMPARE(Read(RunsBmp(2, false)).Problem, damaged.toString());
+}
+
+void tst_anypicture::drawingsFetchNothing()
+{
+    if (!IsReadable("svg")) {
+        QSKIP("this system has no reader for drawings");
+    }
+    const QByteArray other = Write(Written(FourCorners(), "png"), "other.png").toUtf8();
+    const QByteArray sheet = Write("rect { fill: red }", "sheet.css").toUtf8();
+    QImage white(40, 30, QImage::Format_RGB32);
+    white.fill(Qt::white);
+    QCOMPARE(Read(Svg("<image width='40' height='30' xlink:href='" + other + "'/>")).Picture, white);
+    QCOMPARE(Read(Svg("<image width='40' height='30' xlink:href='file://" + other + "'/>")).Picture, white);
+    const QByteArray styled = Svg("<rect width='40' height='30' fill='#fff'/>");
+    QCOMPARE(
+        Read(
+            "<?xml-stylesheet type='text/css' href='" + sheet + "'?>" + styled.sliced(styled.indexOf("<svg")))
+            .Picture,
+        white);
+    QCOMPARE(Read(Svg("<script>while (true);</script>")).Picture, white);
+}
+
+void tst_anypicture::picturesInADrawingAreShown()
+{
+    if (!IsReadable("svg")) {
+        QSKIP("this system has no reader for drawings");
+    }
+    const QByteArray inside = Written(FourCorners(), "png").toBase64();
+    const PictureReading reading =
+        Read(Svg("<image width='40' height='30' xlink:href='data:image/png;base64," + inside + "'/>"));
+    QVERIFY(AreNear(CornersOf(reading.Picture), uprightCorners));
+}
+
+void tst_anypicture::drawingsMayUseEntities()
+{
+    if (!IsReadable("svg")) {
+        QSKIP("this system has no reader for drawings");
+    }
+    const QByteArray drawing =
+        "<!DOCTYPE svg [<!ENTITY ns 'http://www.w3.org/2000/svg'><!ENTITY red '#f00'>]>"
+        "<svg xmlns='&ns;' width='9' height='7'>"
+        "<rect width='9' height='7' fill='&red;'/></svg>";
+    const PictureReading reading = Read(drawing);
+    QCOMPARE(reading.Problem, QString());
+    QCOMPARE(reading.Picture.pixelColor(4, 3), QColor(Qt::red));
+}
+
+void tst_anypicture::drawingsDoNotUnfoldOutOfProportion_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QByteArray doubled = "<g id='a0'><rect width='1' height='1'/></g>";
+    QByteArray entities = "<!DOCTYPE svg [<!ENTITY e0 'xxxxxxxxxx'>";
+    for (int i = 1; i < 40; ++i) {
+        const QByteArray before = QByteArray::number(i - 1);
+        const QByteArray use = "<use xlink:href='#a" + before + "'/>";
+        doubled += "<g id='a" + QByteArray::number(i) + "'>" + use + use + "</g>";
+        entities += "<!ENTITY e" + QByteArray::number(i) + " '&e" + before + ";&e" + before + ";'>";
+    }
+    AddRow("repeated", Svg(doubled));
+    AddRow("itself", Svg("<g id='a'><use xlink:href='#a'/></g>"));
+    AddRow("entities", entities + "]><svg xmlns='http://www.w3.org/2000/svg'><text>&e39;</text></svg>");
+    AddRow("deep", Svg(QByteArray("<g>").repeated(5000) + QByteArray("</g>").repeated(5000)));
+    AddRow("many", Svg(QByteArray("<g/>").repeated(300'000)));
+}
+
+void tst_anypicture::drawingsDoNotUnfoldOutOfProportion()
+{
+    QFETCH(const QByteArray, bytes);
+    if (!IsReadable("svg")) {
+        QSKIP("this system has no reader for drawings");
+    }
+    QCOMPARE(Read(bytes).Problem, damaged.toString());
+}
+
+void tst_anypicture::theNameGivesNoScale()
+{
+    const PictureReading reading = Read(Written(FourCorners(), "png"), "picture@2x.png");
+    QCOMPARE(reading.Picture.devicePixelRatio(), 1.0);
+    QCOMPARE(reading.Picture.size(), QSize(40, 30));
+}
+
+QTEST_MAIN(tst_anypicture)
+#include "tst_anypicture.moc"
