@@ -31,7 +31,7 @@ QString SpokenName(const MapArea& area, qsizetype number)
 
 } // namespace
 
-AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& zoom)
+AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& zoom, Settings& settings)
     : QObject(&parts.window)
     , parts_(parts)
     , map_(map)
@@ -40,7 +40,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     , select_(editing_, parts_.pane.Surface(), parts_.pane.Surface(), parts_.status)
     , try_(map_, parts_.pane.Surface())
 {
-    CreateMenus();
+    CreateMenus(settings);
     CreateKeys();
     parts_.list.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&parts_.list, &QWidget::customContextMenuRequested, this, &AreaCommands::List_MenuAsked);
@@ -61,43 +61,39 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
             link.isEmpty() ? QStringLiteral("A click here leads nowhere")
                            : QStringLiteral("A click leads to ") + link);
     });
-    connect(&zoom_, &ZoomControls::FittingChanged, this, [this] {
-        commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
-    });
+    connect(view_, &ViewCommands::Switched, this, &AreaCommands::View_Switched);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &AreaCommands::EnableCommands);
-    RecallSettings();
+    View_Switched();
     EnableCommands();
 }
 
 AreaCommands::~AreaCommands() = default;
 
-void AreaCommands::CreateMenus()
+void AreaCommands::CreateMenus(Settings& settings)
 {
     QAction* const help = parts_.menus.actions().constLast();
     commands_.Create(this, &parts_.menus, &parts_.toolbar, Commands());
+    view_ = new ViewCommands(this, { parts_.menus, parts_.toolbar, zoom_, settings, parts_.begin, [this] {
+                                        return BoundsOf(editing_.SelectedAreas());
+                                    } });
     ToggleFlatLook(&parts_.toolbar);
     // Help stays the last one.
     parts_.menus.insertAction(nullptr, help);
 }
 
-QAction* AreaCommands::Entry(const char* name) const
-{
-    return parts_.menus.findChild<QAction*>(QString::fromLatin1(name));
-}
-
 void AreaCommands::CreateKeys()
 {
-    Entry("mnuARedo")
-        ->setShortcuts(
-            { QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z) });
-    Entry("mnuVZoomIn")
-        ->setShortcuts({ QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal) });
+    commands_.EntryOf(&AreaCommands::Redo)
+        .setShortcuts({ QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z) });
     // These are for typing wherever else the focus is.
-    for (const char* const name : { "mnuASelect", "mnuADelete", "mnuAUp", "mnuADown" }) {
-        QAction* const entry = Entry(name);
-        entry->setShortcutContext(Qt::WidgetShortcut);
-        parts_.pane.Surface().addAction(entry);
-        parts_.list.addAction(entry);
+    for (const Procedure<AreaCommands> command :
+         { Procedure(&AreaCommands::ChooseSelect), Procedure(&AreaCommands::Delete),
+           Procedure(&AreaCommands::Reorder<OrderChange::Up>),
+           Procedure(&AreaCommands::Reorder<OrderChange::Down>) }) {
+        QAction& entry = commands_.EntryOf(command);
+        entry.setShortcutContext(Qt::WidgetShortcut);
+        parts_.pane.Surface().addAction(&entry);
+        parts_.list.addAction(&entry);
     }
 }
 
@@ -246,79 +242,29 @@ void AreaCommands::SelectAll()
     });
 }
 
-void AreaCommands::ZoomIn()
+/** What is switched on shows in the tool, in the picture and in the list. */
+void AreaCommands::View_Switched()
 {
-    Change([this] { zoom_.In(); });
-}
-
-void AreaCommands::ZoomOut()
-{
-    Change([this] { zoom_.Out(); });
-}
-
-void AreaCommands::ActualSize()
-{
-    Change([this] { zoom_.ActualSize(); });
-}
-
-void AreaCommands::ToggleFit()
-{
-    Change([this] {
-        zoom_.ToggleFit();
-        parts_.settings.Keep(Setting::fitPicture, zoom_.IsFitting());
-    });
-    ShowSettings();
-}
-
-void AreaCommands::FitSelection()
-{
-    Change([this] { zoom_.FitTo(BoundsOf(editing_.SelectedAreas())); });
-}
-
-void AreaCommands::Toggle(const FlagSetting& setting)
-{
-    Change([this, &setting] { parts_.settings.Keep(setting, !IsOn(setting)); });
-    ShowSettings();
-}
-
-bool AreaCommands::IsOn(const FlagSetting& setting) const
-{
-    return parts_.settings.Value(setting);
-}
-
-void AreaCommands::RecallSettings()
-{
-    if (IsOn(Setting::fitPicture)) {
-        zoom_.ToggleFit();
-    }
-    ShowSettings();
-}
-
-/** Check marks tell what is switched on, and so do the picture and the list. */
-void AreaCommands::ShowSettings()
-{
-    commands_.SetChecked(Mark::Fit, zoom_.IsFitting());
-    commands_.SetChecked(Mark::Areas, IsOn(Setting::showAreas));
-    commands_.SetChecked(Mark::Snap, IsOn(Setting::snap));
-    commands_.SetChecked(Mark::Guides, IsOn(Setting::guides));
-    select_.SetSnapping(IsOn(Setting::snap));
-    select_.ShowGuides(IsOn(Setting::guides));
+    select_.SetSnapping(view_->IsOn(Setting::snap));
+    select_.ShowGuides(view_->IsOn(Setting::guides));
     ShowAreaMarks();
 }
 
 void AreaCommands::EnableCommands()
 {
     const bool hasPicture = !picture_.isEmpty();
+    const bool hasSelection = !selection_.Numbers().isEmpty();
     const MapHistory& history = map_.History();
     commands_.Enable(Need::Picture, hasPicture);
     commands_.Enable(Need::Areas, hasPicture && !map_.Areas().isEmpty());
-    commands_.Enable(Need::Selection, hasPicture && !selection_.Numbers().isEmpty());
+    commands_.Enable(Need::Selection, hasPicture && hasSelection);
+    view_->Enable(hasPicture, hasSelection);
     commands_.Enable(Need::Several, hasPicture && selection_.Numbers().size() > 1);
     commands_.Enable(Need::Paste, hasPicture || HasPictureOnClipboard());
     commands_.Enable(Need::Undo, history.CanUndo());
     commands_.Enable(Need::Redo, history.CanRedo());
-    Entry("mnuAUndo")->setText(QString(u"&Undo " + history.UndoName()).trimmed());
-    Entry("mnuARedo")->setText(QString(u"&Redo " + history.RedoName()).trimmed());
+    commands_.EntryOf(&AreaCommands::Undo).setText(QString(u"&Undo " + history.UndoName()).trimmed());
+    commands_.EntryOf(&AreaCommands::Redo).setText(QString(u"&Redo " + history.RedoName()).trimmed());
 }
 
 /** Shows areas and selection as far as the tool in force does. */
@@ -336,7 +282,7 @@ void AreaCommands::ShowAll()
 
 void AreaCommands::ShowAreaMarks()
 {
-    const bool areAreasShown = IsOn(Setting::showAreas);
+    const bool areAreasShown = view_->IsOn(Setting::showAreas);
     parts_.pane.Surface().ShowAreas(areAreasShown ? map_.Areas() : MapAreas());
     parts_.model.MarkFaults(areAreasShown || HasTool() ? picture_ : QSize());
 }
@@ -394,8 +340,7 @@ void AreaCommands::List_MenuAsked(QPoint place)
 
 void AreaCommands::ShowMenu(QPoint place)
 {
-    auto* const menu = parts_.menus.findChild<QMenu*>(QStringLiteral("mnuAreas"));
-    menu->popup(place);
+    commands_.MenuOf(&AreaCommands::ChooseSelect).popup(place);
 }
 
 void AreaCommands::Try_Hovered(const QString& link, const QString& toolTip)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "imagemap/ViewCommands.h"
 #include "imagemap/drawing/AreaEditing.h"
 #include "imagemap/drawing/SelectionProtocol.h"
 #include "imagemap/drawing/TryProtocol.h"
-#include "shared/Settings.h"
 #include "widgets/CommandTable.h"
 
 #include <QObject>
@@ -17,8 +17,8 @@ class QMainWindow;
 class ZoomControls;
 
 /**
- * The commands that change what has been drawn, and that change how it is seen: their menus, their toolbar,
- * the Select tool and the trying of the map. Every one gives up first what is being drawn.
+ * The commands that change what has been drawn: their menu, their toolbar, the Select tool and the trying of
+ * the map. Every one gives up first what is being drawn.
  */
 class AreaCommands final : public QObject
 {
@@ -28,7 +28,7 @@ public:
     /** What a command needs to be enabled. */
     enum class Need { Nothing, Picture, Areas, Selection, Several, Undo, Redo, Paste };
     /** What is switched on and off. */
-    enum class Mark { Select, Try, Fit, Areas, Snap, Guides };
+    enum class Mark { Select, Try };
     using Command = CommandRow<AreaCommands, Need, Mark>;
 
     /** The parts of the window that the commands work on, all of which live as long. */
@@ -42,14 +42,15 @@ public:
         AreaListModel& model;
         DrawingStatus& status;
         PictureTool& drawing;        ///< in force while neither Select nor trying is
-        Settings& settings;          ///< what is switched on is remembered there
         std::function<bool()> begin; ///< gives up what is being drawn; false where a dialog is about to open
     };
 
-    AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& zoom);
+    AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& zoom, Settings& settings);
     ~AreaCommands() override;
 
     [[nodiscard]] AreaEditing& Editing() { return editing_; }
+
+    [[nodiscard]] ViewCommands& View() { return *view_; }
 
     /** Whether Select, or the trying of the map, has taken the mouse over from the tools that draw. */
     [[nodiscard]] bool HasTool() const { return tool_ != Tool::Drawing; }
@@ -84,13 +85,6 @@ public:
     {
         Change([this] { editing_.Align(alignment); });
     }
-    void ZoomIn();
-    void ZoomOut();
-    void ActualSize();
-    void ToggleFit();
-    void FitSelection();
-    /** Switches on or off what is remembered. */
-    template<const FlagSetting& setting> void Switch() { Toggle(setting); }
 
 Q_SIGNALS:
     /** The mouse is taken over: the tools that draw are put to rest. */
@@ -106,15 +100,12 @@ private:
     enum class Tool { Drawing, Select, Try };
 
     [[nodiscard]] static std::span<const Command> Commands();
-    void CreateMenus();
+    void CreateMenus(Settings& settings);
     void CreateKeys();
     void TakeTool(Tool tool, PictureTool& protocol);
     void Change(const std::function<void()>& change);
     void EnableCommands();
-    void Toggle(const FlagSetting& setting);
-    [[nodiscard]] bool IsOn(const FlagSetting& setting) const;
-    void RecallSettings();
-    void ShowSettings();
+    void View_Switched();
     void ShowAll();
     void ShowAreaMarks();
     void DescribeSelection();
@@ -124,7 +115,6 @@ private:
     void Selection_Changed();
     void Try_Hovered(const QString& link, const QString& toolTip);
     void ShowMenu(QPoint place);
-    [[nodiscard]] QAction* Entry(const char* name) const;
 
     Parts parts_;
     MapDocument& map_;
@@ -134,6 +124,7 @@ private:
     SelectionProtocol select_;
     TryProtocol try_;
     CommandSet<Command> commands_;
+    ViewCommands* view_ = nullptr;
     Tool tool_ = Tool::Drawing;
     QSize picture_;
     bool isSelectingInList_ = false;

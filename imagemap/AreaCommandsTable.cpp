@@ -1,4 +1,4 @@
-// The commands that change and show areas: their menus, their toolbar, and what they need.
+// The commands that change areas: their menu, their part of the toolbar, and what they need.
 
 #include "imagemap/AreaCommands.h"
 
@@ -9,7 +9,7 @@ using AreaNeed = AreaCommands::Need;
 using Mark = AreaCommands::Mark;
 using enum CommandRowKind;
 
-constexpr int areaToolbarPositions = 27;
+constexpr int lastAreaPosition = 17;
 
 constexpr auto areaRows = std::to_array<AreaRow>({
     { Menu, "mnuAreas", "&Areas" },
@@ -147,70 +147,8 @@ constexpr auto areaRows = std::to_array<AreaRow>({
       { 17, "Try the Map", "area-try" },
       AreaNeed::Picture,
       Mark::Try },
-    { Menu, "mnuView", "&View" },
-    { Entry,
-      "mnuVZoomIn",
-      "Zoom &In",
-      "Ctrl++",
-      &AreaCommands::ZoomIn,
-      { 19, "Zoom In", "zoom-in" },
-      AreaNeed::Picture },
-    { Entry,
-      "mnuVZoomOut",
-      "Zoom &Out",
-      "Ctrl+-",
-      &AreaCommands::ZoomOut,
-      { 20, "Zoom Out", "zoom-out" },
-      AreaNeed::Picture },
-    { Entry,
-      "mnuVActual",
-      "&Actual Size",
-      "Ctrl+0",
-      &AreaCommands::ActualSize,
-      { 21, "Actual Size", "zoom-actual" },
-      AreaNeed::Picture },
-    { Entry,
-      "mnuVFit",
-      "&Fit",
-      "Ctrl+9",
-      &AreaCommands::ToggleFit,
-      { 22, "Fit", "zoom-fit" },
-      AreaNeed::Picture,
-      Mark::Fit },
-    { Entry,
-      "mnuVFitSelection",
-      "Fit S&election",
-      "",
-      &AreaCommands::FitSelection,
-      { 23, "Fit Selection", "zoom-selection" },
-      AreaNeed::Selection },
-    { Separator, "mnuVSep1" },
-    { Entry,
-      "mnuVAreas",
-      "Show &Areas",
-      "",
-      &AreaCommands::Switch<Setting::showAreas>,
-      { 25, "Show Areas", "area-show" },
-      AreaNeed::Picture,
-      Mark::Areas },
-    { Entry,
-      "mnuVSnap",
-      "S&nap",
-      "",
-      &AreaCommands::Switch<Setting::snap>,
-      { 26, "Snap", "area-snap" },
-      AreaNeed::Nothing,
-      Mark::Snap },
-    { Entry,
-      "mnuVGuides",
-      "&Guides",
-      "",
-      &AreaCommands::Switch<Setting::guides>,
-      { 27, "Guides", "area-guides" },
-      AreaNeed::Nothing,
-      Mark::Guides },
 });
-static_assert(IsToolbarWhole(areaRows, areaToolbarPositions));
+static_assert(IsToolbarWhole(areaRows, lastAreaPosition));
 
 } // namespace
 

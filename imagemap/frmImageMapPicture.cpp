@@ -35,8 +35,7 @@ void frmImageMap::OpenImage()
 
 void frmImageMap::CreatePictureCommands()
 {
-    auto* const view = ui_->MenuBar1->findChild<QMenu*>(QStringLiteral("mnuView"));
-    pictures_ = new PictureCommands({ *this, *view, map_, document_, imgMap_,
+    pictures_ = new PictureCommands({ *this, areaCommands_->View().Menu(), map_, document_, imgMap_,
                                       [this] { return BeginCommand(); }, [this] { return DiscardMap(); } });
     connect(areaCommands_, &AreaCommands::OtherPasted, this, [this] {
         if (!pictures_->Paste()) {

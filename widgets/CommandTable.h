@@ -44,6 +44,8 @@ public:
 
     [[nodiscard]] constexpr bool IsThere() const { return ofWindow_ != nullptr || withWindow_ != nullptr; }
 
+    constexpr bool operator==(const Procedure&) const = default;
+
     void operator()(Window& window) const
     {
         if (withWindow_ != nullptr) {
@@ -75,7 +77,7 @@ template<class WindowType, class NeedType = NoNeed, class ChoiceType = NoChoice>
     std::optional<Choice> choice = std::nullopt; ///< the command is checked while this is chosen
 };
 
-/** Whether the commands of `rows` fill a toolbar of `count` positions up to its end, each position once. */
+/** Whether the commands of `rows` fill a toolbar up to its position `count`, each position once. */
 template<class Rows> constexpr bool IsToolbarWhole(const Rows& rows, int count)
 {
     int last = 0;
@@ -96,8 +98,8 @@ template<class Row> class CommandSet
 public:
     using Window = typename Row::Window;
 
-    /** Fills `bar` and `toolbar` for `window`; `rows` must outlive the set. Menus and entries carry their
-     * names. */
+    /** Adds to `bar` and `toolbar` what `rows` tell, for `window`; `rows` must outlive the set. Menus and
+     * entries carry their names. */
     void Create(Window* window, QMenuBar* bar, QToolBar* toolbar, std::span<const Row> rows)
     {
         for (const Row& row : rows) {
@@ -105,6 +107,20 @@ public:
         }
         FillMenuBar(window, bar);
         FillToolbar(window, toolbar);
+    }
+
+    /** The entry of the command that runs `run`, of which there is one. */
+    [[nodiscard]] QAction& EntryOf(Procedure<Window> run) const
+    {
+        const auto command = std::find_if(
+            commands_.begin(), commands_.end(), [run](const Command& one) { return one.row->run == run; });
+        return *command->entry;
+    }
+
+    /** The menu in which the command that runs `run` stands. */
+    [[nodiscard]] QMenu& MenuOf(Procedure<Window> run) const
+    {
+        return *static_cast<QMenu*>(EntryOf(run).parent());
     }
 
     /** Enables or disables the commands that need `need`. */
@@ -203,14 +219,14 @@ private:
         }
     }
 
-    /** One action a position, separators included. */
+    /** One action a position, separators included, behind those that are there. */
     void FillToolbar(Window* window, QToolBar* toolbar)
     {
         int last = 0;
         for (const Command& command : commands_) {
             last = std::max(last, command.row->button.position);
         }
-        for (int position = 1; position <= last; ++position) {
+        for (int position = int(toolbar->actions().size()) + 1; position <= last; ++position) {
             const auto command =
                 std::find_if(commands_.begin(), commands_.end(), [position](const Command& one) {
                     return one.row->button.position == position;
