@@ -52,7 +52,7 @@ AreaListModel::AreaListModel(const MapDocument& map, QObject* parent)
     , shown_(map.Areas())
 {
     connect(&map_, &MapDocument::AreasChanged, this, &AreaListModel::Map_AreasChanged);
-    connect(&map_, &MapDocument::MessageHeaderChanged, this, &AreaListModel::Map_MessageHeaderChanged);
+    connect(&map_.Script(), &MapScript::MessageHeaderChanged, this, &AreaListModel::Map_MessageHeaderChanged);
 }
 
 int AreaListModel::rowCount(const QModelIndex& parent) const
@@ -117,7 +117,7 @@ QVariant AreaListModel::headerData(int section, Qt::Orientation orientation, int
         return {};
     }
     return section == static_cast<int>(AreaColumn::Message)
-               ? map_.MessageHeader()
+               ? map_.Script().MessageHeader()
                : columnHeaders[static_cast<std::size_t>(section)].toString();
 }
 

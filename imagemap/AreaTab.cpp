@@ -57,7 +57,7 @@ AreaTab::AreaTab(const ImgMap& imgMap, AreaEditing& editing, std::function<bool(
     ConnectText(ui_->txtAreaText, &MapArea::Text, u"Change of the Text");
     connect(&editing_.Selection(), &AreaSelection::Changed, this, &AreaTab::Refresh);
     connect(&editing_.Map(), &MapDocument::AreasChanged, this, &AreaTab::Refresh);
-    connect(&editing_.Map(), &MapDocument::MessageHeaderChanged, this, &AreaTab::Refresh);
+    connect(&editing_.Map().Script(), &MapScript::MessageHeaderChanged, this, &AreaTab::Refresh);
     Refresh();
 }
 
@@ -145,7 +145,7 @@ void AreaTab::Refresh()
                                                                  ui_->cmbAreaTarget, ui_->txtAreaText }) {
         field->setEnabled(isAny);
     }
-    ui_->txtAreaMessage->setEnabled(isAny && editing_.Map().Mode() != JSDisabled);
+    ui_->txtAreaMessage->setEnabled(isAny && editing_.Map().Script().Mode() != JSDisabled);
     ui_->txtAreaCoords->setEnabled(areas.size() == 1);
     const bool isOneShape = std::all_of(areas.begin(), areas.end(), [&](const MapArea& area) {
         return area.Shape == areas.constFirst().Shape;

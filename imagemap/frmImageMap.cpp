@@ -88,9 +88,8 @@ void frmImageMap::CreateAreaParts()
     const auto begin = [this] { return BeginCommand(); };
     DrawingStatus& status = *this;
     areaCommands_ = new AreaCommands(
-        { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_,
-          imgMap_.Remembered, begin },
-        map_, *zoom_);
+        { *this, *ui_->MenuBar1, *ui_->Toolbar2, pane, *ui_->ListView1, *model, status, *drawing_, begin },
+        map_, *zoom_, imgMap_.Remembered);
     areaTab_ = new AreaTab(imgMap_, areaCommands_->Editing(), begin, ui_->SSTab1);
     areaTab_->setObjectName(QStringLiteral("tabArea"));
     ui_->SSTab1->addTab(areaTab_, QStringLiteral("Area"));
@@ -153,7 +152,7 @@ void frmImageMap::NewImageMap()
         map_.ForgetAreas();
         ShowHint();
     } else if (DiscardMap()) {
-        map_.ResetMessageHeader();
+        map_.Script().ResetMessageHeader();
     }
 }
 
@@ -238,7 +237,7 @@ void frmImageMap::EditArea(const QString& hint)
     if (!selected) {
         ShowMessage(this, QMessageBox::Information, hint);
     } else if (linkDialog_ == nullptr || !linkDialog_->isVisible()) {
-        panels_->ShowStatus(TextsOf(map_.Mode()).replacePrompt);
+        panels_->ShowStatus(TextsOf(map_.Script().Mode()).replacePrompt);
         OpenLinkDialog(selected);
     }
 }

@@ -36,11 +36,11 @@ void frmImageMap::GenerateMap()
                                .VerticalSpace = ui_->txtVertSp->text(),
                                .PictureReference = fileNameOnly ? panels_->PictureName() : imgMap_.ImageUrl,
                                .FileNamesOnly = fileNameOnly,
-                               .ModeDefault = map_.ModeDefault(),
+                               .ModeDefault = map_.Script().ModeDefault(),
                                .Areas = map_.Areas() };
     if (ui_->cmbMarkup->currentIndex() == int(MarkupForm::Html4)) {
-        const int line = document_.InsertAtCaret(GenerateMapFor(map_.Mode(), source));
-        panels_->ShowHint(Html4Hint(line, map_.Mode()));
+        const int line = document_.InsertAtCaret(GenerateMapFor(map_.Script().Mode(), source));
+        panels_->ShowHint(Html4Hint(line, map_.Script().Mode()));
     } else {
         InsertTodayMap(source);
     }
@@ -54,7 +54,7 @@ void frmImageMap::cmbMarkup_Activated(int form)
 void frmImageMap::InsertTodayMap(const MapSource& source)
 {
     MarkupForm form = MarkupForm(ui_->cmbMarkup->currentIndex());
-    if (form == MarkupForm::TodayMapElement && !HasMapElement(map_.Mode())) {
+    if (form == MarkupForm::TodayMapElement && !HasMapElement(map_.Script().Mode())) {
         if (!AskYesNo(this, mapElementQuestion.toString())) {
             return;
         }
@@ -65,7 +65,7 @@ void frmImageMap::InsertTodayMap(const MapSource& source)
     }
     const PictureSurface& surface = ui_->picturePane->Surface();
     const MapPicture picture{ map_.Picture(), { surface.PictureWidth(), surface.PictureHeight() } };
-    const TodayInsert insert = PrepareTodayInsert(document_, form, map_.Mode(), source, picture);
+    const TodayInsert insert = PrepareTodayInsert(document_, form, map_.Script().Mode(), source, picture);
     if (insert.refusal) {
         ShowMessage(this, QMessageBox::Information, RefusalText(*insert.refusal));
         return;

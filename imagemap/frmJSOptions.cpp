@@ -58,7 +58,7 @@ void frmJSOptions::Form_Load()
     LineUpExplanations();
     CentreOnScreen(this);
     SelectCurrentMode();
-    options_[static_cast<std::size_t>(map_.Mode())]->setFocus();
+    options_[static_cast<std::size_t>(map_.Script().Mode())]->setFocus();
 }
 
 /** Puts the first line of each explanation at the height of its option's text. */
@@ -73,7 +73,7 @@ void frmJSOptions::LineUpExplanations()
 
 void frmJSOptions::SelectCurrentMode()
 {
-    options_[static_cast<std::size_t>(map_.Mode())]->setChecked(true);
+    options_[static_cast<std::size_t>(map_.Script().Mode())]->setChecked(true);
 }
 
 bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
@@ -114,7 +114,7 @@ void frmJSOptions::AskToSwitch(std::size_t index)
         return;
     }
     map_.Clear();
-    map_.ForgetModeDefault();
+    map_.Script().ForgetModeDefault();
     options_[index]->setChecked(true);
     options_[index]->setFocus();
     ApplyJSMode();
@@ -129,7 +129,7 @@ void frmJSOptions::ApplyJSMode()
 {
     for (std::size_t i = 0; i < options_.size(); ++i) {
         if (options_[i]->isChecked()) {
-            map_.SetMode(static_cast<JSMode>(i));
+            map_.Script().SetMode(static_cast<JSMode>(i));
             return;
         }
     }

@@ -71,7 +71,7 @@ void frmIMLink::Form_Load(std::optional<qsizetype> replaced)
     growth_ = TextGrowth(this);
     GrowChildren(ui_->contents, growth_);
     CentreOnScreen(this);
-    setWindowTitle(TextsOf(map_.Mode()).linkCaption.toString());
+    setWindowTitle(TextsOf(map_.Script().Mode()).linkCaption.toString());
     ui_->SSCmdReplace->setEnabled(false);
     ui_->SSCmdOK->setDefault(true);
     ShowModeFields();
@@ -102,7 +102,7 @@ void frmIMLink::ShowModeFields()
     const std::array<QWidget*, jsModeTexts.size()> frames = {
         nullptr, ui_->frmStatusBarMessage, ui_->frmSwitchingImages, ui_->frmTextArea, ui_->frmToolTip,
     };
-    const QWidget* const shown = frames[static_cast<std::size_t>(map_.Mode())];
+    const QWidget* const shown = frames[static_cast<std::size_t>(map_.Script().Mode())];
     for (QWidget* const frame : frames) {
         if (frame != nullptr) {
             frame->setVisible(frame == shown);
@@ -114,8 +114,8 @@ void frmIMLink::ShowModeFields()
     for (QPushButton* const button : { ui_->SSCmdOK, ui_->SSCmdReplace, ui_->SSCmdClose }) {
         button->move(button->x(), buttonsTop);
     }
-    if (const std::optional<LinkField> modeDefault = RulesOf(map_.Mode()).modeDefault) {
-        FieldEdit(*modeDefault)->setText(map_.ModeDefault());
+    if (const std::optional<LinkField> modeDefault = RulesOf(map_.Script().Mode()).modeDefault) {
+        FieldEdit(*modeDefault)->setText(map_.Script().ModeDefault());
     }
 }
 
@@ -134,8 +134,8 @@ void frmIMLink::PrepareReplacing()
 {
     const MapArea& area = map_.Areas().at(*replaced_);
     ui_->cmbLink->setEditText(area.Link);
-    if (map_.Mode() != JSDisabled) {
-        FieldEdit(RulesOf(map_.Mode()).message)->setText(area.Message);
+    if (map_.Script().Mode() != JSDisabled) {
+        FieldEdit(RulesOf(map_.Script().Mode()).message)->setText(area.Message);
     }
     ui_->Frame1->setTitle(TitleOf(area, *replaced_));
     ui_->SSCmdReplace->setEnabled(true);
@@ -165,7 +165,7 @@ LinkEntry frmIMLink::Entry() const
 
 bool frmIMLink::IsComplete(const LinkEntry& entry, QStringView linkCaption)
 {
-    const std::optional<RequiredField> missing = MissingField(map_.Mode(), entry);
+    const std::optional<RequiredField> missing = MissingField(map_.Script().Mode(), entry);
     if (!missing) {
         return true;
     }
@@ -180,7 +180,7 @@ void frmIMLink::SSCmdOK_Click()
 {
     GoToProgramFolder(imgMap_);
     const LinkEntry entry = Entry();
-    if (IsComplete(entry, RulesOf(map_.Mode()).newLinkCaption)) {
+    if (IsComplete(entry, RulesOf(map_.Script().Mode()).newLinkCaption)) {
         map_.LinkNewArea(entry);
         Unload(Accepted);
     }

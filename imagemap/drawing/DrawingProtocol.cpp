@@ -150,7 +150,7 @@ void DrawingProtocol::CommitFigure()
     display_.FinishFigure();
     Ledger().AppendFigure();
     display_.ShowFigures();
-    status_.LinkNewFigure(TextsOf(map_.Mode()).newPrompt);
+    status_.LinkNewFigure(TextsOf(map_.Script().Mode()).newPrompt);
 }
 
 void DrawingProtocol::Abandon()

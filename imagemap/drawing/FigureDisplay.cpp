@@ -187,7 +187,7 @@ void FigureDisplay::ShowEmptyState()
 {
     ClearPositionLabels();
     status_.EnableFigureCommands(false);
-    map_.ForgetModeDefault();
+    map_.Script().ForgetModeDefault();
 }
 
 void FigureDisplay::ClearPositionLabels()

@@ -19,7 +19,7 @@ void TryProtocol::MouseMove(float x, float y)
         Q_EMIT Hovered({}, {});
     } else {
         // Pictures that are switched to are no texts.
-        const bool isText = map_.Mode() != JSSwitchImages;
+        const bool isText = map_.Script().Mode() != JSSwitchImages;
         Q_EMIT Hovered(area->Link, isText && !area->Message.isEmpty() ? area->Message : area->Text);
     }
 }

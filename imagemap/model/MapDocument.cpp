@@ -60,9 +60,9 @@ MapState MapDocument::State() const
                        .IsLedgerOfAreas = false,
                        .Areas = areas_,
                        .AreAreasEdited = areAreasEdited_,
-                       .Mode = mode_,
-                       .ModeDefault = modeDefault_,
-                       .MessageHeader = messageHeader_,
+                       .Mode = script_.Mode(),
+                       .ModeDefault = script_.ModeDefault(),
+                       .MessageHeader = script_.MessageHeader(),
                        .Picture = picture_ };
     PutToRest(state.Figures);
     state.IsLedgerOfAreas = areAreasEdited_ && areas_ == editedAreas_ && state.Figures == ledgerOfAreas_;
@@ -84,12 +84,11 @@ void MapDocument::Restore(const MapState& state)
     figures_.CurrentKind = tool;
     areAreasEdited_ = state.AreAreasEdited;
     figuresOfAreas_ = figures_.FigureCount;
-    mode_ = state.Mode;
-    modeDefault_ = state.ModeDefault;
+    script_.Restore(state);
     const bool isOtherPicture = std::exchange(picture_, state.Picture) != state.Picture;
     Q_EMIT Remade();
     Q_EMIT AreasChanged();
-    SetMessageHeader(state.MessageHeader);
+    Q_EMIT script_.MessageHeaderChanged();
     if (isOtherPicture) {
         Q_EMIT PictureChanged();
     }
@@ -157,7 +156,7 @@ void MapDocument::BeginEditing()
     picture_.clear();
     ++openSteps_;
     ForgetAreas();
-    ResetMessageHeader();
+    script_.ResetMessageHeader();
     --openSteps_;
     if (isAnythingOpen) {
         KeepStep(QStringLiteral("Closing of the Map"), {});
@@ -167,52 +166,12 @@ void MapDocument::BeginEditing()
     }
 }
 
-void MapDocument::SetModeDefault(const QString& text)
-{
-    const Step step(*this, QStringLiteral("Change of the Default"));
-    modeDefault_ = text;
-}
-
-void MapDocument::SetMode(JSMode mode)
-{
-    const Step step(*this, QStringLiteral("Change of the Java Script Options"));
-    mode_ = mode;
-    ResetMessageHeader();
-}
-
-void MapDocument::SetMessageHeader(const QString& header)
-{
-    messageHeader_ = header;
-    Q_EMIT MessageHeaderChanged();
-}
-
-void MapDocument::ResetMessageHeader()
-{
-    SetMessageHeader(TextsOf(mode_).header.toString());
-}
-
-void MapDocument::ForgetModeDefault()
-{
-    const Step step(*this, QStringLiteral("Change of the Default"));
-    modeDefault_.clear();
-    ResetMessageHeader();
-}
-
-void MapDocument::TakeModeDefault(const LinkEntry& entry)
-{
-    const LinkRules& rules = RulesOf(mode_);
-    if (rules.modeDefault) {
-        SetModeDefault(entry.Text(*rules.modeDefault));
-        SetMessageHeader(rules.headerStart.toString() + modeDefault_ + u"):");
-    }
-}
-
 void MapDocument::LinkNewArea(const LinkEntry& entry)
 {
     const std::optional<AreaShape> shape = ShapeOfLastFigure(figures_);
     const Step step(*this, shape ? StepNameOf(u"Drawing", *shape) : QStringLiteral("Change of the Default"));
-    TakeModeDefault(entry);
-    LinkLastFigure(figures_, entry, MessageOf(mode_, entry));
+    script_.TakeModeDefault(entry);
+    LinkLastFigure(figures_, entry, MessageOf(script_.Mode(), entry));
     const std::optional<MapArea> area = AreaOfLastFigure(figures_);
     if (!area) {
         return;
@@ -236,10 +195,10 @@ void MapDocument::RelinkArea(qsizetype index, const LinkEntry& entry)
     const Step step(*this, QStringLiteral("Change of a Link"));
     if (index >= 0 && index < areas_.size()) {
         areas_[index].Link = entry.Text(LinkField::Link);
-        areas_[index].Message = MessageOf(mode_, entry);
+        areas_[index].Message = MessageOf(script_.Mode(), entry);
         Q_EMIT AreasChanged();
     }
-    TakeModeDefault(entry);
+    script_.TakeModeDefault(entry);
 }
 
 void MapDocument::DiscardNewArea()

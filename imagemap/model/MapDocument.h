@@ -5,6 +5,7 @@
 #include "imagemap/model/LinkRules.h"
 #include "imagemap/model/MapArea.h"
 #include "imagemap/model/MapHistory.h"
+#include "imagemap/model/MapScript.h"
 
 #include <QObject>
 
@@ -48,13 +49,10 @@ public:
     [[nodiscard]] FigureStore& Ledger() { return figures_; }
 
     [[nodiscard]] const MapAreas& Areas() const { return areas_; }
-    [[nodiscard]] JSMode Mode() const { return mode_; }
 
-    /** The default image (switching images) or default text (text area) of the map. */
-    [[nodiscard]] const QString& ModeDefault() const { return modeDefault_; }
-
-    /** What stands above the messages of the areas: the mode's label, or one that tells the default. */
-    [[nodiscard]] const QString& MessageHeader() const { return messageHeader_; }
+    /** What the script around the areas shows, which is a part of the map. */
+    [[nodiscard]] MapScript& Script() { return script_; }
+    [[nodiscard]] const MapScript& Script() const { return script_; }
 
     /** Whether there is something that nobody throws away without being asked: figures, or edited areas. */
     [[nodiscard]] bool HasContent() const
@@ -94,17 +92,6 @@ public:
 
     /** A new editor shows the map: nothing is being drawn, no area listed; the ledger keeps its figures. */
     void BeginEditing();
-
-    /** Chooses the mode and its label. */
-    void SetMode(JSMode mode);
-
-    /** Puts the label of the mode in force above the messages. */
-    void ResetMessageHeader();
-
-    void SetModeDefault(const QString& text);
-
-    /** Empties the mode's default, and puts the mode's own label above the messages. */
-    void ForgetModeDefault();
 
     /**
      * Makes an area of the figure drawn last, or of the current polygon, which is finished by this; the
@@ -170,11 +157,8 @@ Q_SIGNALS:
     void HistoryChanged();
 
     void AreasChanged();
-    void MessageHeaderChanged();
 
 private:
-    void SetMessageHeader(const QString& header);
-    void TakeModeDefault(const LinkEntry& entry);
     void FinishLastStep();
     void RemakeLedger();
     void DeleteLastArea();
@@ -187,9 +171,7 @@ private:
     FigureStore ledgerOfAreas_; ///< what was made of the areas when they were edited last
     MapAreas editedAreas_;      ///< the areas as they were then
     int figuresOfAreas_ = 0;    ///< how many figures of the ledger edited areas have
-    JSMode mode_ = JSDisabled;
-    QString modeDefault_;
-    QString messageHeader_;
+    MapScript script_{ *this };
     QString picture_;
     MapHistory history_;
     int openSteps_ = 0;

@@ -282,7 +282,7 @@ void BenchInsert()
     constexpr int areas = 500;
     const QString text = QString::fromLatin1(PageOf(10));
     ProgramFolder folder;
-    folder.map.SetMode(JSTextArea);
+    folder.map.Script().SetMode(JSTextArea);
     OpenDocument page(text);
     RecordingHelp help;
     auto* const editor = new frmImageMap(folder.imgMap, folder.map, page, help, nullptr);

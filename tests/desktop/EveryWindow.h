@@ -84,7 +84,7 @@ private:
             return editor;
         }
         if (name.startsWith("link-")) {
-            map_.SetMode(static_cast<JSMode>(name.back() - '0'));
+            map_.Script().SetMode(static_cast<JSMode>(name.back() - '0'));
             frmImageMap* const editor = Editor();
             return Loaded(Keep(new frmIMLink(imgMap_, map_, editor)));
         }

@@ -118,7 +118,7 @@ inline QList<Situation> EditorDialogs()
         { "hint of the link dialog", OpenEditor, draw, { clickOk } },
         { "image for a new area",
           [](auto& test) {
-              test.folder.map.SetMode(JSSwitchImages);
+              test.folder.map.Script().SetMode(JSSwitchImages);
               OpenEditor(test);
           },
           draw,

@@ -205,9 +205,9 @@ private:
         map_.GiveUpDrawing();
         if (map_.HasContent()) {
             map_.Clear();
-            map_.ForgetModeDefault();
+            map_.Script().ForgetModeDefault();
         }
-        map_.SetMode(static_cast<JSMode>(input_.Below(int(jsModeTexts.size()))));
+        map_.Script().SetMode(static_cast<JSMode>(input_.Below(int(jsModeTexts.size()))));
     }
 
     void Reopen()

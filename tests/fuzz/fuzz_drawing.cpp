@@ -163,7 +163,7 @@ void Editor::Step(FuzzInput& input)
         DrawMany(input);
         break;
     case mouseEvents + 7:
-        map_.SetMode(static_cast<JSMode>(input.Below(int(jsModeTexts.size()))));
+        map_.Script().SetMode(static_cast<JSMode>(input.Below(int(jsModeTexts.size()))));
         break;
     case mouseEvents + 8:
         Reopen();

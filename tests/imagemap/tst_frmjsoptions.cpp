@@ -99,7 +99,7 @@ void tst_frmjsoptions::firstOpeningSelectsDisabled()
     OpenOptions();
     QCOMPARE(SelectedOption(), 0);
     QCOMPARE(test_->MessageHeader(), modeHeaders[0]);
-    QCOMPARE(test_->map.Mode(), JSDisabled);
+    QCOMPARE(test_->map.Script().Mode(), JSDisabled);
     dialog_->close();
 }
 
@@ -116,17 +116,17 @@ void tst_frmjsoptions::loadingSelectsTheModeInForce()
 {
     QFETCH(const int, mode);
 
-    test_->map.SetMode(static_cast<JSMode>(mode));
+    test_->map.Script().SetMode(static_cast<JSMode>(mode));
     OpenOptions();
     QCOMPARE(SelectedOption(), mode);
-    QCOMPARE(test_->map.Mode(), static_cast<JSMode>(mode));
+    QCOMPARE(test_->map.Script().Mode(), static_cast<JSMode>(mode));
     dialog_->close();
 }
 
 void tst_frmjsoptions::optionInForceHasTheFocus()
 {
     QFETCH(const int, mode);
-    test_->map.SetMode(static_cast<JSMode>(mode));
+    test_->map.Script().SetMode(static_cast<JSMode>(mode));
     OpenOptions();
     QVERIFY(QTest::qWaitForWindowActive(dialog_));
     QCOMPARE(dialog_->focusWidget(), Option(mode));
@@ -134,7 +134,7 @@ void tst_frmjsoptions::optionInForceHasTheFocus()
 
 void tst_frmjsoptions::loadingAppliesNothing()
 {
-    test_->map.SetMode(JSSwitchImages);
+    test_->map.Script().SetMode(JSSwitchImages);
     test_->TakeDefault(QStringLiteral("out.gif"));
     const QString extended = QStringLiteral(" Switching Images (Default Image:out.gif):");
     QCOMPARE(test_->MessageHeader(), extended);
@@ -143,8 +143,8 @@ void tst_frmjsoptions::loadingAppliesNothing()
     ClickIn(dialog_, "cmdOK");
     QTRY_VERIFY(dialog_ == nullptr);
     QCOMPARE(test_->MessageHeader(), extended);
-    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("out.gif"));
-    QCOMPARE(test_->map.Mode(), JSSwitchImages);
+    QCOMPARE(test_->map.Script().ModeDefault(), QStringLiteral("out.gif"));
+    QCOMPARE(test_->map.Script().Mode(), JSSwitchImages);
 }
 
 void tst_frmjsoptions::closingChangesNothingFurther_data()
@@ -173,7 +173,7 @@ void tst_frmjsoptions::closingChangesNothingFurther()
         dialog_->close();
     }
     QTRY_VERIFY(dialog_ == nullptr);
-    QCOMPARE(test_->map.Mode(), JSSwitchImages);
+    QCOMPARE(test_->map.Script().Mode(), JSSwitchImages);
     QCOMPARE(test_->MessageHeader(), modeHeaders[2]);
     QCOMPARE(test_->Status(), QStringLiteral("Creating Mode !"));
 }

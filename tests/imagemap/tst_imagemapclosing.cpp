@@ -135,13 +135,13 @@ void tst_imagemapclosing::closingKeepsModeAndDefault()
 {
     test_->OpenPicture();
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->map.SetMode(JSSwitchImages);
-    test_->map.SetModeDefault(QStringLiteral("default.gif"));
+    test_->map.Script().SetMode(JSSwitchImages);
+    test_->map.Script().SetModeDefault(QStringLiteral("default.gif"));
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->ClickButton(18);
     QVERIFY(test_->Closes());
-    QCOMPARE(test_->map.Mode(), JSSwitchImages);
-    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("default.gif"));
+    QCOMPARE(test_->map.Script().Mode(), JSSwitchImages);
+    QCOMPARE(test_->map.Script().ModeDefault(), QStringLiteral("default.gif"));
 }
 
 void tst_imagemapclosing::closedWindowLeavesNoHalfDrawnFigure()

@@ -165,7 +165,7 @@ void tst_imagemapediting::editDataEditsTheSelectedRow()
 
 void tst_imagemapediting::replacingRewritesOnlyLinkAndMessage()
 {
-    test_->map.SetMode(JSStatusBar);
+    test_->map.Script().SetMode(JSStatusBar);
     test_->ClickButton(5);
     QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->Drag({ 10, 10 }, { 40, 40 }); });
     TypeIn(dialog, "cmbLink", "one.htm");
@@ -260,11 +260,11 @@ void tst_imagemapediting::captionAndPromptFollowTheMode()
     QFETCH(const QString, field);
 
     test_->DrawRectangle({ 10, 10 }, { 40, 40 }, "one.htm");
-    test_->map.SetMode(static_cast<JSMode>(mode));
+    test_->map.Script().SetMode(static_cast<JSMode>(mode));
     LinkEntry entry;
     entry.Fields.fill(QStringLiteral("Message"));
     test_->map.RelinkArea(0, entry);
-    test_->map.SetModeDefault(QString());
+    test_->map.Script().SetModeDefault(QString());
     test_->ClickRow(0);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->ClickButton(12); });
     QCOMPARE(dialog->windowTitle(), caption);

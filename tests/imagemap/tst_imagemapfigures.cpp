@@ -130,7 +130,7 @@ void tst_imagemapfigures::promptFollowsTheMode()
     QFETCH(const QString, caption);
     QFETCH(const QString, prompt);
 
-    test_->map.SetMode(static_cast<JSMode>(mode));
+    test_->map.Script().SetMode(static_cast<JSMode>(mode));
     test_->ClickButton(5);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->Drag({ 20, 20 }, { 60, 50 }); });
     QCOMPARE(test_->Status(), prompt);

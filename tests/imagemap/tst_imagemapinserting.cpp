@@ -76,7 +76,7 @@ void tst_imagemapinserting::insertingWritesTheAreas()
     TypeIn(dialog, "cmbLink", "one.htm");
     TypeIn(dialog, "cmbTarget", "_top");
     ClickIn(dialog, "SSCmdOK");
-    test_->map.SetMode(JSStatusBar);
+    test_->map.Script().SetMode(JSStatusBar);
     test_->ClickButton(6);
     const QPointer<QDialog> second = test_->DialogOpenedBy([this] {
         test_->Drag({ 100, 100 }, { 150, 110 });

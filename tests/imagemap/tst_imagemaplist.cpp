@@ -90,7 +90,7 @@ void tst_imagemaplist::headersAreWholeWithoutAScrollBar_data()
 void tst_imagemaplist::headersAreWholeWithoutAScrollBar()
 {
     QFETCH(const int, mode);
-    test_->map.SetMode(static_cast<JSMode>(mode));
+    test_->map.Script().SetMode(static_cast<JSMode>(mode));
     test_->LoadEditor();
     QVERIFY(test_->Start());
     const QHeaderView* const header = test_->List()->header();

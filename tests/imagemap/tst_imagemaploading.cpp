@@ -120,11 +120,11 @@ void tst_imagemaploading::loadingWritesTheModesHeader()
     QFETCH(const int, mode);
     QFETCH(const QString, header);
 
-    test_->map.SetMode(static_cast<JSMode>(mode));
-    test_->map.SetModeDefault(QStringLiteral("kept"));
+    test_->map.Script().SetMode(static_cast<JSMode>(mode));
+    test_->map.Script().SetModeDefault(QStringLiteral("kept"));
     test_->LoadEditor();
     QCOMPARE(test_->MessageHeader(), header);
-    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("kept"));
+    QCOMPARE(test_->map.Script().ModeDefault(), QStringLiteral("kept"));
 }
 
 void tst_imagemaploading::activatingEndsTheHourglass()
@@ -185,7 +185,7 @@ void tst_imagemaploading::emptiedMapAllowsNoFigureCommands()
 {
     test_->OpenPicture();
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->map.SetModeDefault(QStringLiteral("gone"));
+    test_->map.Script().SetModeDefault(QStringLiteral("gone"));
     test_->Entry("mnuDeleteLast")->trigger();
     QCOMPARE(test_->EnabledButtons(), buttonsWithPicture);
     QCOMPARE(test_->EnabledOf(figureEntries + pictureEntries), pictureEntries);
@@ -194,7 +194,7 @@ void tst_imagemaploading::emptiedMapAllowsNoFigureCommands()
     QCOMPARE(test_->Start1And2() + test_->End1And2() + test_->Dimensions1And2(), QString());
     QCOMPARE(test_->Text("lblCursor1") + test_->Text("lblCursor2"), QString());
     QVERIFY(!test_->Find<QWidget>("lblEndPosition1")->isHidden());
-    QCOMPARE(test_->map.ModeDefault(), QString());
+    QCOMPARE(test_->map.Script().ModeDefault(), QString());
     QCOMPARE(test_->RowCount(), 0);
 }
 

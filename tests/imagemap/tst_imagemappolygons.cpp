@@ -107,7 +107,7 @@ void tst_imagemappolygons::oneSidedPolygonIsGivenUpWithoutADialog()
 
 void tst_imagemappolygons::polygonsPromptIsPlainInEveryMode()
 {
-    test_->map.SetMode(JSToolTips);
+    test_->map.Script().SetMode(JSToolTips);
     test_->ClickButton(7);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] {
         test_->ClickCorners({ { 20, 20 }, { 80, 20 }, { 80, 90 } });

@@ -54,16 +54,16 @@ void tst_jsoptionsswitching::clickSwitchesAtOnceWithoutFigures()
 {
     QFETCH(const int, mode);
 
-    test_->map.SetMode(mode == 1 ? JSToolTips : JSStatusBar);
-    test_->map.SetModeDefault(QStringLiteral("kept"));
+    test_->map.Script().SetMode(mode == 1 ? JSToolTips : JSStatusBar);
+    test_->map.Script().SetModeDefault(QStringLiteral("kept"));
     OpenOptions();
     ClickOption(mode);
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), mode);
-    QCOMPARE(test_->map.Mode(), static_cast<JSMode>(mode));
+    QCOMPARE(test_->map.Script().Mode(), static_cast<JSMode>(mode));
     QCOMPARE(test_->MessageHeader(), modeHeaders[mode]);
-    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("kept"));
+    QCOMPARE(test_->map.Script().ModeDefault(), QStringLiteral("kept"));
     dialog_->close();
 }
 
@@ -79,7 +79,7 @@ void tst_jsoptionsswitching::clickWithoutFiguresKeepsThePictureUsable()
 
 void tst_jsoptionsswitching::pressWithoutFiguresTakesThePlainHeader()
 {
-    test_->map.SetMode(JSSwitchImages);
+    test_->map.Script().SetMode(JSSwitchImages);
     test_->TakeDefault(QStringLiteral("out.gif"));
     QCOMPARE(test_->MessageHeader(), QStringLiteral(" Switching Images (Default Image:out.gif):"));
     OpenOptions();
@@ -121,9 +121,9 @@ void tst_jsoptionsswitching::clickWithFiguresAsks()
 
 void tst_jsoptionsswitching::noKeepsModeAndMap()
 {
-    test_->map.SetMode(JSStatusBar);
+    test_->map.Script().SetMode(JSStatusBar);
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->map.SetModeDefault(QStringLiteral("kept"));
+    test_->map.Script().SetModeDefault(QStringLiteral("kept"));
     const QString header = test_->MessageHeader();
     const QImage before = test_->Pixels();
     OpenOptions();
@@ -132,8 +132,8 @@ void tst_jsoptionsswitching::noKeepsModeAndMap()
     QTRY_COMPARE(test_->robot.Boxes().size(), 1);
     test_->Settle();
     QCOMPARE(SelectedOption(), 1);
-    QCOMPARE(test_->map.Mode(), JSStatusBar);
-    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("kept"));
+    QCOMPARE(test_->map.Script().Mode(), JSStatusBar);
+    QCOMPARE(test_->map.Script().ModeDefault(), QStringLiteral("kept"));
     QCOMPARE(test_->MessageHeader(), header);
     QCOMPARE(test_->map.Ledger().FigureCount, 1);
     QCOMPARE(test_->RowCount(), 1);
@@ -145,16 +145,16 @@ void tst_jsoptionsswitching::noKeepsModeAndMap()
 void tst_jsoptionsswitching::yesDeletesTheMapAndSwitches()
 {
     const QImage blank = test_->Pixels();
-    test_->map.SetMode(JSStatusBar);
+    test_->map.Script().SetMode(JSStatusBar);
     test_->DrawRectangle({ 10, 10 }, { 40, 40 });
-    test_->map.SetModeDefault(QStringLiteral("gone"));
+    test_->map.Script().SetModeDefault(QStringLiteral("gone"));
     OpenOptions();
     test_->robot.AnswerBox(QMessageBox::Yes);
     ClickOption(3);
-    QTRY_COMPARE(test_->map.Mode(), JSTextArea);
+    QTRY_COMPARE(test_->map.Script().Mode(), JSTextArea);
     QCOMPARE(SelectedOption(), 3);
     QCOMPARE(test_->MessageHeader(), modeHeaders[3]);
-    QCOMPARE(test_->map.ModeDefault(), QString());
+    QCOMPARE(test_->map.Script().ModeDefault(), QString());
     QCOMPARE(test_->map.Ledger().FigureCount, 0);
     QCOMPARE(test_->RowCount(), 0);
     QCOMPARE(test_->Text("lblFigures") + test_->Start1And2() + test_->Cursor1And2(), QString());
@@ -167,7 +167,7 @@ void tst_jsoptionsswitching::yesDeletesTheMapAndSwitches()
     ClickOption(2);
     test_->Settle();
     QCOMPARE(test_->robot.Boxes().size(), 1);
-    QCOMPARE(test_->map.Mode(), JSSwitchImages);
+    QCOMPARE(test_->map.Script().Mode(), JSSwitchImages);
     dialog_->close();
 }
 
@@ -186,8 +186,8 @@ void tst_jsoptionsswitching::sameOptionStillAsks()
 
 void tst_jsoptionsswitching::yesForTheSameOptionDeletesTheMap()
 {
-    test_->map.SetMode(JSTextArea);
-    test_->map.SetModeDefault(QStringLiteral("Welcome"));
+    test_->map.Script().SetMode(JSTextArea);
+    test_->map.Script().SetModeDefault(QStringLiteral("Welcome"));
     test_->ClickButton(5);
     const QPointer<QDialog> link = test_->DialogOpenedBy([this] { test_->Drag({ 10, 10 }, { 40, 40 }); });
     TypeIn(link, "cmbLink", "a.htm");
@@ -199,8 +199,8 @@ void tst_jsoptionsswitching::yesForTheSameOptionDeletesTheMap()
     QTRY_COMPARE(test_->map.Ledger().FigureCount, 0);
     test_->Settle();
     QCOMPARE(SelectedOption(), 3);
-    QCOMPARE(test_->map.Mode(), JSTextArea);
-    QCOMPARE(test_->map.ModeDefault(), QString());
+    QCOMPARE(test_->map.Script().Mode(), JSTextArea);
+    QCOMPARE(test_->map.Script().ModeDefault(), QString());
     QCOMPARE(test_->MessageHeader(), modeHeaders[3]);
     QCOMPARE(test_->RowCount(), 0);
     dialog_->close();
@@ -229,7 +229,7 @@ void tst_jsoptionsswitching::secondClickAsksAgainAfterNo()
     test_->Settle();
     test_->robot.AnswerBox(QMessageBox::Yes);
     ClickOption(4);
-    QTRY_COMPARE(test_->map.Mode(), JSToolTips);
+    QTRY_COMPARE(test_->map.Script().Mode(), JSToolTips);
     QCOMPARE(SelectedOption(), 4);
     dialog_->close();
 }
@@ -243,7 +243,7 @@ void tst_jsoptionsswitching::otherMouseButtonsAskNothing()
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), 0);
-    QCOMPARE(test_->map.Mode(), JSDisabled);
+    QCOMPARE(test_->map.Script().Mode(), JSDisabled);
     dialog_->close();
 }
 
@@ -294,7 +294,7 @@ void tst_jsoptionsswitching::keyboardSwitchesAndLeavesTheFigures()
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), 4);
-    QCOMPARE(test_->map.Mode(), JSToolTips);
+    QCOMPARE(test_->map.Script().Mode(), JSToolTips);
     QCOMPARE(test_->MessageHeader(), modeHeaders[4]);
     QCOMPARE(test_->map.Ledger().FigureCount, 1);
     QCOMPARE(test_->RowCount(), 1);
@@ -311,7 +311,7 @@ void tst_jsoptionsswitching::arrowKeysSwitchAtOnce()
     test_->Settle();
     QVERIFY(test_->robot.Boxes().isEmpty());
     QCOMPARE(SelectedOption(), 1);
-    QCOMPARE(test_->map.Mode(), JSStatusBar);
+    QCOMPARE(test_->map.Script().Mode(), JSStatusBar);
     QCOMPARE(test_->MessageHeader(), modeHeaders[1]);
     QCOMPARE(test_->map.Ledger().FigureCount, 1);
     dialog_->close();

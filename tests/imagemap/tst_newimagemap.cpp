@@ -62,7 +62,7 @@ void tst_newimagemap::newImageMapKeepsPictureAndAttributes()
 
 void tst_newimagemap::newImageMapTakesTheModesPlainHeaderButKeepsItsDefault()
 {
-    test_->map.SetMode(JSTextArea);
+    test_->map.Script().SetMode(JSTextArea);
     test_->OpenPicture();
     test_->ClickButton(5);
     const QPointer<QDialog> dialog = test_->DialogOpenedBy([this] { test_->Drag({ 10, 10 }, { 40, 40 }); });
@@ -74,7 +74,7 @@ void tst_newimagemap::newImageMapTakesTheModesPlainHeaderButKeepsItsDefault()
     test_->robot.AnswerBox(QMessageBox::Yes);
     test_->Entry("mnuNew")->trigger();
     QCOMPARE(test_->MessageHeader(), QStringLiteral(" Switching Text Area Messages:"));
-    QCOMPARE(test_->map.ModeDefault(), QStringLiteral("Welcome"));
+    QCOMPARE(test_->map.Script().ModeDefault(), QStringLiteral("Welcome"));
 }
 
 void tst_newimagemap::newImageMapWithoutFiguresAsksNothing()

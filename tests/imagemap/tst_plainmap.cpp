@@ -335,8 +335,8 @@ void tst_plainmap::Compare()
         QCOMPARE(QPoint(figure.X1, figure.Y1), plain_.figures[i].from);
         QCOMPARE(QPoint(figure.X2, figure.Y2), plain_.figures[i].to);
     }
-    QCOMPARE(int(test_->map.Mode()), plain_.mode);
-    QCOMPARE(test_->map.ModeDefault(), plain_.modeDefault);
+    QCOMPARE(int(test_->map.Script().Mode()), plain_.mode);
+    QCOMPARE(test_->map.Script().ModeDefault(), plain_.modeDefault);
     QCOMPARE(test_->MessageHeader(), plain_.header);
     QCOMPARE(test_->EnabledButtons(), plain_.areCommandsEnabled ? buttonsWithFigure : buttonsWithoutFigure);
     const auto tool = static_cast<std::size_t>(plain_.tool);

@@ -191,7 +191,7 @@ void tst_todayinsert::mapElementOffersShapesWhereTheModeHasMessages()
 {
     QFETCH(const bool, isTaken);
     test_->DrawRectangle({ 20, 20 }, { 120, 90 });
-    test_->map.SetMode(JSTextArea);
+    test_->map.Script().SetMode(JSTextArea);
     Choose(2);
     test_->robot.AnswerBox(isTaken ? QMessageBox::Yes : QMessageBox::No);
     test_->ClickButton(16);
@@ -283,7 +283,7 @@ void tst_todayinsert::oldFormTellsWhereItsMessagesAreSeenNoMore()
     QFETCH(const int, mode);
     QFETCH(const bool, isTold);
     test_->DrawRectangle({ 20, 20 }, { 120, 90 });
-    test_->map.SetMode(JSMode(mode));
+    test_->map.Script().SetMode(JSMode(mode));
     test_->ClickButton(16);
     QVERIFY(Hint().startsWith(QStringLiteral("Image map inserted in line 1 of the page")));
     QCOMPARE(Hint().contains(QStringLiteral("Today's browsers")), isTold);

@@ -29,8 +29,8 @@ public:
         calls.clear();
         disconnect(&map_, nullptr, this, nullptr);
         connect(&map_, &MapDocument::AreasChanged, this, [this] { NoteAreas(); });
-        connect(&map_, &MapDocument::MessageHeaderChanged, this, [this] {
-            calls << u"header" + map_.MessageHeader();
+        connect(&map_.Script(), &MapScript::MessageHeaderChanged, this, [this] {
+            calls << u"header" + map_.Script().MessageHeader();
         });
         connect(&map_, &MapDocument::FiguresRemoved, this, [this] { calls << QStringLiteral("repaint"); });
         disconnect(&dialog, nullptr, this, nullptr);
@@ -118,7 +118,7 @@ protected:
 inline void LinkDialogTest::OpenFor(int mode, qint16 kind)
 {
     MapDocument& map = folder_->map;
-    map.SetMode(static_cast<JSMode>(mode));
+    map.Script().SetMode(static_cast<JSMode>(mode));
     FigureStore& store = map.Ledger();
     store.CurrentKind = kind;
     store.StartX = 90;

@@ -195,7 +195,7 @@ void tst_frmimlink::defaultOfTheMapIsOffered()
     QFETCH(const QString, image);
     QFETCH(const QString, text);
 
-    folder_->map.SetModeDefault(QStringLiteral("The default"));
+    folder_->map.Script().SetModeDefault(QStringLiteral("The default"));
     OpenFor(mode);
     QCOMPARE(Find<QLineEdit>(dialog_, "txtDefaultImage")->text(), image);
     QCOMPARE(Find<QLineEdit>(dialog_, "txtDefaultTAreaMessage")->text(), text);

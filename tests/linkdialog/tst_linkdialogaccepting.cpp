@@ -75,7 +75,7 @@ void tst_linkdialogaccepting::missingFieldsAreAskedForInOrder()
         Edit();
         Find<QComboBox>(dialog_, "cmbLink")->clearEditText();
     }
-    folder_->map.SetModeDefault(QStringLiteral("untouched"));
+    folder_->map.Script().SetModeDefault(QStringLiteral("untouched"));
     Fill(CompleteFor(mode).first(filled));
     // The last field alone does not make up for those before it.
     if (filled + 1 < CompleteFor(mode).size() && CompleteFor(mode).size() == 3) {
@@ -91,7 +91,7 @@ void tst_linkdialogaccepting::missingFieldsAreAskedForInOrder()
     QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
     QVERIFY(dialog_ != nullptr && dialog_->isVisible());
     QCOMPARE(watcher_->calls, QStringList());
-    QCOMPARE(folder_->map.ModeDefault(), QStringLiteral("untouched"));
+    QCOMPARE(folder_->map.Script().ModeDefault(), QStringLiteral("untouched"));
     QCOMPARE(folder_->map.Ledger().Figures[0].Link, QString());
     QCOMPARE(folder_->map.Ledger().FigureCount, 1);
 }
@@ -104,7 +104,7 @@ void tst_linkdialogaccepting::blanksCountAsAText()
     QCOMPARE(Rows().size(), 1);
     QCOMPARE(Rows()[0].Link, QStringLiteral(" "));
     QCOMPARE(Rows()[0].Message, QStringLiteral(" "));
-    QCOMPARE(folder_->map.ModeDefault(), QStringLiteral("  "));
+    QCOMPARE(folder_->map.Script().ModeDefault(), QStringLiteral("  "));
 }
 
 void tst_linkdialogaccepting::statusBarMessageMayBeEmpty()
@@ -129,7 +129,7 @@ void tst_linkdialogaccepting::acceptingAddsARow()
     QFETCH(const QString, header);
 
     QDir::setCurrent(QDir::tempPath());
-    folder_->map.SetModeDefault(QStringLiteral("untouched"));
+    folder_->map.Script().SetModeDefault(QStringLiteral("untouched"));
     OpenFor(mode);
     Fill(CompleteFor(mode));
     TypeIn(dialog_, "cmbTarget", "main");
@@ -143,7 +143,7 @@ void tst_linkdialogaccepting::acceptingAddsARow()
                           .SmallIcon = 1 };
     QCOMPARE(Rows().size(), 1);
     QVERIFY(Rows()[0] == row);
-    QCOMPARE(folder_->map.ModeDefault(), modeDefault);
+    QCOMPARE(folder_->map.Script().ModeDefault(), modeDefault);
     QStringList calls;
     if (!header.isEmpty()) {
         calls << u"header" + header;

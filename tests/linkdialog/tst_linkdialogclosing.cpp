@@ -49,7 +49,7 @@ void tst_linkdialogclosing::replacingRewritesTheRowOnly()
     QFETCH(const QString, modeDefault);
     QFETCH(const QString, header);
 
-    folder_->map.SetModeDefault(QStringLiteral("untouched"));
+    folder_->map.Script().SetModeDefault(QStringLiteral("untouched"));
     OpenFor(mode, kindLine);
     Edit(QStringLiteral("Old"));
     const FigureStore before = folder_->map.Ledger();
@@ -63,7 +63,7 @@ void tst_linkdialogclosing::replacingRewritesTheRowOnly()
     }
     calls << QStringLiteral("status");
     QCOMPARE(watcher_->calls, calls);
-    QCOMPARE(folder_->map.ModeDefault(), modeDefault);
+    QCOMPARE(folder_->map.Script().ModeDefault(), modeDefault);
     QVERIFY(folder_->map.Ledger().Figures == before.Figures);
     QVERIFY(folder_->map.Ledger().PolygonLines == before.PolygonLines);
     QVERIFY(folder_->map.Ledger().CurrentPolygon == before.CurrentPolygon);
@@ -99,7 +99,7 @@ void tst_linkdialogclosing::closingDiscardsANewFigure()
     QCOMPARE(folder_->map.Ledger().FigureCount, 0);
     const QStringList calls = { QStringLiteral("repaint"), QStringLiteral("status") };
     QCOMPARE(watcher_->calls, calls);
-    QCOMPARE(folder_->map.ModeDefault(), QString());
+    QCOMPARE(folder_->map.Script().ModeDefault(), QString());
 }
 
 void tst_linkdialogclosing::closingDiscardsANewPolygon()

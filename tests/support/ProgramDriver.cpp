@@ -243,7 +243,7 @@ void ProgramDriver::ChooseMode(JSMode mode)
     });
     ClickMenu(*editor_, QStringLiteral("mnuJS"), QStringLiteral("mnuJSOptions"));
     FinishDialogs();
-    Check(map_.Mode() == mode, QStringLiteral("the mode was not taken"));
+    Check(map_.Script().Mode() == mode, QStringLiteral("the mode was not taken"));
 }
 
 void ProgramDriver::NameFilesOnly(bool fileNamesOnly)

@@ -32,7 +32,7 @@ struct Editor
 
     Editor()
     {
-        QObject::connect(&map, &MapDocument::MessageHeaderChanged, &map, [this] { ++headerShowings; });
+        QObject::connect(&map.Script(), &MapScript::MessageHeaderChanged, &map, [this] { ++headerShowings; });
     }
 
     FigureStore& Store() { return map.Ledger(); }

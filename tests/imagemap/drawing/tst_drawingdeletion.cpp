@@ -61,7 +61,7 @@ void tst_drawingdeletion::deletingTheLastFigureRemovesItsRow()
 void tst_drawingdeletion::deletingTheOnlyFigureEmptiesTheEditor()
 {
     editor_->LinkEveryFigure();
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->protocol.SelectTool(DrawingTool::Rectangle);
     editor_->Drag({ 1, 2 }, { 30, 40 });
     editor_->map.DeleteLastFigure();
@@ -69,7 +69,7 @@ void tst_drawingdeletion::deletingTheOnlyFigureEmptiesTheEditor()
     QVERIFY(editor_->view.painted.isEmpty());
     QVERIFY(!editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->view.Figures(), QString());
-    QCOMPARE(editor_->map.ModeDefault(), QString());
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString());
     QCOMPARE(editor_->headerShowings, 1);
 }
 
@@ -173,7 +173,7 @@ void tst_drawingdeletion::deletingWhileNothingIsCommittedGivesOnlyThatUp()
 
 void tst_drawingdeletion::deletingFromAnEmptyStoreAbandonsTheDrawing()
 {
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->map.DeleteLastFigure();
     QCOMPARE(editor_->Counts(), (Counts{ 0, 0, 0 }));
 
@@ -185,7 +185,7 @@ void tst_drawingdeletion::deletingFromAnEmptyStoreAbandonsTheDrawing()
     QVERIFY(!editor_->view.rubber);
     QVERIFY(!editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->view.Figures(), QString());
-    QCOMPARE(editor_->map.ModeDefault(), QString("default"));
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString("default"));
     editor_->Release({ 50, 50 });
     QCOMPARE(editor_->Counts(), (Counts{ 0, 0, 0 }));
     QVERIFY(editor_->view.linkPrompts.isEmpty());

@@ -61,7 +61,7 @@ void tst_drawinggivenup::givingUpTheFirstFigureKeepsTheModesDefault()
 {
     for (const int kind : { int(kindRectangle), int(kindCircle), int(kindLine) }) {
         init();
-        editor_->map.SetModeDefault("default");
+        editor_->map.Script().SetModeDefault("default");
         editor_->protocol.SelectTool(static_cast<DrawingTool>(kind));
         editor_->Click({ 10, 10 });
         editor_->Press({ 10, 10 });
@@ -69,7 +69,7 @@ void tst_drawinggivenup::givingUpTheFirstFigureKeepsTheModesDefault()
         editor_->view.onLink = nullptr;
         if (kind != kindLine) {
             editor_->CloseLink();
-            editor_->map.SetModeDefault("default");
+            editor_->map.Script().SetModeDefault("default");
             editor_->Press({ 10, 10 });
             editor_->Move({ 50, 50 });
         }
@@ -80,7 +80,7 @@ void tst_drawinggivenup::givingUpTheFirstFigureKeepsTheModesDefault()
         QVERIFY(editor_->view.painted.isEmpty());
         QVERIFY(!editor_->view.areCommandsEnabled);
         QCOMPARE(editor_->view.Figures(), QString());
-        QCOMPARE(editor_->map.ModeDefault(), QString("default"));
+        QCOMPARE(editor_->map.Script().ModeDefault(), QString("default"));
         QCOMPARE(editor_->view.linkPrompts.size(), kind == kindLine ? 0 : 1);
     }
 }
@@ -170,11 +170,11 @@ void tst_drawinggivenup::abandoningNothingChangesNothing()
 
 void tst_drawinggivenup::abandoningKeepsTheModesDefaultAndHeader()
 {
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->protocol.SelectTool(DrawingTool::Rectangle);
     editor_->Press({ 10, 10 });
     editor_->map.GiveUpDrawing();
-    QCOMPARE(editor_->map.ModeDefault(), QString("default"));
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString("default"));
     QCOMPARE(editor_->headerShowings, 0);
 }
 

@@ -124,14 +124,14 @@ void tst_drawingpolygons::polygonsPromptIsThePlainOne_data()
 void tst_drawingpolygons::polygonsPromptIsThePlainOne()
 {
     QFETCH(const int, mode);
-    editor_->map.SetMode(static_cast<JSMode>(mode));
+    editor_->map.Script().SetMode(static_cast<JSMode>(mode));
     editor_->DrawPolygon({ { 10, 10 }, { 90, 20 }, { 50, 80 } });
     QCOMPARE(editor_->view.linkPrompts, QStringList("Link a drawn area !"));
 }
 
 void tst_drawingpolygons::rightClickOnTheFirstSideOpensNoDialog()
 {
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->DrawPolygon({ { 10, 10 }, { 90, 20 } });
     QVERIFY(editor_->view.linkPrompts.isEmpty());
     QCOMPARE(editor_->Counts(), (Counts{ 0, 0, 0 }));
@@ -139,7 +139,7 @@ void tst_drawingpolygons::rightClickOnTheFirstSideOpensNoDialog()
     QVERIFY(editor_->view.painted.isEmpty());
     QVERIFY(!editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->view.Figures(), QString());
-    QCOMPARE(editor_->map.ModeDefault(), QString());
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString());
 }
 
 void tst_drawingpolygons::oneSidedPolygonTakesThePreviousEndMark()

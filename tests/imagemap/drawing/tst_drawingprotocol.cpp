@@ -204,7 +204,7 @@ void tst_drawingprotocol::promptFollowsTheMode()
 {
     QFETCH(const int, mode);
     QFETCH(const QString, prompt);
-    editor_->map.SetMode(static_cast<JSMode>(mode));
+    editor_->map.Script().SetMode(static_cast<JSMode>(mode));
     editor_->protocol.SelectTool(DrawingTool::Rectangle);
     editor_->Drag({ 1, 1 }, { 9, 9 });
     QCOMPARE(editor_->view.linkPrompts, QStringList(prompt));

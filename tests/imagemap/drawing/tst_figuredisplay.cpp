@@ -236,7 +236,7 @@ void tst_figuredisplay::redrawComputesTheRadiusAgain()
 
 void tst_figuredisplay::redrawOfAnEmptyStoreEmptiesTheEditor()
 {
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->view.labels.fill("x");
     editor_->view.areCommandsEnabled = true;
     editor_->display.RedrawFigures();
@@ -244,19 +244,19 @@ void tst_figuredisplay::redrawOfAnEmptyStoreEmptiesTheEditor()
         QCOMPARE(label, QString());
     }
     QVERIFY(!editor_->view.areCommandsEnabled);
-    QCOMPARE(editor_->map.ModeDefault(), QString());
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString());
     QCOMPARE(editor_->headerShowings, 1);
 }
 
 void tst_figuredisplay::redrawWhileTheFirstFigureIsDrawnDisablesNothing()
 {
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->protocol.SelectTool(DrawingTool::Rectangle);
     editor_->Press({ 10, 10 });
     editor_->Move({ 20, 20 });
     editor_->display.RedrawFigures();
     QVERIFY(editor_->view.areCommandsEnabled);
-    QCOMPARE(editor_->map.ModeDefault(), QString("default"));
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString("default"));
     QCOMPARE(editor_->headerShowings, 0);
     QCOMPARE(editor_->view.Figures(), QString("0"));
     QVERIFY(editor_->view.painted.isEmpty());
@@ -267,11 +267,11 @@ void tst_figuredisplay::redrawWhileTheFirstFigureIsDrawnDisablesNothing()
 
 void tst_figuredisplay::redrawOfFiguresKeepsTheModeDefault()
 {
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->FillStore(1);
     editor_->view.areCommandsEnabled = true;
     editor_->display.RedrawFigures();
-    QCOMPARE(editor_->map.ModeDefault(), QString("default"));
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString("default"));
     QVERIFY(editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->headerShowings, 0);
 }
@@ -295,14 +295,14 @@ void tst_figuredisplay::clearingEmptiesTheStoreAlone()
 {
     editor_->LinkEveryFigure();
     editor_->DrawPolygon({ { 10, 10 }, { 90, 20 }, { 50, 80 } });
-    editor_->map.SetModeDefault("default");
+    editor_->map.Script().SetModeDefault("default");
     editor_->map.Clear();
     QCOMPARE(editor_->Counts(), (Counts{ 0, 0, 0 }));
     QVERIFY(!editor_->view.areCommandsEnabled);
     QVERIFY(editor_->Rows().isEmpty());
     QVERIFY(editor_->view.Figures().isEmpty());
     // Header and default are the caller's.
-    QCOMPARE(editor_->map.ModeDefault(), QString("default"));
+    QCOMPARE(editor_->map.Script().ModeDefault(), QString("default"));
     QCOMPARE(editor_->headerShowings, 0);
 }
 

@@ -58,8 +58,8 @@ void tst_mapdocument::messageIsTheModesField()
 {
     QFETCH(const int, mode);
     QFETCH(const QString, message);
-    map_->SetMode(static_cast<JSMode>(mode));
-    QCOMPARE(MessageOf(map_->Mode(), FullEntry()), message);
+    map_->Script().SetMode(static_cast<JSMode>(mode));
+    QCOMPARE(MessageOf(map_->Script().Mode(), FullEntry()), message);
 
     DrawFigure(Store(), kindRectangle, { 1, 2 }, { 3, 4 });
     const std::optional<MapArea> area = Link();
@@ -90,12 +90,12 @@ void tst_mapdocument::defaultBecomesTheMapsWithItsHeader()
     QFETCH(const int, mode);
     QFETCH(const QString, modeDefault);
     QFETCH(const QString, header);
-    map_->SetMode(static_cast<JSMode>(mode));
-    map_->SetModeDefault("before");
-    const QString modesOwn = map_->MessageHeader();
+    map_->Script().SetMode(static_cast<JSMode>(mode));
+    map_->Script().SetModeDefault("before");
+    const QString modesOwn = map_->Script().MessageHeader();
     map_->LinkNewArea(FullEntry());
-    QCOMPARE(map_->ModeDefault(), modeDefault);
-    QCOMPARE(map_->MessageHeader(), header.isEmpty() ? modesOwn : header);
+    QCOMPARE(map_->Script().ModeDefault(), modeDefault);
+    QCOMPARE(map_->Script().MessageHeader(), header.isEmpty() ? modesOwn : header);
 }
 
 void tst_mapdocument::rectangleGetsItsLinkAndArea()

@@ -134,7 +134,7 @@ void tst_maphistory::whatChangesNothingIsNoStep()
     const qsizetype steps = map.History().Position();
     map.RelinkArea(0, EntryFor("a.htm"));
     map.ChangeAreas(map.Areas(), "nothing");
-    map.SetMode(map.Mode());
+    map.Script().SetMode(map.Script().Mode());
     map.GiveUpDrawing();
     QCOMPARE(map.History().Position(), steps);
 }
@@ -190,12 +190,12 @@ void tst_maphistory::anInnerStepIsPartOfTheOuter()
     {
         const MapDocument::Step step(map, "whole");
         map.Clear();
-        map.SetMode(JSToolTips);
+        map.Script().SetMode(JSToolTips);
     }
     QCOMPARE(map.History().UndoName(), "whole");
     map.Undo();
     QCOMPARE(map.Areas().size(), 1);
-    QCOMPARE(map.Mode(), JSDisabled);
+    QCOMPARE(map.Script().Mode(), JSDisabled);
 }
 
 void tst_maphistory::aFigureInProgressIsGivenUpFirst()
