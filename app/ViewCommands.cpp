@@ -1,5 +1,6 @@
 #include "app/ViewCommands.h"
 
+#include "app/LineNumbers.h"
 #include "app/Shades.h"
 #include "app/SourceEditor.h"
 #include "shared/Settings.h"
@@ -22,7 +23,8 @@ struct Choice
     const FlagSetting& Kept;
 };
 
-constexpr std::array choices = { Choice{ ViewChoice::CurrentLine, Setting::currentLine },
+constexpr std::array choices = { Choice{ ViewChoice::LineNumbers, Setting::lineNumbers },
+                                 Choice{ ViewChoice::CurrentLine, Setting::currentLine },
                                  Choice{ ViewChoice::Spaces, Setting::spaces },
                                  Choice{ ViewChoice::Wrap, Setting::wrap } };
 
@@ -67,6 +69,11 @@ void ViewCommands::Restore()
     }
 }
 
+void ViewCommands::mnuVLineNumbers_Click()
+{
+    Toggle(ViewChoice::LineNumbers);
+}
+
 void ViewCommands::mnuVCurrentLine_Click()
 {
     Toggle(ViewChoice::CurrentLine);
@@ -109,6 +116,9 @@ void ViewCommands::Show(ViewChoice choice, bool isOn)
 {
     check_(choice, isOn);
     switch (choice) {
+    case ViewChoice::LineNumbers:
+        ShowLineNumbers(isOn);
+        break;
     case ViewChoice::CurrentLine:
         ShowCurrentLine();
         break;
@@ -118,6 +128,17 @@ void ViewCommands::Show(ViewChoice choice, bool isOn)
     case ViewChoice::Wrap:
         editor_.setLineWrapMode(isOn ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
         break;
+    }
+}
+
+void ViewCommands::ShowLineNumbers(bool areShown)
+{
+    if (numbers_ == nullptr && areShown) {
+        numbers_ = new LineNumbers(editor_);
+        editor_.SetBar(Qt::LeftEdge, numbers_);
+    }
+    if (numbers_ != nullptr) {
+        numbers_->setVisible(areShown);
     }
 }
 

@@ -3,13 +3,14 @@
 #include <QObject>
 #include <functional>
 
+class LineNumbers;
 class QMenu;
 class Settings;
 class SourceEditor;
 struct FlagSetting;
 
 /** What of the view is on or off. */
-enum class ViewChoice { CurrentLine, Spaces, Wrap };
+enum class ViewChoice { LineNumbers, CurrentLine, Spaces, Wrap };
 
 /** The commands of the View menu: how the text is shown. Nothing of it changes the text or its marks. */
 class ViewCommands : public QObject
@@ -25,6 +26,7 @@ public:
     /** Shows the text as it was shown last; what it looks like now is the usual way. */
     void Restore();
 
+    void mnuVLineNumbers_Click();
     void mnuVCurrentLine_Click();
     void mnuVSpaces_Click();
     void mnuVWrap_Click();
@@ -38,6 +40,7 @@ private:
     [[nodiscard]] bool IsOn(ViewChoice choice) const;
     void Toggle(ViewChoice choice);
     void Show(ViewChoice choice, bool isOn);
+    void ShowLineNumbers(bool areShown);
     void ShowSpaces(bool areShown);
     void ShowCurrentLine();
     void ChangeSize(int steps);
@@ -47,7 +50,8 @@ private:
     SourceEditor& editor_;
     Settings& settings_;
     std::function<void(ViewChoice, bool)> check_;
-    double usualSize_ = 0; ///< of the text, in points
-    double usualTab_ = 0;  ///< in pixels
-    int wheelRest_ = 0;    ///< what the wheel turned beyond whole notches
+    LineNumbers* numbers_ = nullptr; ///< once they were wanted
+    double usualSize_ = 0;           ///< of the text, in points
+    double usualTab_ = 0;            ///< in pixels
+    int wheelRest_ = 0;              ///< what the wheel turned beyond whole notches
 };

@@ -99,6 +99,7 @@ void tst_viewcommands::entriesStandInOrder()
 void tst_viewcommands::choicesAreCheckedWhileTheyHold_data()
 {
     QTest::addColumn<bool>("usually");
+    QTest::newRow("mnuVLineNumbers") << false;
     QTest::newRow("mnuVCurrentLine") << false;
     QTest::newRow("mnuVSpaces") << false;
     QTest::newRow("mnuVWrap") << true;
