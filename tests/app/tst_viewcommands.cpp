@@ -88,11 +88,13 @@ void tst_viewcommands::entriesStandInOrder()
         lines << action->objectName() + u'|' + action->text() + u'|' +
                      action->shortcut().toString(QKeySequence::PortableText);
     }
-    const QStringList expected = {
-        QStringLiteral("mnuVCurrentLine|Cu&rrent Line|"), QStringLiteral("mnuVSpaces|&Spaces and Tabs|"),
-        QStringLiteral("mnuVWrap|&Wrap Long Lines|"),     QStringLiteral("mnuVSep1||"),
-        QStringLiteral("mnuVLarger|&Larger Text|Ctrl++"), QStringLiteral("mnuVSmaller|S&maller Text|Ctrl+-")
-    };
+    const QStringList expected = { QStringLiteral("mnuVLineNumbers|Line &Numbers|"),
+                                   QStringLiteral("mnuVCurrentLine|Cu&rrent Line|"),
+                                   QStringLiteral("mnuVSpaces|&Spaces and Tabs|"),
+                                   QStringLiteral("mnuVWrap|&Wrap Long Lines|"),
+                                   QStringLiteral("mnuVSep1||"),
+                                   QStringLiteral("mnuVLarger|&Larger Text|Ctrl++"),
+                                   QStringLiteral("mnuVSmaller|S&maller Text|Ctrl+-") };
     QCOMPARE(lines, expected);
 }
 
