@@ -8,6 +8,9 @@ namespace {
 /** What small text needs to be read. */
 constexpr double readableContrast = 4.5;
 
+/** How much of the text's colour the ground of the caret's line has in it. */
+constexpr double currentLineShare = 0.08;
+
 /** How light a colour is seen, from 0 to 1. */
 double LuminanceOf(const QColor& colour)
 {
@@ -45,4 +48,9 @@ QColor ReadableOn(const QColor& ground, const QColor& colour, const QColor& text
         }
     }
     return text;
+}
+
+QColor CurrentLineGround(const QPalette& palette)
+{
+    return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), currentLineShare);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QColor>
+#include <QPalette>
 
 /** `ground` with so much of `colour` in it, from 0 to 1. */
 [[nodiscard]] QColor Mixed(const QColor& ground, const QColor& colour, double share);
@@ -10,3 +10,6 @@
 
 /** `colour`, or as much of it as `text` leaves so that it can be read on `ground`. */
 [[nodiscard]] QColor ReadableOn(const QColor& ground, const QColor& colour, const QColor& text);
+
+/** The ground of the line that the caret is in. */
+[[nodiscard]] QColor CurrentLineGround(const QPalette& palette);

@@ -3,6 +3,7 @@
 #include "app/LineNumbers.h"
 #include "app/Shades.h"
 #include "app/SourceEditor.h"
+#include "app/SyntaxColours.h"
 #include "shared/Settings.h"
 
 #include <QMenu>
@@ -12,8 +13,6 @@
 
 namespace {
 
-/** How much of the text's colour the ground of the caret's line has in it. */
-constexpr double currentLineShare = 0.08;
 /** Eighths of a degree in one notch of the wheel. */
 constexpr int notchOfWheel = 120;
 
@@ -23,7 +22,8 @@ struct Choice
     const FlagSetting& Kept;
 };
 
-constexpr std::array choices = { Choice{ ViewChoice::LineNumbers, Setting::lineNumbers },
+constexpr std::array choices = { Choice{ ViewChoice::Colours, Setting::colours },
+                                 Choice{ ViewChoice::LineNumbers, Setting::lineNumbers },
                                  Choice{ ViewChoice::CurrentLine, Setting::currentLine },
                                  Choice{ ViewChoice::Spaces, Setting::spaces },
                                  Choice{ ViewChoice::Wrap, Setting::wrap } };
@@ -59,6 +59,8 @@ ViewCommands::ViewCommands(
     connect(&menu, &QMenu::aboutToShow, this, [this] { check_(ViewChoice::Wrap, IsOn(ViewChoice::Wrap)); });
 }
 
+ViewCommands::~ViewCommands() = default;
+
 void ViewCommands::Restore()
 {
     usualSize_ = editor_.font().pointSizeF();
@@ -67,6 +69,11 @@ void ViewCommands::Restore()
     for (const Choice& choice : choices) {
         Show(choice.Which, settings_.Value(choice.Kept));
     }
+}
+
+void ViewCommands::mnuVColours_Click()
+{
+    Toggle(ViewChoice::Colours);
 }
 
 void ViewCommands::mnuVLineNumbers_Click()
@@ -116,6 +123,9 @@ void ViewCommands::Show(ViewChoice choice, bool isOn)
 {
     check_(choice, isOn);
     switch (choice) {
+    case ViewChoice::Colours:
+        ShowColours(isOn);
+        break;
     case ViewChoice::LineNumbers:
         ShowLineNumbers(isOn);
         break;
@@ -128,6 +138,16 @@ void ViewCommands::Show(ViewChoice choice, bool isOn)
     case ViewChoice::Wrap:
         editor_.setLineWrapMode(isOn ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
         break;
+    }
+}
+
+void ViewCommands::ShowColours(bool areShown)
+{
+    if (areShown) {
+        colours_ = std::make_unique<SyntaxColours>(editor_);
+    } else if (colours_ != nullptr) {
+        colours_->TakeAway();
+        colours_.reset();
     }
 }
 
@@ -158,9 +178,7 @@ void ViewCommands::ShowCurrentLine()
     if (IsOn(ViewChoice::CurrentLine)) {
         const QTextBlock block = editor_.textCursor().block();
         QTextEdit::ExtraSelection line{ QTextCursor(block), {} };
-        line.format.setBackground(Mixed(
-            editor_.palette().color(QPalette::Base), editor_.palette().color(QPalette::Text),
-            currentLineShare));
+        line.format.setBackground(CurrentLineGround(editor_.palette()));
         line.format.setProperty(QTextFormat::FullWidthSelection, true);
         // A selection is as wide as the view in all rows of a wrapped line but the one that it ends in.
         QTextEdit::ExtraSelection lastRow = line;

@@ -88,19 +88,19 @@ void tst_viewcommands::entriesStandInOrder()
         lines << action->objectName() + u'|' + action->text() + u'|' +
                      action->shortcut().toString(QKeySequence::PortableText);
     }
-    const QStringList expected = { QStringLiteral("mnuVLineNumbers|Line &Numbers|"),
-                                   QStringLiteral("mnuVCurrentLine|Cu&rrent Line|"),
-                                   QStringLiteral("mnuVSpaces|&Spaces and Tabs|"),
-                                   QStringLiteral("mnuVWrap|&Wrap Long Lines|"),
-                                   QStringLiteral("mnuVSep1||"),
-                                   QStringLiteral("mnuVLarger|&Larger Text|Ctrl++"),
-                                   QStringLiteral("mnuVSmaller|S&maller Text|Ctrl+-") };
+    const QStringList expected = {
+        QStringLiteral("mnuVColours|Syntax &Colours|"),   QStringLiteral("mnuVLineNumbers|Line &Numbers|"),
+        QStringLiteral("mnuVCurrentLine|Cu&rrent Line|"), QStringLiteral("mnuVSpaces|&Spaces and Tabs|"),
+        QStringLiteral("mnuVWrap|&Wrap Long Lines|"),     QStringLiteral("mnuVSep1||"),
+        QStringLiteral("mnuVLarger|&Larger Text|Ctrl++"), QStringLiteral("mnuVSmaller|S&maller Text|Ctrl+-")
+    };
     QCOMPARE(lines, expected);
 }
 
 void tst_viewcommands::choicesAreCheckedWhileTheyHold_data()
 {
     QTest::addColumn<bool>("usually");
+    QTest::newRow("mnuVColours") << false;
     QTest::newRow("mnuVLineNumbers") << false;
     QTest::newRow("mnuVCurrentLine") << false;
     QTest::newRow("mnuVSpaces") << false;
