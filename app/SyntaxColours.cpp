@@ -7,6 +7,7 @@
 #include <QPaintEvent>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <chrono>
 
 namespace {
 
@@ -14,6 +15,9 @@ namespace {
 constexpr qsizetype mostAtOnce = 1 << 18;
 /** What follows in a line is not coloured: with so many pieces, laying it out would take too long. */
 constexpr qsizetype mostInLine = 10'000;
+/** The lines behind an edit follow it after so long: a tag that is being typed would change them at every
+ * key. */
+constexpr auto pauseInTyping = std::chrono::milliseconds(200);
 /** A ground darker than this is a dark one. */
 constexpr int middleOfLightness = 128;
 
@@ -98,6 +102,12 @@ SyntaxColours::SyntaxColours(SourceEditor& editor)
     later_.setSingleShot(true);
     later_.setInterval(0);
     connect(&later_, &QTimer::timeout, this, &SyntaxColours::ReadOn);
+    pause_.setSingleShot(true);
+    pause_.setInterval(pauseInTyping);
+    connect(&pause_, &QTimer::timeout, this, [this] {
+        isStale_ = true;
+        ColourSeen({});
+    });
     connect(
         editor_.document(), &QTextDocument::contentsChange, this, &SyntaxColours::Document_ContentsChange);
     editor_.viewport()->installEventFilter(this);
@@ -121,7 +131,11 @@ void SyntaxColours::TakeAway()
 void SyntaxColours::Document_ContentsChange(int position, int removed, int added)
 {
     states_.NoteChange(position, removed, added);
+    const bool isFirst = !isStale_;
+    editStart_ = isFirst ? position : std::min(editStart_, position);
+    editEnd_ = isFirst ? position + added : std::max(editEnd_, position) + added;
     isStale_ = true;
+    pause_.start();
 }
 
 void SyntaxColours::TakeColours()
@@ -171,32 +185,49 @@ void SyntaxColours::ColourSeen(const QRect& painted)
     if (!isStale_ && first.position() == firstSeen_ && endPosition == endSeen_) {
         return;
     }
-    std::optional<HtmlState> state = states_.At(first, mostAtOnce);
-    if (!state) {
-        later_.start();
-        return;
-    }
-    int changedFrom = -1;
-    double changedTop = 0;
-    double changedBottom = 0;
-    double y = top;
-    for (QTextBlock block = first; block != end; block = block.next()) {
-        const double bottom = y + layout.blockBoundingRect(block).height();
-        if (ColourLine(block, *state)) {
-            changedTop = changedFrom < 0 ? y : changedTop;
-            changedFrom = changedFrom < 0 ? block.position() : changedFrom;
-            changedBottom = bottom;
-        }
-        y = bottom;
-    }
+    // Whoever scrolls while typing sees other lines, too.
+    isTyping_ = pause_.isActive() && first.position() == firstSeen_;
     isStale_ = false;
     firstSeen_ = first.position();
     endSeen_ = endPosition;
+    ColourFrom(first, end, top, painted);
+}
+
+/** Whether a line is one of those that are coloured while the user types. */
+bool SyntaxColours::IsEdited(const QTextBlock& block) const
+{
+    return block.position() <= editEnd_ && block.position() + block.length() > editStart_;
+}
+
+/** Colours the lines before `end`, the first of which is at `top`. */
+void SyntaxColours::ColourFrom(
+    const QTextBlock& first, const QTextBlock& end, double top, const QRect& painted)
+{
+    const QAbstractTextDocumentLayout& layout = *editor_.document()->documentLayout();
+    std::optional<HtmlState> state;
+    int changedFrom = -1;
+    bool isPainted = true;
+    for (QTextBlock block = first; block != end; block = block.next()) {
+        const double bottom = top + layout.blockBoundingRect(block).height();
+        if (!isTyping_ || IsEdited(block)) {
+            state = state ? state : states_.At(block, mostAtOnce);
+            if (!state) {
+                isStale_ = true;
+                later_.start();
+                break;
+            }
+            if (ColourLine(block, *state)) {
+                changedFrom = changedFrom < 0 ? block.position() : changedFrom;
+                isPainted = isPainted && top >= painted.top() && bottom <= painted.bottom() + 1;
+            }
+        }
+        top = bottom;
+    }
     if (changedFrom >= 0) {
         // The layout lays these lines out anew when they are painted; it would have everything painted again.
         const QSignalBlocker quiet(editor_.document()->documentLayout());
         editor_.document()->markContentsDirty(changedFrom, 0);
-        if (changedTop < painted.top() || changedBottom > painted.bottom() + 1) {
+        if (!isPainted) {
             editor_.viewport()->update();
         }
     }

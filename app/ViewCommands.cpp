@@ -16,22 +16,22 @@ namespace {
 /** Eighths of a degree in one notch of the wheel. */
 constexpr int notchOfWheel = 120;
 
-struct Choice
+struct ChoiceRow
 {
     ViewChoice Which;
     const FlagSetting& Kept;
 };
 
-constexpr std::array choices = { Choice{ ViewChoice::Colours, Setting::colours },
-                                 Choice{ ViewChoice::LineNumbers, Setting::lineNumbers },
-                                 Choice{ ViewChoice::CurrentLine, Setting::currentLine },
-                                 Choice{ ViewChoice::Spaces, Setting::spaces },
-                                 Choice{ ViewChoice::Wrap, Setting::wrap } };
+constexpr std::array choiceRows = { ChoiceRow{ ViewChoice::Colours, Setting::colours },
+                                    ChoiceRow{ ViewChoice::LineNumbers, Setting::lineNumbers },
+                                    ChoiceRow{ ViewChoice::CurrentLine, Setting::currentLine },
+                                    ChoiceRow{ ViewChoice::Spaces, Setting::spaces },
+                                    ChoiceRow{ ViewChoice::Wrap, Setting::wrap } };
 
 constexpr bool AreInOrder()
 {
-    for (std::size_t i = 0; i < choices.size(); ++i) {
-        if (choices[i].Which != static_cast<ViewChoice>(i)) {
+    for (std::size_t i = 0; i < choiceRows.size(); ++i) {
+        if (choiceRows[i].Which != static_cast<ViewChoice>(i)) {
             return false;
         }
     }
@@ -41,7 +41,7 @@ static_assert(AreInOrder());
 
 const FlagSetting& SettingOf(ViewChoice choice)
 {
-    return choices[static_cast<std::size_t>(choice)].Kept;
+    return choiceRows[static_cast<std::size_t>(choice)].Kept;
 }
 
 } // namespace
@@ -66,8 +66,8 @@ void ViewCommands::Restore()
     usualSize_ = editor_.font().pointSizeF();
     usualTab_ = editor_.tabStopDistance();
     ShowSize();
-    for (const Choice& choice : choices) {
-        Show(choice.Which, settings_.Value(choice.Kept));
+    for (const ChoiceRow& row : choiceRows) {
+        Show(row.Which, settings_.Value(row.Kept));
     }
 }
 

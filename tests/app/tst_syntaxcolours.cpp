@@ -22,6 +22,7 @@ private Q_SLOTS:
     void partsOfAPageHaveTheirColours();
     void coloursFollowWhatIsTyped();
     void coloursBehindAnEditFollowIt();
+    void linesBehindStayWhileATagIsTyped();
     void turningThemOffLeavesNothing();
     void linesOutOfSightAreNotColoured();
     void farPlacesAreColouredSoon();
@@ -114,20 +115,34 @@ void tst_syntaxcolours::coloursBehindAnEditFollowIt()
 {
     Show(QStringLiteral("\n<p>one\n<b>two\n--><i>"));
     test_->Type("<!--");
-    Paint();
-    QCOMPARE(Pieces(1), QStringLiteral("<p>one"));
-    QCOMPARE(Pieces(2), QStringLiteral("<b>two"));
-    QCOMPARE(Pieces(3), QStringLiteral("--> <i>"));
+    QTRY_COMPARE(Pieces(1), QStringLiteral("<p>one"));
+    QTRY_COMPARE(Pieces(2), QStringLiteral("<b>two"));
+    QTRY_COMPARE(Pieces(3), QStringLiteral("--> <i>"));
     test_->Press(Qt::Key_Backspace);
-    Paint();
-    QCOMPARE(Pieces(1), QStringLiteral("<p>")); // "<!-" begins one, too, up to the next ">"
+    QTRY_COMPARE(Pieces(1), QStringLiteral("<p>")); // "<!-" begins one, too, up to the next ">"
     QCOMPARE(ColourAt(1, 0), ColourAt(0, 0));
-    QCOMPARE(Pieces(2), QStringLiteral("<b>"));
+    QTRY_COMPARE(Pieces(2), QStringLiteral("<b>"));
     test_->Press(Qt::Key_Backspace);
     test_->Press(Qt::Key_Backspace);
-    Paint();
-    QCOMPARE(Pieces(2), QStringLiteral("<b>"));
-    QCOMPARE(Pieces(3), QStringLiteral("<i>"));
+    QTRY_COMPARE(Pieces(2), QStringLiteral("<b>"));
+    QTRY_COMPARE(Pieces(3), QStringLiteral("<i>"));
+}
+
+void tst_syntaxcolours::linesBehindStayWhileATagIsTyped()
+{
+    Show(QStringLiteral("a\n<p>one\n</p>"));
+    for (const char* const key : { "<", "b", " ", "i", "d", "=", "\"", "c", "\"", ">" }) {
+        test_->Type(key);
+        Editor()->viewport()->repaint();
+        QCOMPARE(Pieces(1), QStringLiteral("<p>"));
+        QCOMPARE(Pieces(2), QStringLiteral("</p>"));
+    }
+    QCOMPARE(Pieces(0), QStringLiteral("<b id \"c\" >"));
+    test_->Press(Qt::Key_Return);
+    test_->Type("<i>");
+    Editor()->viewport()->repaint();
+    QCOMPARE(Pieces(1), QStringLiteral("<i>"));
+    QCOMPARE(Pieces(2), QStringLiteral("<p>"));
 }
 
 void tst_syntaxcolours::turningThemOffLeavesNothing()
