@@ -22,6 +22,11 @@ class SourceEditor : public QPlainTextEdit
 public:
     explicit SourceEditor(QWidget* parent = nullptr);
 
+    // Which lines are seen, and where.
+    using QPlainTextEdit::blockBoundingGeometry;
+    using QPlainTextEdit::contentOffset;
+    using QPlainTextEdit::firstVisibleBlock;
+
     /** The whole text. */
     [[nodiscard]] QString Text() const;
 

@@ -8,6 +8,7 @@
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
 #include "app/TagTree.h"
+#include "app/ViewCommands.h"
 #include "app/frmMapOptions.h"
 #include "app/rules/WindowLayout.h"
 #include "help/HelpDisplay.h"
@@ -127,6 +128,7 @@ void frmIMmain::Form_Load()
     CentreOnScreen(this);
     ToggleFlatLook(ui_->Toolbar1);
     documents_->ClearDocument();
+    views_->Restore();
     tags_->Build();
     links_->Load();
 }

@@ -27,8 +27,10 @@ class QLabel;
 class QMouseEvent;
 class QUrl;
 class TagTree;
+class ViewCommands;
 class frmImageMap;
 class frmMapOptions;
+enum class ViewChoice;
 
 /**
  * The main window: the HTML source editor with tags and saved links beside it. It owns the document, whose
@@ -39,7 +41,7 @@ class frmIMmain : public QMainWindow
     Q_OBJECT
 
 public:
-    using Command = CommandRow<frmIMmain>;
+    using Command = CommandRow<frmIMmain, NoNeed, ViewChoice>;
 
     frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop);
     ~frmIMmain() override;
@@ -60,6 +62,7 @@ public:
     [[nodiscard]] EditCommands& Edits();
     [[nodiscard]] OutsideCommands& Outside();
     [[nodiscard]] PageCommands& Pages();
+    [[nodiscard]] ViewCommands& Views();
     [[nodiscard]] FindBar& Find();
 
     /** Asks whether changes are to be saved; false when the user wants to go on with the document. */
@@ -96,6 +99,7 @@ private:
     std::unique_ptr<EditCommands> edits_;
     std::unique_ptr<EditedPage> page_;
     std::unique_ptr<PageCommands> pages_;
+    std::unique_ptr<ViewCommands> views_;
     MessageBar* messages_ = nullptr;
     EncodingCommands* encodings_ = nullptr;
     FindBar* find_ = nullptr; ///< once it was wanted

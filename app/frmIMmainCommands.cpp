@@ -9,6 +9,7 @@
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
 #include "app/TagTree.h"
+#include "app/ViewCommands.h"
 #include "app/frmIMmain.h"
 #include "ui_frmIMmain.h"
 
@@ -123,6 +124,36 @@ constexpr auto commandRows = std::to_array<Row>({
     { Entry, "mnuPGoTo", "&Go to Line...", "Ctrl+G", In<&frmIMmain::Pages, &PageCommands::mnuPGoTo_Click> },
     { Separator, "mnuPSep2" },
     { Entry, "mnuPRedo", "Red&o", "Ctrl+Y", In<&frmIMmain::Source, &SourceEditor::redo> },
+    { Menu, "mnuView", "&View" },
+    { .kind = Entry,
+      .name = "mnuVColours",
+      .caption = "Syntax &Colours",
+      .run = In<&frmIMmain::Views, &ViewCommands::mnuVColours_Click>,
+      .choice = ViewChoice::Colours },
+    { .kind = Entry,
+      .name = "mnuVLineNumbers",
+      .caption = "Line &Numbers",
+      .run = In<&frmIMmain::Views, &ViewCommands::mnuVLineNumbers_Click>,
+      .choice = ViewChoice::LineNumbers },
+    { .kind = Entry,
+      .name = "mnuVCurrentLine",
+      .caption = "Cu&rrent Line",
+      .run = In<&frmIMmain::Views, &ViewCommands::mnuVCurrentLine_Click>,
+      .choice = ViewChoice::CurrentLine },
+    { .kind = Entry,
+      .name = "mnuVSpaces",
+      .caption = "&Spaces and Tabs",
+      .run = In<&frmIMmain::Views, &ViewCommands::mnuVSpaces_Click>,
+      .choice = ViewChoice::Spaces },
+    { .kind = Entry,
+      .name = "mnuVWrap",
+      .caption = "&Wrap Long Lines",
+      .run = In<&frmIMmain::Views, &ViewCommands::mnuVWrap_Click>,
+      .choice = ViewChoice::Wrap },
+    { Separator, "mnuVSep1" },
+    { Entry, "mnuVLarger", "&Larger Text", "Ctrl++", In<&frmIMmain::Views, &ViewCommands::mnuVLarger_Click> },
+    { Entry, "mnuVSmaller", "S&maller Text", "Ctrl+-",
+      In<&frmIMmain::Views, &ViewCommands::mnuVSmaller_Click> },
     { Menu, "mnuHelp", "&Help" },
     { Entry, "mnuHContents", "&Contents", "F1", &frmIMmain::ShowHelpContents, { 19, "Help", "help" } },
     { Entry, "mnuHSearch", "&Search", "", &frmIMmain::ShowHelpSearch },
@@ -153,6 +184,9 @@ void frmIMmain::CreateParts()
         imgMap_, ui_->txtCTags, ui_->ListView1,
         { .Add = ui_->btnAdd, .Delete = ui_->btnDelete, .Save = ui_->btnSave });
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
+    views_ = std::make_unique<ViewCommands>(
+        source, imgMap_.Remembered, *findChild<QMenu*>(QStringLiteral("mnuView")),
+        [this](ViewChoice choice, bool isOn) { commands_.SetChecked(choice, isOn); });
 }
 
 SourceEditor& frmIMmain::Source()
@@ -178,6 +212,11 @@ OutsideCommands& frmIMmain::Outside()
 PageCommands& frmIMmain::Pages()
 {
     return *pages_;
+}
+
+ViewCommands& frmIMmain::Views()
+{
+    return *views_;
 }
 
 FindBar& frmIMmain::Find()

@@ -49,7 +49,8 @@ inline constexpr FlagSetting colours{ "View/Colours", false };
 inline constexpr FlagSetting lineNumbers{ "View/LineNumbers", false };
 inline constexpr FlagSetting currentLine{ "View/CurrentLine", false };
 inline constexpr FlagSetting spaces{ "View/Spaces", false };
-inline constexpr FlagSetting wrap{ "View/Wrap", false };
+inline constexpr FlagSetting wrap{ "View/Wrap", true };
+inline constexpr NumberSetting textSize{ "View/TextSize", 0, -6, 60 }; ///< points beyond the usual size
 
 inline constexpr FlagSetting findCase{ "Find/Case", false };
 inline constexpr FlagSetting findWords{ "Find/Words", false };

@@ -196,7 +196,7 @@ void tst_frmimmain::menuBarHasTheMenusInOrder()
     for (const QAction* const action : test_->Find<QMenuBar>("MenuBar1")->actions()) {
         names << action->menu()->objectName();
     }
-    QCOMPARE(names.join(u' '), QStringLiteral("mnuFile mnuEdit mnuInsert mnuTools mnuPage mnuHelp"));
+    QCOMPARE(names.join(u' '), QStringLiteral("mnuFile mnuEdit mnuInsert mnuTools mnuPage mnuView mnuHelp"));
     QCOMPARE(test_->Find<QMenu>("mnuEEditCase")->menuAction()->menu()->title(), QStringLiteral("&Edit Case"));
 }
 
@@ -211,9 +211,9 @@ void tst_frmimmain::everyCommandHasItsOwnShortcut()
     }
     shortcuts.sort();
     QCOMPARE(
-        shortcuts.join(u' '),
-        QStringLiteral("Ctrl+C Ctrl+D Ctrl+E Ctrl+F Ctrl+G Ctrl+H Ctrl+I Ctrl+N Ctrl+O Ctrl+P Ctrl+S Ctrl+X "
-                       "Ctrl+Y Ctrl+Z Del F1 F3 Shift+F3"));
+        shortcuts.join(u' '), QStringLiteral("Ctrl++ Ctrl+- Ctrl+C Ctrl+D Ctrl+E Ctrl+F Ctrl+G Ctrl+H Ctrl+I "
+                                             "Ctrl+N Ctrl+O Ctrl+P Ctrl+S Ctrl+X "
+                                             "Ctrl+Y Ctrl+Z Del F1 F3 Shift+F3"));
 }
 
 void tst_frmimmain::toolbarHasItsButtonsAndSeparators()

@@ -50,6 +50,7 @@ void PrintGrowth(const QString& what, const Cost& cost, const Cost& ofLess, doub
 
 void BenchStartUp();
 void BenchDocuments();
+void BenchViews();
 void BenchPictures();
 
 /** What a process of its own does for BenchStartUp(): shows the main window, or the "empty" one. */

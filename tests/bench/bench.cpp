@@ -162,6 +162,7 @@ int main(int argc, char* argv[])
     }
     BenchStartUp();
     BenchDocuments();
+    BenchViews();
     BenchPictures();
     return 0;
 }
