@@ -12,6 +12,7 @@
 
 class AreaList;
 class AreaListModel;
+class AreaReader;
 class PicturePane;
 class QMainWindow;
 class ZoomControls;
@@ -68,13 +69,22 @@ public:
 
     void ChooseSelect();
     void TryTheMap();
-    void Undo();
-    void Redo();
+    void Undo()
+    {
+        Change([this] { editing_.Undo(); });
+    }
+    void Redo()
+    {
+        Change([this] { editing_.Redo(); });
+    }
     void Cut();
     void Copy();
     void Paste();
     void Duplicate();
-    void Delete();
+    void Delete()
+    {
+        Change([this] { editing_.Delete(); });
+    }
     void SelectAll();
     template<OrderChange change> void Reorder()
     {
@@ -117,9 +127,9 @@ private:
     void ShowSettings();
     void ShowAll();
     void ShowAreaMarks();
-    void DescribeSelection();
     void SelectInList();
     void List_SelectionChanged();
+    void Reader_SelectAsked(qsizetype number);
     void List_MenuAsked(QPoint place);
     void Selection_Changed();
     void Try_Hovered(const QString& link, const QString& toolTip);
@@ -133,6 +143,7 @@ private:
     AreaEditing editing_;
     SelectionProtocol select_;
     TryProtocol try_;
+    AreaReader& reader_; ///< belongs to the picture
     CommandSet<Command> commands_;
     Tool tool_ = Tool::Drawing;
     QSize picture_;
