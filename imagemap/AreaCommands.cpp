@@ -3,6 +3,7 @@
 #include "imagemap/AreaClipboard.h"
 #include "imagemap/AreaList.h"
 #include "imagemap/AreaListModel.h"
+#include "imagemap/AreaReader.h"
 #include "imagemap/PictureCommands.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/ZoomControls.h"
@@ -20,14 +21,8 @@ namespace {
 
 constexpr QStringView selectHint = u"Click picks an area, drag moves it";
 constexpr QStringView severalHint = u"Drag moves them all, Del takes them away";
+constexpr QStringView nowhereHint = u"A click here leads nowhere";
 constexpr QStringView tryHint = u"A click on an area tells where it leads";
-
-/** What is said of an area where it cannot be seen. */
-QString SpokenName(const MapArea& area, qsizetype number)
-{
-    const QString link = area.Link.isEmpty() ? QStringLiteral("no link") : area.Link;
-    return TitleOf(area, number).trimmed() + u", " + link + u", " + CoordinatesText(area);
-}
 
 } // namespace
 
@@ -39,6 +34,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     , editing_(map_, selection_)
     , select_(editing_, parts_.pane.Surface(), parts_.pane.Surface(), parts_.status)
     , try_(map_, parts_.pane.Surface())
+    , reader_(*new AreaReader(parts_.pane.Surface()))
 {
     CreateMenus(settings);
     CreateKeys();
@@ -52,14 +48,13 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     connect(&map_, &MapDocument::AreasChanged, this, &AreaCommands::ShowAll);
     connect(&map_, &MapDocument::HistoryChanged, this, &AreaCommands::EnableCommands);
     connect(&select_, &SelectionProtocol::EditAsked, this, &AreaCommands::EditAsked, Qt::QueuedConnection);
-    connect(
-        &select_, &SelectionProtocol::MenuAsked, this, [this] { ShowMenu(QCursor::pos()); },
-        Qt::QueuedConnection);
+    const auto showMenu = [this] { ShowMenu(QCursor::pos()); };
+    connect(&select_, &SelectionProtocol::MenuAsked, this, showMenu, Qt::QueuedConnection);
+    connect(&reader_, &AreaReader::SelectAsked, this, &AreaCommands::Reader_SelectAsked);
     connect(&try_, &TryProtocol::Hovered, this, &AreaCommands::Try_Hovered);
     connect(&try_, &TryProtocol::Followed, this, [this](const QString& link) {
         Q_EMIT HintGiven(
-            link.isEmpty() ? QStringLiteral("A click here leads nowhere")
-                           : QStringLiteral("A click leads to ") + link);
+            link.isEmpty() ? nowhereHint.toString() : QStringLiteral("A click leads to ") + link);
     });
     connect(view_, &ViewCommands::Switched, this, &AreaCommands::View_Switched);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &AreaCommands::EnableCommands);
@@ -183,16 +178,6 @@ void AreaCommands::Change(const std::function<void()>& change)
     }
 }
 
-void AreaCommands::Undo()
-{
-    Change([this] { editing_.Undo(); });
-}
-
-void AreaCommands::Redo()
-{
-    Change([this] { editing_.Redo(); });
-}
-
 void AreaCommands::Cut()
 {
     Change([this] {
@@ -227,11 +212,6 @@ void AreaCommands::Duplicate()
         selection_.Select(selected);
         editing_.Duplicate();
     });
-}
-
-void AreaCommands::Delete()
-{
-    Change([this] { editing_.Delete(); });
 }
 
 void AreaCommands::SelectAll()
@@ -276,6 +256,7 @@ void AreaCommands::ShowAll()
         select_.Show();
     }
     ShowAreaMarks();
+    reader_.Tell(map_.Areas(), selection_.Numbers());
     SelectInList();
     EnableCommands();
 }
@@ -298,18 +279,9 @@ void AreaCommands::Selection_Changed()
         }
         Q_EMIT HintGiven(Hint().toString());
     }
-    DescribeSelection();
+    reader_.Tell(map_.Areas(), selection_.Numbers());
     SelectInList();
     EnableCommands();
-}
-
-void AreaCommands::DescribeSelection()
-{
-    QStringList names;
-    for (const qsizetype number : selection_.Numbers()) {
-        names << SpokenName(map_.Areas().at(number), number);
-    }
-    parts_.pane.Surface().setAccessibleDescription(names.join(u"; "));
 }
 
 void AreaCommands::SelectInList()
@@ -331,6 +303,13 @@ void AreaCommands::List_SelectionChanged()
     AreaNumbers numbers = parts_.list.SelectedAreas();
     numbers.removeIf([this](qsizetype number) { return number >= map_.Areas().size(); });
     selection_.Select(numbers);
+}
+
+void AreaCommands::Reader_SelectAsked(qsizetype number)
+{
+    ChooseSelect();
+    selection_.Select({ number });
+    parts_.pane.Surface().setFocus();
 }
 
 void AreaCommands::List_MenuAsked(QPoint place)

@@ -12,6 +12,7 @@
 
 class AreaList;
 class AreaListModel;
+class AreaReader;
 class PicturePane;
 class QMainWindow;
 class ZoomControls;
@@ -69,13 +70,22 @@ public:
 
     void ChooseSelect();
     void TryTheMap();
-    void Undo();
-    void Redo();
+    void Undo()
+    {
+        Change([this] { editing_.Undo(); });
+    }
+    void Redo()
+    {
+        Change([this] { editing_.Redo(); });
+    }
     void Cut();
     void Copy();
     void Paste();
     void Duplicate();
-    void Delete();
+    void Delete()
+    {
+        Change([this] { editing_.Delete(); });
+    }
     void SelectAll();
     template<OrderChange change> void Reorder()
     {
@@ -108,9 +118,9 @@ private:
     void View_Switched();
     void ShowAll();
     void ShowAreaMarks();
-    void DescribeSelection();
     void SelectInList();
     void List_SelectionChanged();
+    void Reader_SelectAsked(qsizetype number);
     void List_MenuAsked(QPoint place);
     void Selection_Changed();
     void Try_Hovered(const QString& link, const QString& toolTip);
@@ -123,6 +133,7 @@ private:
     AreaEditing editing_;
     SelectionProtocol select_;
     TryProtocol try_;
+    AreaReader& reader_; ///< belongs to the picture
     CommandSet<Command> commands_;
     ViewCommands* view_ = nullptr;
     Tool tool_ = Tool::Drawing;

@@ -1,5 +1,6 @@
 #include "imagemap/PicturePane.h"
 
+#include "imagemap/AreaReader.h"
 #include "imagemap/ZoomedPicture.h"
 #include "imagemap/drawing/PictureTool.h"
 #include "ui_PicturePane.h"
@@ -35,6 +36,7 @@ PicturePane::PicturePane(QWidget* parent)
     : QWidget(parent)
     , ui_(std::make_unique<Ui::PicturePane>())
 {
+    AreaReader::Install();
     ui_->setupUi(this);
     for (QScrollBar* const bar : { ui_->HScroll1, ui_->VScroll1 }) {
         bar->setFocusPolicy(Qt::TabFocus);

@@ -15,9 +15,9 @@ constexpr QLatin1String linkNamespace("http://www.w3.org/1999/xlink");
 /** So many elements at most, those that others repeat counted as often as they are drawn. */
 constexpr qint64 elementsAtMost = 200'000;
 /** Elements stand in one another no deeper: they are drawn one inside the other. */
-constexpr qsizetype depthAtMost = 200;
+constexpr qsizetype nestingAtMost = 200;
 /** The same with what others repeat, which goes on from there. */
-constexpr qsizetype repeatedDepthAtMost = 4 * depthAtMost;
+constexpr qsizetype repeatedNestingAtMost = 4 * nestingAtMost;
 /** What browsers leave out of a picture, or run outside of it. */
 constexpr std::array<QStringView, 3> leftOut = { u"script", u"foreignObject", u"feImage" };
 
@@ -76,7 +76,7 @@ private:
     qint64 CountOf(qsizetype number)
     {
         // An element that repeats what it stands in has no end.
-        if (elements_[number].isBeingCounted || ++depth_ > repeatedDepthAtMost) {
+        if (elements_[number].isBeingCounted || ++depth_ > repeatedNestingAtMost) {
             return elementsAtMost + 1;
         }
         if (elements_[number].count == 0) {
@@ -104,7 +104,7 @@ private:
 /** Copies what may stay, of the file as it is read. */
 bool CopyHarmless(QXmlStreamReader& reader, QXmlStreamWriter& writer, Unfolding& unfolding)
 {
-    while (!reader.atEnd() && unfolding.Depth() <= depthAtMost) {
+    while (!reader.atEnd() && unfolding.Depth() <= nestingAtMost) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
             if (unfolding.Depth() == 0 &&

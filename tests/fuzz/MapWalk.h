@@ -52,12 +52,13 @@ private:
 
     void Step()
     {
-        static constexpr std::array<Act, 18> acts = {
+        static constexpr std::array<Act, 21> acts = {
             &MapWalk::DrawFigure, &MapWalk::DrawPolygon, &MapWalk::DrawPolygon, &MapWalk::BeginPolygon,
             &MapWalk::DeleteLast, &MapWalk::Clear,       &MapWalk::Relink,      &MapWalk::ChangeMode,
             &MapWalk::Reopen,     &MapWalk::OpenPicture, &MapWalk::Move,        &MapWalk::Nudge,
             &MapWalk::Reshape,    &MapWalk::DeleteArea,  &MapWalk::Duplicate,   &MapWalk::Reorder,
-            &MapWalk::Convert,    &MapWalk::EndJoining,
+            &MapWalk::Convert,    &MapWalk::EndJoining,  &MapWalk::TypeLink,    &MapWalk::Paste,
+            &MapWalk::Align,
         };
         const int which = input_.Below(acts.size() + 4);
         if (which >= int(acts.size())) {
@@ -282,6 +283,33 @@ private:
     {
         const auto shape = static_cast<AreaShape>(input_.Below(int(areaShapeNames.size())));
         ChangeArea([shape](const MapArea& area) { return Converted(area, shape); });
+    }
+
+    void TypeLink()
+    {
+        const QString letter = QString::number(input_.Below(10));
+        const auto type = [&letter](MapArea area) {
+            area.Link += letter;
+            return area;
+        };
+        ChangeArea(type, QStringLiteral("link"));
+    }
+
+    void Paste()
+    {
+        if (const std::optional<qsizetype> number = AnArea()) {
+            map_.ChangeAreas(Chosen(map_.Areas(), { *number }) + map_.Areas(), QStringLiteral("paste"));
+        }
+    }
+
+    void Align()
+    {
+        const auto alignment = static_cast<Alignment>(input_.Below(alignmentCount));
+        AreaNumbers all;
+        for (qsizetype number = 0; number < map_.Areas().size(); ++number) {
+            all << number;
+        }
+        map_.ChangeAreas(Aligned(map_.Areas(), all, alignment), QStringLiteral("align"));
     }
 
     FuzzInput input_;

@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QNativeGestureEvent>
 #include <QWheelEvent>
 #include <memory>
 
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void anotherPictureIsShownInItsOwnSize();
     void theWheelZoomsAtThePointer();
     void theMiddleButtonPans();
+    void theSpaceBarWithTheMousePans();
+    void pinchingZoomsBetweenTheFingers();
     void figuresAreDrawnAtEveryZoom_data();
     void figuresAreDrawnAtEveryZoom();
     void outlinesStayOnePixelWide();
@@ -179,6 +182,57 @@ void tst_picturezoom::theMiddleButtonPans()
     QCOMPARE(across->value(), 100);
     test_->Release({ 300, 100 }, Qt::MiddleButton);
     QCOMPARE(across->value(), 100);
+}
+
+void tst_picturezoom::theSpaceBarWithTheMousePans()
+{
+    test_->OpenPicture({ 1600, 1200 });
+    test_->ClickButton(5);
+    auto* const across = test_->Find<QScrollBar>("HScroll1");
+    auto* const down = test_->Find<QScrollBar>("VScroll1");
+    test_->Surface()->setFocus();
+    QTest::keyPress(test_->Surface(), Qt::Key_Space);
+    test_->Press({ 300, 200 });
+    test_->Move({ 220, 170 });
+    QCOMPARE(across->value(), 80);
+    QCOMPARE(down->value(), 30);
+    // The picture has followed the mouse.
+    test_->Release({ 300, 200 });
+    QCOMPARE(across->value(), 80);
+    QTest::keyRelease(test_->Surface(), Qt::Key_Space);
+    QVERIFY(!test_->map.IsDrawingInProgress());
+    QCOMPARE(test_->RowCount(), 0);
+    // Without it the mouse draws again.
+    test_->Press({ 300, 200 });
+    test_->Move({ 320, 220 });
+    QVERIFY(test_->map.IsDrawingInProgress());
+    QCOMPARE(across->value(), 80);
+}
+
+void tst_picturezoom::pinchingZoomsBetweenTheFingers()
+{
+    test_->OpenPicture({ 1600, 1200 });
+    auto* const view = test_->Find<QWidget>("PicNosac");
+    const QPoint at(200, 100);
+    const QPointF before = QPointF(test_->Surface()->mapFrom(view, at));
+    const auto pinch = [this, view, at](double by) {
+        // The picture lies under the fingers.
+        const QPointF place = test_->Surface()->mapFrom(view, at);
+        QNativeGestureEvent event(
+            Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2, place,
+            test_->Surface()->mapTo(test_->editor, place), view->mapToGlobal(QPointF(at)), by, {});
+        QApplication::sendEvent(test_->Surface(), &event);
+    };
+    for (int i = 0; i < 10; ++i) {
+        pinch(0.1);
+    }
+    QVERIFY(Pane()->Zoom() > 2.4);
+    const QPointF after = QPointF(test_->Surface()->mapFrom(view, at)) / Pane()->Zoom();
+    QVERIFY2(QLineF(before, after).length() < 3, qPrintable(QString::number(QLineF(before, after).length())));
+    for (int i = 0; i < 20; ++i) {
+        pinch(-0.1);
+    }
+    QVERIFY(Pane()->Zoom() < 0.4);
 }
 
 void tst_picturezoom::figuresAreDrawnAtEveryZoom_data()
