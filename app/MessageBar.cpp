@@ -37,13 +37,17 @@ void MessageBar::Tell(const BarMessage& message)
 
 void MessageBar::Forget()
 {
-    messages_.clear();
-    ShowFirst();
+    const bool isOtherShown = !messages_.isEmpty() && !messages_.constFirst().IsOfDocument;
+    messages_.removeIf([](const BarMessage& message) { return message.IsOfDocument; });
+    if (!isOtherShown) {
+        ShowFirst();
+    }
 }
 
 void MessageBar::btnCloseMessage_Click()
 {
-    Answer([] {});
+    const std::function<void()> close = messages_.constFirst().Close;
+    Answer(close ? close : [] {});
 }
 
 /** Takes the message away, then does what was chosen, which may tell another. */

@@ -23,6 +23,8 @@ struct BarMessage
 {
     QString Text;
     QList<MessageAnswer> Answers;
+    std::function<void()> Close = {}; ///< what closing it without an answer does, if anything
+    bool IsOfDocument = true;         ///< it goes with the document that is open
 };
 
 /** The bar above the text: it shows one message after the other, each until it is answered or closed. */
@@ -36,7 +38,7 @@ public:
     /** Shows `message` once those before it are answered. */
     void Tell(const BarMessage& message);
 
-    /** Forgets all messages, of a document that has gone. */
+    /** Forgets the messages of a document that has gone. */
     void Forget();
 
 Q_SIGNALS:

@@ -7,6 +7,7 @@
 #include "app/LinksList.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/frmMapOptions.h"
 #include "app/rules/WindowLayout.h"
@@ -129,6 +130,7 @@ void frmIMmain::Form_Load()
     documents_->ClearDocument();
     tags_->Build();
     links_->Load();
+    recovery_->OfferLeftBehind();
 }
 
 bool frmIMmain::event(QEvent* event)
@@ -275,6 +277,7 @@ void frmIMmain::closeEvent(QCloseEvent* event)
 
 void frmIMmain::Form_Unload()
 {
+    recovery_->End();
     imgMap_.ContinueAction = true;
     if (imageMapEditor_ != nullptr) {
         imageMapEditor_->close();

@@ -26,6 +26,7 @@ class PageCommands;
 class QLabel;
 class QMouseEvent;
 class QUrl;
+class RecoveryKeeper;
 class TagTree;
 class frmImageMap;
 class frmMapOptions;
@@ -98,6 +99,7 @@ private:
     std::unique_ptr<PageCommands> pages_;
     MessageBar* messages_ = nullptr;
     EncodingCommands* encodings_ = nullptr;
+    RecoveryKeeper* recovery_ = nullptr;
     FindBar* find_ = nullptr; ///< once it was wanted
     OutsideCommands* outside_ = nullptr;
     TagTree* tags_ = nullptr;

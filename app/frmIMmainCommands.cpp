@@ -8,8 +8,10 @@
 #include "app/MessageBar.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/frmIMmain.h"
+#include "imagemap/frmImageMap.h"
 #include "ui_frmIMmain.h"
 
 namespace {
@@ -147,6 +149,10 @@ void frmIMmain::CreateParts()
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
+    recovery_ = new RecoveryKeeper(
+        { imgMap_, map_, source, file_, *documents_, *encodings_, *messages_,
+          [this] { return imageMapEditor_.data(); }, [this] { OpenImageMapEditor(); } },
+        this);
     outside_ = new OutsideCommands(this, desktop_, *documents_, file_, source);
     tags_ = new TagTree(ui_->TreeView1, ui_->lblQTagsO, ui_->lblQTagsC, source);
     links_ = new LinksList(

@@ -151,6 +151,17 @@ std::optional<QString> DocumentFile::Open(const QString& path, Utf8Pages utf8)
     return page->Text;
 }
 
+void DocumentFile::TakeUp(
+    const QString& name, TextEncoding encoding, bool isHandledAnew, std::optional<TextEncoding> foundUtf8)
+{
+    encoding_ = encoding;
+    foundUtf8_ = foundUtf8;
+    isHandledAnew_ = isHandledAnew;
+    Become(name);
+    Q_EMIT EncodingChanged();
+    Q_EMIT Began();
+}
+
 std::optional<QString> DocumentFile::ReadAgain(TextEncoding encoding)
 {
     const std::optional<PageText> page =

@@ -41,6 +41,11 @@ public:
     /** Becomes the file `path` and returns its text; nothing, and no change, when that cannot be edited. */
     [[nodiscard]] std::optional<QString> Open(const QString& path, Utf8Pages utf8 = Utf8Pages::ReadAsOthers);
 
+    /** Becomes the document that it was once, before it was lost; its text comes right after. */
+    void TakeUp(
+        const QString& name, TextEncoding encoding, bool isHandledAnew,
+        std::optional<TextEncoding> foundUtf8);
+
     /** Reads its file again in `encoding`; nothing, and no change, when that is not possible. */
     [[nodiscard]] std::optional<QString> ReadAgain(TextEncoding encoding);
 
