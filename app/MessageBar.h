@@ -41,6 +41,9 @@ public:
     /** Forgets the messages of a document that has gone. */
     void Forget();
 
+    /** Takes back the messages that have the button `answer`: what they tell holds no longer. */
+    void Withdraw(const char* answer);
+
 Q_SIGNALS:
     /** A message was answered or closed, so the user may go on. */
     void Answered();
@@ -48,6 +51,7 @@ Q_SIGNALS:
 private:
     void btnCloseMessage_Click();
     void Answer(const std::function<void()>& act);
+    template<class Test> void RemoveIf(Test test);
     void ShowFirst();
 
     QHBoxLayout* layout_;

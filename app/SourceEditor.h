@@ -30,6 +30,9 @@ public:
      */
     [[nodiscard]] QString TextAsLoaded() const;
 
+    /** `text` as it would stand here, with LF line ends. */
+    [[nodiscard]] QString InEditor(const QString& text) const { return ForDocument(text, layout_); }
+
     /** Begins to copy the text with the line ends that it was loaded with; the editor must live longer. */
     [[nodiscard]] std::unique_ptr<TextSnapshot> BeginSnapshot() const;
 

@@ -1,5 +1,6 @@
 // The main window's commands, and the parts that carry them out.
 
+#include "app/DiskWatch.h"
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
 #include "app/EncodingCommands.h"
@@ -149,6 +150,7 @@ void frmIMmain::CreateParts()
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
+    new DiskWatch(this, source, file_, *documents_, *messages_);
     recovery_ = new RecoveryKeeper(
         { imgMap_, map_, source, file_, *documents_, *encodings_, *messages_,
           [this] { return imageMapEditor_.data(); }, [this] { OpenImageMapEditor(); } },
