@@ -4,12 +4,14 @@
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
 #include "app/EncodingCommands.h"
+#include "app/FileDrops.h"
 #include "app/LinksList.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
 #include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/frmMapOptions.h"
+#include "app/rules/NamedFiles.h"
 #include "app/rules/WindowLayout.h"
 #include "help/HelpDisplay.h"
 #include "help/HelpWindow.h"
@@ -216,7 +218,26 @@ template<class Window, class Make> void frmIMmain::ShowOnce(QPointer<Window>& wi
 
 void frmIMmain::OpenImageMapEditor()
 {
-    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, map_, *page_, *help_, this); });
+    ShowOnce(imageMapEditor_, [this] {
+        auto* const editor = new frmImageMap(imgMap_, map_, *page_, *help_, this);
+        new FileDrops(editor, nullptr, [this](const QStringList& paths) { OpenFiles(paths); });
+        return editor;
+    });
+}
+
+void frmIMmain::OpenFiles(const QStringList& paths)
+{
+    const NamedFiles files = SortFiles(paths);
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+    if (!files.Page.isEmpty()) {
+        documents_->OpenNamed(files.Page);
+    }
+    if (!files.Picture.isEmpty()) {
+        OpenImageMapEditor();
+        imageMapEditor_->OpenNamedImage(files.Picture);
+    }
 }
 
 void frmIMmain::mnuTPref_Click()

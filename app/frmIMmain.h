@@ -49,6 +49,10 @@ public:
     void Form_Load();
 
     void OpenImageMapEditor();
+
+    /** Opens a page and a picture of `paths`, and comes to the front. */
+    void OpenFiles(const QStringList& paths);
+
     void mnuTPref_Click();
     void ShowHelpContents();
     void ShowHelpSearch();

@@ -4,6 +4,7 @@
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
 #include "app/EncodingCommands.h"
+#include "app/FileDrops.h"
 #include "app/FindBar.h"
 #include "app/LinksList.h"
 #include "app/MessageBar.h"
@@ -150,6 +151,7 @@ void frmIMmain::CreateParts()
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
+    new FileDrops(this, &source, [this](const QStringList& paths) { OpenFiles(paths); });
     new DiskWatch(this, source, file_, *documents_, *messages_);
     recovery_ = new RecoveryKeeper(
         { imgMap_, map_, source, file_, *documents_, *encodings_, *messages_,

@@ -48,6 +48,8 @@ public:
     void Form_Load();
 
     void OpenImage();
+    /** Opens the picture `path`, which was named otherwise than in a dialog. */
+    void OpenNamedImage(const QString& path);
     void NewImageMap();
     void GenerateMap();
     void CloseImageMapEditor();
@@ -84,6 +86,7 @@ private:
     [[nodiscard]] static std::span<const Command> Commands();
     void CreateKeys();
     void CreateAreaParts();
+    void TakePicture(const QString& path);
     void ShowPicture(const QString& path);
     /** Gives up what is being drawn for another command; false while the mouse is asking for a dialog. */
     [[nodiscard]] bool BeginCommand();

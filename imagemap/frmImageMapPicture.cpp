@@ -15,18 +15,29 @@ void frmImageMap::OpenImage()
         return;
     }
     map_.GiveUpDrawing();
-    const std::optional<QString> path = AskForPicture(this);
-    if (!path) {
-        return;
+    if (const std::optional<QString> path = AskForPicture(this)) {
+        TakePicture(*path);
     }
+}
+
+void frmImageMap::OpenNamedImage(const QString& path)
+{
+    if (BeginCommand() && DiscardMap()) {
+        map_.GiveUpDrawing();
+        TakePicture(path);
+    }
+}
+
+void frmImageMap::TakePicture(const QString& path)
+{
     GoToProgramFolder(imgMap_);
     {
         const MapDocument::Step step(map_, QStringLiteral("Opening of a Picture"));
         map_.ForgetAreas();
-        map_.SetPicture(*path);
+        map_.SetPicture(path);
     }
     ShowHourglass();
-    ShowPicture(*path);
+    ShowPicture(path);
     ShowDefaultPointer();
 }
 
