@@ -14,6 +14,12 @@
 namespace {
 
 constexpr std::chrono::milliseconds settlingTime(200);
+#ifdef Q_OS_WIN
+/** The system would keep the file's folder from being renamed or removed. */
+constexpr bool mayFollow = false;
+#else
+constexpr bool mayFollow = true;
+#endif
 /** The button that all messages about a changed file have. */
 constexpr const char* readAgainName = "btnReadAgain";
 
@@ -69,7 +75,7 @@ void DiskWatch::File_Began()
 void DiskWatch::Follow()
 {
     watcher_.reset();
-    if (stamp_.IsFile) {
+    if (stamp_.IsFile && mayFollow) {
         watcher_ = std::make_unique<QFileSystemWatcher>(QStringList{ file_.Name() });
         connect(watcher_.get(), &QFileSystemWatcher::fileChanged, &settling_, qOverload<>(&QTimer::start));
     }

@@ -149,6 +149,7 @@ void RecoveryKeeper::FinishPage()
     snapshot_.reset();
     isPageKept_ = true;
     isPageAhead_ = false;
+    Expect(); // to see whether it could be written
 }
 
 void RecoveryKeeper::KeepMap()
@@ -166,7 +167,6 @@ void RecoveryKeeper::KeepMap()
 
 void RecoveryKeeper::End()
 {
-    timer_.stop();
     slices_.stop();
     if (!IsPageUnsaved()) {
         Review();
@@ -180,6 +180,7 @@ void RecoveryKeeper::End()
         KeepMap();
     }
     isEnded_ = true;
+    timer_.stop();
     store_.End();
 }
 

@@ -68,6 +68,9 @@ bool RunningProgram::HandOver(const QStringList& files)
 
 void RunningProgram::Listen()
 {
+    if (server_ != nullptr && server_->isListening()) {
+        return;
+    }
     other_.reset();
     server_ = std::make_unique<QLocalServer>();
     server_->setSocketOptions(QLocalServer::AbstractNamespaceOption);

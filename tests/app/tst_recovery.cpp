@@ -49,6 +49,7 @@ private Q_SLOTS:
 
     void typedTextIsKeptAsItIs();
     void textIsKeptAgainOnlyWhenItHasChanged();
+    void textThatCouldNotBeKeptIsKeptLater();
     void savedTextIsKeptNoLonger();
     void textGivenUpIsKeptNoLonger();
     void nothingIsWrittenWhileNothingIsUnsaved();
@@ -156,6 +157,15 @@ void tst_recovery::textIsKeptAgainOnlyWhenItHasChanged()
     QVERIFY(!QFile::exists(path));
     test_->Type("y");
     QTRY_COMPARE(KeptText(), QStringLiteral("xy"));
+}
+
+void tst_recovery::textThatCouldNotBeKeptIsKeptLater()
+{
+    QVERIFY(WriteBytes(Folder(), "in the way"));
+    test_->Type("x");
+    QTest::qWait(5 * int(soon.count()));
+    QVERIFY(QFile::remove(Folder()));
+    QTRY_COMPARE(KeptText(), QStringLiteral("x"));
 }
 
 void tst_recovery::savedTextIsKeptNoLonger()
