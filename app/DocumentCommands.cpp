@@ -63,20 +63,32 @@ void DocumentCommands::OpenDocument()
     if (file_.IsChanged() && !MayDiscardChanges()) {
         return;
     }
-    const std::optional<QString> path = AskForOpenPath();
-    if (!path) {
-        return;
+    if (const std::optional<QString> path = AskForOpenPath()) {
+        ReadDocument(*path);
     }
+}
+
+void DocumentCommands::OpenNamed(const QString& path)
+{
+    GoToProgramFolder(imgMap_);
+    // Nobody has asked for this here: a text that could not be saved stays.
+    if (!file_.IsChanged() || (MayDiscardChanges() && !file_.IsChanged())) {
+        ReadDocument(path);
+    }
+}
+
+void DocumentCommands::ReadDocument(const QString& path)
+{
     ShowHourglass();
     const bool readUtf8 = imgMap_.Remembered.Value(Setting::readUtf8);
     const std::optional<QString> text = file_.Open(
-        *path, readUtf8 ? DocumentFile::Utf8Pages::ReadAsUtf8 : DocumentFile::Utf8Pages::ReadAsOthers);
+        path, readUtf8 ? DocumentFile::Utf8Pages::ReadAsUtf8 : DocumentFile::Utf8Pages::ReadAsOthers);
     if (text) {
         ShowText(*text);
     }
     ShowDefaultPointer();
     if (!text) {
-        ShowMessage(window_, QMessageBox::Information, QStringLiteral("Can't open file: ") + *path);
+        ShowMessage(window_, QMessageBox::Information, QStringLiteral("Can't open file: ") + path);
     }
 }
 

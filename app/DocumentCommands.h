@@ -16,6 +16,8 @@ public:
 
     void NewDocument();
     void OpenDocument();
+    /** Opens the file `path`, which was named otherwise than in a dialog. */
+    void OpenNamed(const QString& path);
     void SaveDocument();
     void SaveDocumentAs();
 
@@ -35,6 +37,7 @@ public:
     [[nodiscard]] QString WriteTemporaryCopy(const QString& ending);
 
 private:
+    void ReadDocument(const QString& path);
     void PromptSaveChanges();
     [[nodiscard]] bool MayDiscardChanges();
     [[nodiscard]] bool IsWritten(const std::function<std::optional<QString>()>& write);

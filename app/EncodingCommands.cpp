@@ -142,6 +142,7 @@ void EncodingCommands::File_Began()
 {
     messages_.Forget();
     toldOfOdds_.clear();
+    DecideLoss();
     if (file_.FoundUtf8() && !file_.IsHandledAnew()) {
         TellOfUtf8();
     }
@@ -191,23 +192,32 @@ void EncodingCommands::File_Saved(const QString& text)
 void EncodingCommands::TellOfLacking(const QString& text)
 {
     const LackingCharacters lacking = LackingIn(text, file_.Encoding());
-    if (lacking.Count > 0) {
-        messages_.Tell(
-            { LackingText(lacking),
-              { { "btnAsReferences", QStringLiteral("Write as References"),
-                  [this] { btnAsReferences_Click(); } },
-                { "btnAsUtf8", QStringLiteral("Save as UTF-8"), [this] { btnAsUtf8_Click(); } } } });
+    isLossUndecided_ = lacking.Count > 0;
+    if (isLossUndecided_) {
+        messages_.Tell({ LackingText(lacking),
+                         { { "btnAsReferences", QStringLiteral("Write as References"),
+                             [this] { btnAsReferences_Click(); } },
+                           { "btnAsUtf8", QStringLiteral("Save as UTF-8"), [this] { btnAsUtf8_Click(); } } },
+                         [this] { DecideLoss(); } });
     }
+}
+
+void EncodingCommands::DecideLoss()
+{
+    isLossUndecided_ = false;
+    Q_EMIT LossDecided();
 }
 
 void EncodingCommands::btnAsReferences_Click()
 {
+    DecideLoss();
     editor_.Replace(ReferencesFor(editor_.Text(), file_.Encoding()));
     documents_.SaveDocument();
 }
 
 void EncodingCommands::btnAsUtf8_Click()
 {
+    DecideLoss();
     file_.SetEncoding(TextEncoding::Utf8);
     documents_.SaveDocument();
 }

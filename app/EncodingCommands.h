@@ -31,6 +31,12 @@ public:
     /** Makes the controls, none of them higher than `height`: the bar stays as high as it is. */
     void AddTo(QStatusBar& bar, int height);
 
+    /** Whether characters were lost on saving and the user has not decided yet what is to become of them. */
+    [[nodiscard]] bool IsLossUndecided() const { return isLossUndecided_; }
+
+Q_SIGNALS:
+    void LossDecided();
+
 private:
     void cmbEncoding_Click(int index);
     void btnReadSo_Click();
@@ -47,6 +53,7 @@ private:
     [[nodiscard]] bool ReadAgain(TextEncoding encoding);
     void TellOfUtf8();
     void TellOfLacking(const QString& text);
+    void DecideLoss();
     void TellOfOdds(const QString& text);
 
     QWidget* window_;
@@ -55,6 +62,7 @@ private:
     DocumentFile& file_;
     DocumentCommands& documents_;
     MessageBar& messages_;
+    bool isLossUndecided_ = false;
     QLabel* modified_ = nullptr;
     QLabel* place_ = nullptr;
     QComboBox* encoding_ = nullptr;

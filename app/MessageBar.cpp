@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <algorithm>
 
 MessageBar::MessageBar(QWidget* editor)
     : EditorBar(editor, "barMessage", QStringLiteral("Message"))
@@ -37,13 +38,31 @@ void MessageBar::Tell(const BarMessage& message)
 
 void MessageBar::Forget()
 {
-    messages_.clear();
-    ShowFirst();
+    RemoveIf([](const BarMessage& message) { return message.IsOfDocument; });
+}
+
+void MessageBar::Withdraw(const char* answer)
+{
+    RemoveIf([answer](const BarMessage& message) {
+        return std::ranges::any_of(message.Answers, [answer](const MessageAnswer& one) {
+            return QLatin1String(one.Name) == QLatin1String(answer);
+        });
+    });
+}
+
+template<class Test> void MessageBar::RemoveIf(Test test)
+{
+    const bool isShownOneLeft = !messages_.isEmpty() && !test(messages_.constFirst());
+    messages_.removeIf(test);
+    if (!isShownOneLeft) {
+        ShowFirst();
+    }
 }
 
 void MessageBar::btnCloseMessage_Click()
 {
-    Answer([] {});
+    const std::function<void()> close = messages_.constFirst().Close;
+    Answer(close ? close : [] {});
 }
 
 /** Takes the message away, then does what was chosen, which may tell another. */

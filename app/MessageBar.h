@@ -23,6 +23,8 @@ struct BarMessage
 {
     QString Text;
     QList<MessageAnswer> Answers;
+    std::function<void()> Close = {}; ///< what closing it without an answer does, if anything
+    bool IsOfDocument = true;         ///< it goes with the document that is open
 };
 
 /** The bar above the text: it shows one message after the other, each until it is answered or closed. */
@@ -36,8 +38,11 @@ public:
     /** Shows `message` once those before it are answered. */
     void Tell(const BarMessage& message);
 
-    /** Forgets all messages, of a document that has gone. */
+    /** Forgets the messages of a document that has gone. */
     void Forget();
+
+    /** Takes back the messages that have the button `answer`: what they tell holds no longer. */
+    void Withdraw(const char* answer);
 
 Q_SIGNALS:
     /** A message was answered or closed, so the user may go on. */
@@ -46,6 +51,7 @@ Q_SIGNALS:
 private:
     void btnCloseMessage_Click();
     void Answer(const std::function<void()>& act);
+    template<class Test> void RemoveIf(Test test);
     void ShowFirst();
 
     QHBoxLayout* layout_;

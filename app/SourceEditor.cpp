@@ -2,6 +2,7 @@
 
 #include "app/EditorMargins.h"
 #include "app/source/SourceRange.h"
+#include "app/source/TextSnapshot.h"
 #include "app/source/WidestLine.h"
 #include "widgets/CommandTable.h"
 #include "widgets/WindowHelpers.h"
@@ -47,6 +48,11 @@ QString SourceEditor::Text() const
 QString SourceEditor::TextAsLoaded() const
 {
     return lineEnds_.TextOf(*document());
+}
+
+std::unique_ptr<TextSnapshot> SourceEditor::BeginSnapshot() const
+{
+    return std::make_unique<TextSnapshot>(*document(), lineEnds_);
 }
 
 void SourceEditor::LoadText(const QString& text)

@@ -10,6 +10,7 @@
 
 class EditWatch;
 class EditorMargins;
+class TextSnapshot;
 
 /**
  * The editor of the HTML source. Its text goes in and out without loss, with CR LF line ends, and every
@@ -33,6 +34,12 @@ public:
     /** The whole text with the line ends that it was loaded with; new lines take those of their neighbours.
      */
     [[nodiscard]] QString TextAsLoaded() const;
+
+    /** `text` as it would stand here, with LF line ends. */
+    [[nodiscard]] QString InEditor(const QString& text) const { return ForDocument(text, layout_); }
+
+    /** Begins to copy the text with the line ends that it was loaded with; the editor must live longer. */
+    [[nodiscard]] std::unique_ptr<TextSnapshot> BeginSnapshot() const;
 
     /** Replaces the whole text without counting as an edit; there is nothing to undo afterwards. */
     void LoadText(const QString& text);

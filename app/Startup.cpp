@@ -9,6 +9,7 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QIcon>
+#include <utility>
 
 /** The icons lie in a static library, from which nothing else would fetch them. */
 static void LoadIcons()
@@ -17,6 +18,8 @@ static void LoadIcons()
 }
 
 constexpr const char* windowFont = "Tahoma";
+/** How long files wait before it is looked again whether a dialog is still open. */
+constexpr std::chrono::milliseconds afterAnswers(250);
 
 /** Lets fonts that take as much room stand in for those of Windows where they are missing. */
 static void NameStandInFonts()
@@ -56,6 +59,8 @@ Startup::Startup(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
     NameStandInFonts();
     UseOneTypeface();
     UseOwnLook();
+    waitingTimer_.setSingleShot(true);
+    connect(&waitingTimer_, &QTimer::timeout, this, &Startup::OpenWaiting);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cartolen.svg")));
 }
 
@@ -78,4 +83,23 @@ void Startup::ShowMainWindow()
     mainWindow_->setWindowTitle(applicationTitle.toString());
     mainWindow_->show();
     sessionGuard_ = std::make_unique<SessionGuard>(*mainWindow_);
+    OpenWaiting();
+}
+
+void Startup::OpenFiles(const QStringList& files)
+{
+    waiting_ << files;
+    OpenWaiting();
+}
+
+void Startup::OpenWaiting()
+{
+    if (waiting_.isEmpty() || mainWindow_ == nullptr || !mainWindow_->isVisible()) {
+        return;
+    }
+    if (QApplication::activeModalWidget() != nullptr) {
+        waitingTimer_.start(afterAnswers);
+        return;
+    }
+    mainWindow_->OpenFiles(std::exchange(waiting_, {}));
 }

@@ -4,6 +4,8 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
+#include <QTimer>
 #include <memory>
 
 class Desktop;
@@ -24,8 +26,12 @@ public:
     /** Shows the splash panel; the rest follows from the event loop. */
     void Begin();
 
+    /** Opens `files` as soon as there is a main window that is not waiting for an answer. */
+    void OpenFiles(const QStringList& files);
+
 private:
     void ShowMainWindow();
+    void OpenWaiting();
 
     ImgMap& imgMap_;
     MapDocument& map_;
@@ -33,4 +39,6 @@ private:
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmIMmain> mainWindow_;
     std::unique_ptr<SessionGuard> sessionGuard_;
+    QStringList waiting_; ///< files to be opened
+    QTimer waitingTimer_;
 };

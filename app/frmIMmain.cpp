@@ -4,12 +4,15 @@
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
 #include "app/EncodingCommands.h"
+#include "app/FileDrops.h"
 #include "app/LinksList.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/ViewCommands.h"
 #include "app/frmMapOptions.h"
+#include "app/rules/NamedFiles.h"
 #include "app/rules/WindowLayout.h"
 #include "help/HelpDisplay.h"
 #include "help/HelpWindow.h"
@@ -131,6 +134,7 @@ void frmIMmain::Form_Load()
     views_->Restore();
     tags_->Build();
     links_->Load();
+    recovery_->OfferLeftBehind();
 }
 
 bool frmIMmain::event(QEvent* event)
@@ -216,7 +220,26 @@ template<class Window, class Make> void frmIMmain::ShowOnce(QPointer<Window>& wi
 
 void frmIMmain::OpenImageMapEditor()
 {
-    ShowOnce(imageMapEditor_, [this] { return new frmImageMap(imgMap_, map_, *page_, *help_, this); });
+    ShowOnce(imageMapEditor_, [this] {
+        auto* const editor = new frmImageMap(imgMap_, map_, *page_, *help_, this);
+        new FileDrops(editor, nullptr, [this](const QStringList& paths) { OpenFiles(paths); });
+        return editor;
+    });
+}
+
+void frmIMmain::OpenFiles(const QStringList& paths)
+{
+    const NamedFiles files = SortFiles(paths);
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+    if (!files.Page.isEmpty()) {
+        documents_->OpenNamed(files.Page);
+    }
+    if (!files.Picture.isEmpty()) {
+        OpenImageMapEditor();
+        imageMapEditor_->OpenNamedImage(files.Picture);
+    }
 }
 
 void frmIMmain::mnuTPref_Click()
@@ -277,6 +300,7 @@ void frmIMmain::closeEvent(QCloseEvent* event)
 
 void frmIMmain::Form_Unload()
 {
+    recovery_->End();
     imgMap_.ContinueAction = true;
     if (imageMapEditor_ != nullptr) {
         imageMapEditor_->close();

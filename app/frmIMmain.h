@@ -26,6 +26,7 @@ class PageCommands;
 class QLabel;
 class QMouseEvent;
 class QUrl;
+class RecoveryKeeper;
 class TagTree;
 class ViewCommands;
 class frmImageMap;
@@ -50,6 +51,10 @@ public:
     void Form_Load();
 
     void OpenImageMapEditor();
+
+    /** Opens a page and a picture of `paths`, and comes to the front. */
+    void OpenFiles(const QStringList& paths);
+
     void mnuTPref_Click();
     void ShowHelpContents();
     void ShowHelpSearch();
@@ -102,6 +107,7 @@ private:
     std::unique_ptr<ViewCommands> views_;
     MessageBar* messages_ = nullptr;
     EncodingCommands* encodings_ = nullptr;
+    RecoveryKeeper* recovery_ = nullptr;
     FindBar* find_ = nullptr; ///< once it was wanted
     OutsideCommands* outside_ = nullptr;
     TagTree* tags_ = nullptr;

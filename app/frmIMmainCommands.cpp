@@ -1,16 +1,20 @@
 // The main window's commands, and the parts that carry them out.
 
+#include "app/DiskWatch.h"
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
 #include "app/EncodingCommands.h"
+#include "app/FileDrops.h"
 #include "app/FindBar.h"
 #include "app/LinksList.h"
 #include "app/MessageBar.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/ViewCommands.h"
 #include "app/frmIMmain.h"
+#include "imagemap/frmImageMap.h"
 #include "ui_frmIMmain.h"
 
 namespace {
@@ -178,6 +182,12 @@ void frmIMmain::CreateParts()
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
+    new FileDrops(this, &source, [this](const QStringList& paths) { OpenFiles(paths); });
+    new DiskWatch(this, source, file_, *documents_, *messages_);
+    recovery_ = new RecoveryKeeper(
+        { imgMap_, map_, source, file_, *documents_, *encodings_, *messages_,
+          [this] { return imageMapEditor_.data(); }, [this] { OpenImageMapEditor(); } },
+        this);
     outside_ = new OutsideCommands(this, desktop_, *documents_, file_, source);
     tags_ = new TagTree(ui_->TreeView1, ui_->lblQTagsO, ui_->lblQTagsC, source);
     links_ = new LinksList(

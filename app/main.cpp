@@ -1,8 +1,11 @@
 #include "app/Desktop.h"
+#include "app/RunningProgram.h"
 #include "app/Startup.h"
+#include "app/rules/NamedFiles.h"
 #include "imagemap/model/MapDocument.h"
 
 #include <QApplication>
+#include <QDir>
 #include <csignal>
 
 int main(int argc, char* argv[])
@@ -27,8 +30,16 @@ int main(int argc, char* argv[])
     imgMap.ProgramFolder = folders.Own;
     imgMap.HelpFolder = folders.Help;
     imgMap.Remembered.Open(folders.Own);
+    const QStringList files = FilesNamedBy(QApplication::arguments().sliced(1), QDir::currentPath());
+    RunningProgram running(folders.Own);
+    if (!files.isEmpty() && running.HandOver(files)) {
+        return 0;
+    }
     const std::unique_ptr<Desktop> desktop = MakeDesktop();
     Startup startup(imgMap, map, *desktop);
+    QObject::connect(&running, &RunningProgram::FilesCame, &startup, &Startup::OpenFiles);
+    running.Listen();
     startup.Begin();
+    startup.OpenFiles(files);
     return QApplication::exec();
 }

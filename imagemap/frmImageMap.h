@@ -6,6 +6,7 @@
 #include "widgets/CommandTable.h"
 
 #include <QMainWindow>
+#include <QMap>
 #include <QPointer>
 #include <memory>
 #include <optional>
@@ -48,6 +49,8 @@ public:
     void Form_Load();
 
     void OpenImage();
+    /** Opens the picture `path`, which was named otherwise than in a dialog. */
+    void OpenNamedImage(const QString& path);
     void NewImageMap();
     void GenerateMap();
     void CloseImageMapEditor();
@@ -61,6 +64,10 @@ public:
 
     /** Chooses the tool of a menu entry and button. */
     template<DrawingTool tool> void SelectTool() { protocol_->SelectTool(tool); }
+
+    /** What is in the fields about the whole map, by their names. */
+    [[nodiscard]] QMap<QString, QString> Fields() const;
+    void SetFields(const QMap<QString, QString>& texts);
 
     /** Gives up what is half drawn, a polygon with all its sides. */
     void GiveUpDrawing();

@@ -1,4 +1,5 @@
-// Insert: the map is written in the form that is chosen, and goes into the page.
+// Insert: the map is written in the form that is chosen, and goes into the page; and the fields that it
+// takes.
 
 #include "codegen/MapMarkup.h"
 #include "imagemap/AreaTab.h"
@@ -44,6 +45,31 @@ void frmImageMap::GenerateMap()
     } else {
         InsertTodayMap(source);
     }
+}
+
+QMap<QString, QString> frmImageMap::Fields() const
+{
+    QMap<QString, QString> texts;
+    const QList<QLineEdit*> fields = { ui_->txtName,      ui_->txtAltDescript, ui_->txtImgWidth,
+                                       ui_->txtImgHeight, ui_->txtBorder,      ui_->txtHorSp,
+                                       ui_->txtVertSp };
+    for (const QLineEdit* const field : fields) {
+        texts.insert(field->objectName(), field->text());
+    }
+    texts.insert(ui_->cmbAlign->objectName(), ui_->cmbAlign->currentText());
+    texts.insert(ui_->Check1->objectName(), QString::number(int(ui_->Check1->isChecked())));
+    return texts;
+}
+
+void frmImageMap::SetFields(const QMap<QString, QString>& texts)
+{
+    for (const auto& [name, text] : texts.asKeyValueRange()) {
+        if (auto* const field = ui_->SSTab1->findChild<QLineEdit*>(name)) {
+            field->setText(text);
+        }
+    }
+    ui_->cmbAlign->setCurrentText(texts.value(ui_->cmbAlign->objectName()));
+    ui_->Check1->setChecked(texts.value(ui_->Check1->objectName()).toInt() != 0);
 }
 
 void frmImageMap::cmbMarkup_Activated(int form)

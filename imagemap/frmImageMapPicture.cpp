@@ -33,6 +33,13 @@ void frmImageMap::OpenImage()
     ShowDefaultPointer();
 }
 
+void frmImageMap::OpenNamedImage(const QString& path)
+{
+    if (BeginCommand()) {
+        pictures_->Open(path);
+    }
+}
+
 void frmImageMap::CreatePictureCommands()
 {
     pictures_ = new PictureCommands({ *this, areaCommands_->View().Menu(), map_, document_, imgMap_,

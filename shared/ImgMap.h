@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <array>
+#include <chrono>
 #include <optional>
 
 inline constexpr QStringView applicationTitle = u"Cartolen";
@@ -22,6 +23,9 @@ struct ImgMap
     QString ImageUrl; ///< the open picture as a page refers to it
 
     Settings Remembered; ///< from one start to the next
+
+    /** After so long at the latest what is not saved is kept for the case that the program ends suddenly. */
+    std::chrono::milliseconds KeepingInterval = std::chrono::seconds(10);
 
     /** True while the program closes and inside a running save prompt; the prompt's Cancel clears it. */
     bool ContinueAction = false;

@@ -65,6 +65,7 @@ std::optional<QByteArray> ReadBytes(const QString& path)
 struct PageText
 {
     QString Text;
+    size_t Hash = 0; ///< of the bytes
     std::optional<TextEncoding> FoundUtf8;
     TextEncoding Encoding = TextEncoding::Windows1252;
 };
@@ -87,6 +88,7 @@ template<class Choose> std::optional<PageText> ReadPage(const QString& path, Cho
             return std::nullopt;
         }
         PageText page;
+        page.Hash = qHash(*bytes, 0);
         page.FoundUtf8 = FindUtf8(*bytes);
         page.Encoding = choose(page.FoundUtf8);
         page.Text = DecodeText(*bytes, page.Encoding);
@@ -105,6 +107,7 @@ bool DocumentFile::IsNeverSaved() const
 
 void DocumentFile::StartNew(std::optional<TextEncoding> encoding)
 {
+    contentHash_.reset();
     isHandledAnew_ = encoding.has_value();
     encoding_ = encoding.value_or(TextEncoding::Windows1252);
     foundUtf8_.reset();
@@ -143,12 +146,27 @@ std::optional<QString> DocumentFile::Open(const QString& path, Utf8Pages utf8)
         return std::nullopt;
     }
     encoding_ = page->Encoding;
+    contentHash_ = page->Hash;
+    isLineEndAppended_ = false;
     foundUtf8_ = page->FoundUtf8;
     isHandledAnew_ = encoding_ != TextEncoding::Windows1252;
     Become(path);
     Q_EMIT EncodingChanged();
     Q_EMIT Began();
     return page->Text;
+}
+
+void DocumentFile::TakeUp(
+    const QString& name, TextEncoding encoding, bool isHandledAnew, std::optional<TextEncoding> foundUtf8)
+{
+    encoding_ = encoding;
+    foundUtf8_ = foundUtf8;
+    isHandledAnew_ = isHandledAnew;
+    contentHash_.reset();
+    isLineEndAppended_ = false;
+    Become(name);
+    Q_EMIT EncodingChanged();
+    Q_EMIT Began();
 }
 
 std::optional<QString> DocumentFile::ReadAgain(TextEncoding encoding)
@@ -159,11 +177,28 @@ std::optional<QString> DocumentFile::ReadAgain(TextEncoding encoding)
         return std::nullopt;
     }
     foundUtf8_ = page->FoundUtf8;
+    contentHash_ = page->Hash;
+    isLineEndAppended_ = false;
     SetEncoding(encoding);
     // A mark that comes or goes is a change, though none of the text.
     const bool hasMark = foundUtf8_ == TextEncoding::Utf8WithMark;
     SetChanged(encoding != TextEncoding::Windows1252 && hasMark != (encoding == TextEncoding::Utf8WithMark));
     return page->Text;
+}
+
+std::optional<FileContent> DocumentFile::ReadFile() const
+{
+    const std::optional<PageText> page =
+        ReadPage(name_, [this](std::optional<TextEncoding>) { return encoding_; });
+    return page ? std::optional(FileContent{ page->Text, page->Hash, page->FoundUtf8 }) : std::nullopt;
+}
+
+void DocumentFile::TakeFile(const FileContent& content, bool isSame)
+{
+    contentHash_ = content.Hash;
+    foundUtf8_ = content.FoundUtf8;
+    isLineEndAppended_ = false;
+    SetChanged(!isSame);
 }
 
 void DocumentFile::SetEncoding(TextEncoding encoding)
@@ -175,8 +210,11 @@ void DocumentFile::SetEncoding(TextEncoding encoding)
 
 std::optional<QString> DocumentFile::Save(const QString& path, const QString& text)
 {
-    std::optional<QString> error = WriteCopy(path, text);
+    const QByteArray bytes = BytesFor(text);
+    std::optional<QString> error = WriteWholeFile(path, bytes);
     if (!error) {
+        contentHash_ = qHash(bytes, 0);
+        isLineEndAppended_ = !isHandledAnew_;
         Become(path);
         Q_EMIT Saved(text);
     }
@@ -185,8 +223,16 @@ std::optional<QString> DocumentFile::Save(const QString& path, const QString& te
 
 std::optional<QString> DocumentFile::WriteCopy(const QString& path, const QString& text) const
 {
-    const QByteArray bytes = EncodeText(text, encoding_);
-    return WriteWholeFile(path, isHandledAnew_ ? bytes : bytes + "\r\n");
+    return WriteWholeFile(path, BytesFor(text));
+}
+
+QByteArray DocumentFile::BytesFor(const QString& text) const
+{
+    QByteArray bytes = EncodeText(text, encoding_);
+    if (!isHandledAnew_) {
+        bytes += "\r\n";
+    }
+    return bytes;
 }
 
 QString DocumentFile::CopyPath(const QString& programFolder, const QString& ending) const

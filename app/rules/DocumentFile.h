@@ -5,6 +5,14 @@
 #include <QObject>
 #include <optional>
 
+/** What is in the document's file at a moment. */
+struct FileContent
+{
+    QString Text;    ///< as it reads in the document's encoding
+    size_t Hash = 0; ///< of the bytes
+    std::optional<TextEncoding> FoundUtf8;
+};
+
 /**
  * The document as a file: its name, whether it has changes, and how its text is read and written. At first it
  * is read and written in Windows-1252, with CR LF line ends and one more of them at its end. Once the user
@@ -41,8 +49,25 @@ public:
     /** Becomes the file `path` and returns its text; nothing, and no change, when that cannot be edited. */
     [[nodiscard]] std::optional<QString> Open(const QString& path, Utf8Pages utf8 = Utf8Pages::ReadAsOthers);
 
+    /** Becomes the document that it was once, before it was lost; its text comes right after. */
+    void TakeUp(
+        const QString& name, TextEncoding encoding, bool isHandledAnew,
+        std::optional<TextEncoding> foundUtf8);
+
     /** Reads its file again in `encoding`; nothing, and no change, when that is not possible. */
     [[nodiscard]] std::optional<QString> ReadAgain(TextEncoding encoding);
+
+    /** Reads its file, and changes nothing; nothing when that is not possible. */
+    [[nodiscard]] std::optional<FileContent> ReadFile() const;
+
+    /** Is what `content` says, be it with changes since or without; it stays in its encoding. */
+    void TakeFile(const FileContent& content, bool isSame);
+
+    /** Of the bytes that were read or written last; nothing where there were none. */
+    [[nodiscard]] std::optional<size_t> ContentHash() const { return contentHash_; }
+
+    /** Whether its file has a line end behind the text, which was put there when it was saved. */
+    [[nodiscard]] bool IsLineEndAppended() const { return isLineEndAppended_; }
 
     /** It will be written in `encoding`. */
     void SetEncoding(TextEncoding encoding);
@@ -68,11 +93,14 @@ Q_SIGNALS:
 
 private:
     void Become(const QString& name);
+    [[nodiscard]] QByteArray BytesFor(const QString& text) const;
     void SetChanged(bool isChanged);
 
     QString name_;
     TextEncoding encoding_ = TextEncoding::Windows1252;
     std::optional<TextEncoding> foundUtf8_;
+    std::optional<size_t> contentHash_;
+    bool isLineEndAppended_ = false;
     bool isHandledAnew_ = false;
     bool isChanged_ = false;
 };

@@ -89,8 +89,7 @@ QString LineEnds::TextOf(const QTextDocument& document) const
          end = lines.indexOf(QChar::ParagraphSeparator, start)) {
         text += QStringView(lines).sliced(start, end - start);
         if (areMixed_) {
-            const QVariant kind = block.blockFormat().property(lineEndProperty);
-            text += kind.isValid() ? TextOfKind(kind.toInt()) : most;
+            text += EndOf(block);
             block = block.next();
         } else {
             text += most;
@@ -98,4 +97,10 @@ QString LineEnds::TextOf(const QTextDocument& document) const
         start = end + 1;
     }
     return text + QStringView(lines).sliced(start);
+}
+
+QStringView LineEnds::EndOf(const QTextBlock& line) const
+{
+    const QVariant kind = areMixed_ ? line.blockFormat().property(lineEndProperty) : QVariant();
+    return TextOfKind(kind.isValid() ? kind.toInt() : static_cast<int>(most_));
 }

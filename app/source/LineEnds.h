@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QTextBlock;
 class QTextDocument;
 
 /**
@@ -21,6 +22,9 @@ public:
 
     /** The text of `document` with its own line ends; a new line has those of the line that it came from. */
     [[nodiscard]] QString TextOf(const QTextDocument& document) const;
+
+    /** The end of `line`, which must not be the last one. */
+    [[nodiscard]] QStringView EndOf(const QTextBlock& line) const;
 
 private:
     Kind most_ = Kind::CrLf;

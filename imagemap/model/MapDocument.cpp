@@ -118,6 +118,13 @@ void MapDocument::Redo()
     }
 }
 
+void MapDocument::PutBack(const MapState& state)
+{
+    GiveUpDrawing();
+    const Step step(*this, QStringLiteral("Restoring of the Map"));
+    Restore(state);
+}
+
 void MapDocument::SetPicture(const QString& path)
 {
     const Step step(*this, QStringLiteral("Opening of a Picture"));

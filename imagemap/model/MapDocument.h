@@ -77,6 +77,9 @@ public:
 
     [[nodiscard]] const MapHistory& History() const { return history_; }
 
+    /** Puts `state` in place of the map, as one step; what is being drawn is given up. */
+    void PutBack(const MapState& state);
+
     /** Keeps the map as it is, and nothing that could be undone or done again. */
     void ForgetHistory();
 
