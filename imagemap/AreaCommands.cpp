@@ -56,7 +56,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
         Q_EMIT HintGiven(
             link.isEmpty() ? nowhereHint.toString() : QStringLiteral("A click leads to ") + link);
     });
-    connect(view_, &ViewCommands::Switched, this, &AreaCommands::View_Switched);
+    connect(view_, &MapViewCommands::Switched, this, &AreaCommands::View_Switched);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &AreaCommands::EnableCommands);
     View_Switched();
     EnableCommands();
@@ -68,9 +68,9 @@ void AreaCommands::CreateMenus(Settings& settings)
 {
     QAction* const help = parts_.menus.actions().constLast();
     commands_.Create(this, &parts_.menus, &parts_.toolbar, Commands());
-    view_ = new ViewCommands(this, { parts_.menus, parts_.toolbar, zoom_, settings, parts_.begin, [this] {
-                                        return BoundsOf(editing_.SelectedAreas());
-                                    } });
+    view_ = new MapViewCommands(this, { parts_.menus, parts_.toolbar, zoom_, settings, parts_.begin, [this] {
+                                           return BoundsOf(editing_.SelectedAreas());
+                                       } });
     ToggleFlatLook(&parts_.toolbar);
     // Help stays the last one.
     parts_.menus.insertAction(nullptr, help);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "imagemap/ViewCommands.h"
+#include "imagemap/MapViewCommands.h"
 #include "imagemap/drawing/AreaEditing.h"
 #include "imagemap/drawing/SelectionProtocol.h"
 #include "imagemap/drawing/TryProtocol.h"
@@ -51,7 +51,7 @@ public:
 
     [[nodiscard]] AreaEditing& Editing() { return editing_; }
 
-    [[nodiscard]] ViewCommands& View() { return *view_; }
+    [[nodiscard]] MapViewCommands& View() { return *view_; }
 
     /** Whether Select, or the trying of the map, has taken the mouse over from the tools that draw. */
     [[nodiscard]] bool HasTool() const { return tool_ != Tool::Drawing; }
@@ -135,7 +135,7 @@ private:
     TryProtocol try_;
     AreaReader& reader_; ///< belongs to the picture
     CommandSet<Command> commands_;
-    ViewCommands* view_ = nullptr;
+    MapViewCommands* view_ = nullptr;
     Tool tool_ = Tool::Drawing;
     QSize picture_;
     bool isSelectingInList_ = false;

@@ -10,7 +10,7 @@
 class ZoomControls;
 
 /** The commands that change how picture and areas are seen: their menu and their part of the toolbar. */
-class ViewCommands final : public QObject
+class MapViewCommands final : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     enum class Need { Nothing, Picture, Selection };
     /** What is switched on and off. */
     enum class Mark { Fit, Areas, Snap, Guides };
-    using Command = CommandRow<ViewCommands, Need, Mark>;
+    using Command = CommandRow<MapViewCommands, Need, Mark>;
 
     /** What the commands work on, all of which lives as long. */
     struct Parts
@@ -32,7 +32,7 @@ public:
         std::function<QRect()> selection; ///< what the selected areas take up, in picture pixels
     };
 
-    ViewCommands(QObject* parent, Parts parts);
+    MapViewCommands(QObject* parent, Parts parts);
 
     /** The menu, to which others may add. */
     [[nodiscard]] QMenu& Menu() const;

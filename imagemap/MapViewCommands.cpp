@@ -1,4 +1,4 @@
-#include "imagemap/ViewCommands.h"
+#include "imagemap/MapViewCommands.h"
 
 #include "imagemap/ZoomControls.h"
 
@@ -6,41 +6,41 @@
 
 namespace {
 
-using ViewRow = ViewCommands::Command;
-using ViewNeed = ViewCommands::Need;
-using ViewMark = ViewCommands::Mark;
+using MapViewRow = MapViewCommands::Command;
+using ViewNeed = MapViewCommands::Need;
+using ViewMark = MapViewCommands::Mark;
 using enum CommandRowKind;
 
 constexpr int lastViewPosition = 27;
 
-constexpr auto viewRows = std::to_array<ViewRow>({
+constexpr auto mapViewRows = std::to_array<MapViewRow>({
     { Menu, "mnuView", "&View" },
     { Entry,
       "mnuVZoomIn",
       "Zoom &In",
       "Ctrl++",
-      &ViewCommands::ZoomIn,
+      &MapViewCommands::ZoomIn,
       { 19, "Zoom In", "zoom-in" },
       ViewNeed::Picture },
     { Entry,
       "mnuVZoomOut",
       "Zoom &Out",
       "Ctrl+-",
-      &ViewCommands::ZoomOut,
+      &MapViewCommands::ZoomOut,
       { 20, "Zoom Out", "zoom-out" },
       ViewNeed::Picture },
     { Entry,
       "mnuVActual",
       "&Actual Size",
       "Ctrl+0",
-      &ViewCommands::ActualSize,
+      &MapViewCommands::ActualSize,
       { 21, "Actual Size", "zoom-actual" },
       ViewNeed::Picture },
     { Entry,
       "mnuVFit",
       "&Fit",
       "Ctrl+9",
-      &ViewCommands::ToggleFit,
+      &MapViewCommands::ToggleFit,
       { 22, "Fit", "zoom-fit" },
       ViewNeed::Picture,
       ViewMark::Fit },
@@ -48,7 +48,7 @@ constexpr auto viewRows = std::to_array<ViewRow>({
       "mnuVFitSelection",
       "Fit S&election",
       "",
-      &ViewCommands::FitSelection,
+      &MapViewCommands::FitSelection,
       { 23, "Fit Selection", "zoom-selection" },
       ViewNeed::Selection },
     { Separator, "mnuVSep1" },
@@ -56,7 +56,7 @@ constexpr auto viewRows = std::to_array<ViewRow>({
       "mnuVAreas",
       "Show &Areas",
       "",
-      &ViewCommands::Switch<Setting::showAreas>,
+      &MapViewCommands::Switch<Setting::showAreas>,
       { 25, "Show Areas", "area-show" },
       ViewNeed::Picture,
       ViewMark::Areas },
@@ -64,7 +64,7 @@ constexpr auto viewRows = std::to_array<ViewRow>({
       "mnuVSnap",
       "S&nap",
       "",
-      &ViewCommands::Switch<Setting::snap>,
+      &MapViewCommands::Switch<Setting::snap>,
       { 26, "Snap", "area-snap" },
       ViewNeed::Nothing,
       ViewMark::Snap },
@@ -72,67 +72,67 @@ constexpr auto viewRows = std::to_array<ViewRow>({
       "mnuVGuides",
       "&Guides",
       "",
-      &ViewCommands::Switch<Setting::guides>,
+      &MapViewCommands::Switch<Setting::guides>,
       { 27, "Guides", "area-guides" },
       ViewNeed::Nothing,
       ViewMark::Guides },
 });
-static_assert(IsToolbarWhole(viewRows, lastViewPosition));
+static_assert(IsToolbarWhole(mapViewRows, lastViewPosition));
 
 } // namespace
 
-ViewCommands::ViewCommands(QObject* parent, Parts parts)
+MapViewCommands::MapViewCommands(QObject* parent, Parts parts)
     : QObject(parent)
     , parts_(std::move(parts))
 {
-    commands_.Create(this, &parts_.menus, &parts_.toolbar, viewRows);
-    commands_.EntryOf(&ViewCommands::ZoomIn)
+    commands_.Create(this, &parts_.menus, &parts_.toolbar, mapViewRows);
+    commands_.EntryOf(&MapViewCommands::ZoomIn)
         .setShortcuts({ QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal) });
-    connect(&parts_.zoom, &ZoomControls::FittingChanged, this, &ViewCommands::ShowSettings);
+    connect(&parts_.zoom, &ZoomControls::FittingChanged, this, &MapViewCommands::ShowSettings);
     if (IsOn(Setting::fitPicture)) {
         parts_.zoom.ToggleFit();
     }
     ShowSettings();
 }
 
-QMenu& ViewCommands::Menu() const
+QMenu& MapViewCommands::Menu() const
 {
-    return commands_.MenuOf(&ViewCommands::ZoomIn);
+    return commands_.MenuOf(&MapViewCommands::ZoomIn);
 }
 
-bool ViewCommands::IsOn(const FlagSetting& setting) const
+bool MapViewCommands::IsOn(const FlagSetting& setting) const
 {
     return parts_.settings.Value(setting);
 }
 
-void ViewCommands::Enable(bool hasPicture, bool hasSelection)
+void MapViewCommands::Enable(bool hasPicture, bool hasSelection)
 {
     commands_.Enable(Need::Picture, hasPicture);
     commands_.Enable(Need::Selection, hasPicture && hasSelection);
 }
 
-void ViewCommands::ZoomIn()
+void MapViewCommands::ZoomIn()
 {
     if (parts_.begin()) {
         parts_.zoom.In();
     }
 }
 
-void ViewCommands::ZoomOut()
+void MapViewCommands::ZoomOut()
 {
     if (parts_.begin()) {
         parts_.zoom.Out();
     }
 }
 
-void ViewCommands::ActualSize()
+void MapViewCommands::ActualSize()
 {
     if (parts_.begin()) {
         parts_.zoom.ActualSize();
     }
 }
 
-void ViewCommands::ToggleFit()
+void MapViewCommands::ToggleFit()
 {
     if (parts_.begin()) {
         parts_.zoom.ToggleFit();
@@ -141,14 +141,14 @@ void ViewCommands::ToggleFit()
     ShowSettings();
 }
 
-void ViewCommands::FitSelection()
+void MapViewCommands::FitSelection()
 {
     if (parts_.begin()) {
         parts_.zoom.FitTo(parts_.selection());
     }
 }
 
-void ViewCommands::Toggle(const FlagSetting& setting)
+void MapViewCommands::Toggle(const FlagSetting& setting)
 {
     if (parts_.begin()) {
         parts_.settings.Keep(setting, !IsOn(setting));
@@ -157,7 +157,7 @@ void ViewCommands::Toggle(const FlagSetting& setting)
     Q_EMIT Switched();
 }
 
-void ViewCommands::ShowSettings()
+void MapViewCommands::ShowSettings()
 {
     commands_.SetChecked(Mark::Fit, parts_.zoom.IsFitting());
     commands_.SetChecked(Mark::Areas, IsOn(Setting::showAreas));
