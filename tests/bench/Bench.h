@@ -42,6 +42,10 @@ void ForgetPeak();
 /** One line of the table; `target` is the ratio that may be reached at most. */
 void PrintRow(const QString& what, const Cost& cost, const Cost& baseline, double target);
 
+/** A line for memory, in megabytes: no more than the baseline. Where instructions are counted there is none.
+ */
+void PrintMemoryRow(const QString& what, double megabytes, double baseline);
+
 /**
  * A line for the cost of input so many times as large, where instructions are counted: it may grow as the
  * input. Times tell less of that, since large input leaves the processor's caches.
@@ -52,6 +56,7 @@ void BenchStartUp();
 void BenchDocuments();
 void BenchViews();
 void BenchPictures();
+void BenchAreas();
 
 /** What a process of its own does for BenchStartUp(): shows the main window, or the "empty" one. */
 void RunStartUp(const QString& window);

@@ -135,6 +135,16 @@ void PrintRow(const QString& what, const Cost& cost, const Cost& baseline, doubl
     std::fflush(stdout);
 }
 
+void PrintMemoryRow(const QString& what, double megabytes, double baseline)
+{
+    if (!isCounting) {
+        std::printf(
+            "%-68s %10s %10.0f %7.2f  at most %-4g %6.0f\n", qPrintable(what), "", baseline,
+            megabytes / baseline, 1.0, megabytes);
+        std::fflush(stdout);
+    }
+}
+
 void PrintGrowth(const QString& what, const Cost& cost, const Cost& ofLess, double times)
 {
     if (isCounting) {
@@ -150,6 +160,10 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QString task = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");
+    if (task == QLatin1String("areas")) {
+        BenchAreas();
+        return 0;
+    }
     isCounting = task == QLatin1String("count");
     if (!isCounting && !task.isEmpty()) {
         RunStartUp(task);
@@ -164,5 +178,6 @@ int main(int argc, char* argv[])
     BenchDocuments();
     BenchViews();
     BenchPictures();
+    BenchAreas();
     return 0;
 }
