@@ -6,6 +6,7 @@
 #include <QAccessibleWidget>
 #include <QHash>
 #include <QPointer>
+#include <algorithm>
 
 namespace {
 
@@ -225,7 +226,7 @@ void AreaReader::Tell(const MapAreas& areas, const AreaNumbers& selected)
         QAccessible::updateAccessibility(&event);
     }
     const int focused = FocusedArea();
-    if (selected_ != selectedBefore && focused >= 0) {
+    if (!std::ranges::equal(selected_, selectedBefore) && focused >= 0) {
         Announce(surface_, QAccessible::Selection, focused);
         if (focused != focusBefore && surface_.hasFocus()) {
             Announce(surface_, QAccessible::Focus, focused);

@@ -28,7 +28,8 @@ bool PictureView::event(QEvent* event)
     if (event->type() == QEvent::NativeGesture) {
         const auto& gesture = *static_cast<QNativeGestureEvent*>(event);
         if (gesture.gestureType() == Qt::ZoomNativeGesture) {
-            Q_EMIT ZoomTurned(1 + gesture.value(), gesture.position().toPoint());
+            // Its own position stays that in the picture when it comes from there.
+            Q_EMIT ZoomTurned(1 + gesture.value(), mapFromGlobal(gesture.globalPosition()).toPoint());
             return true;
         }
     }

@@ -28,6 +28,7 @@ public:
         replaced_ = replaced;
         calls.clear();
         disconnect(&map_, nullptr, this, nullptr);
+        disconnect(&map_.Script(), nullptr, this, nullptr);
         connect(&map_, &MapDocument::AreasChanged, this, [this] { NoteAreas(); });
         connect(&map_.Script(), &MapScript::MessageHeaderChanged, this, [this] {
             calls << u"header" + map_.Script().MessageHeader();
