@@ -234,7 +234,7 @@ void SyntaxColours::ColourFrom(
 }
 
 /** Colours one line, whose state becomes that of the next; true when it had other colours. */
-bool SyntaxColours::ColourLine(QTextBlock block, HtmlState& state)
+bool SyntaxColours::ColourLine(const QTextBlock& block, HtmlState& state)
 {
     QTextLayout* const layout = block.layout();
     Formats formats = FormatsOf(block, state);

@@ -36,7 +36,7 @@ private:
     void ColourSeen(const QRect& painted);
     void ColourFrom(const QTextBlock& first, const QTextBlock& end, double top, const QRect& painted);
     [[nodiscard]] bool IsEdited(const QTextBlock& block) const;
-    [[nodiscard]] bool ColourLine(QTextBlock block, HtmlState& state);
+    [[nodiscard]] bool ColourLine(const QTextBlock& block, HtmlState& state);
     [[nodiscard]] Formats FormatsOf(const QTextBlock& block, HtmlState& state) const;
 
     SourceEditor& editor_;

@@ -58,7 +58,7 @@ bool ReadPngHeader(ByteSource& source, OtherOutline& outline)
         return false;
     }
     outline.size = SizeOf(width, height);
-    outline.pixelsPerByte = std::max<qint64>(1, deflateAtMost * bitsPerByte / (depth * samples));
+    outline.pixelsPerByte = std::max<qint64>(1, deflateAtMost * bitsPerByte / (qint64{ depth } * samples));
     constexpr int methods = 3;
     source.Skip(methods);
     return !outline.size.isEmpty();
