@@ -4,11 +4,11 @@
 #include "app/source/TextSnapshot.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QElapsedTimer>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <algorithm>
 #include <random>
 
 using namespace std::chrono_literals;
@@ -44,7 +44,7 @@ private Q_SLOTS:
 
     void textIsCopiedWithItsLineEnds_data();
     void textIsCopiedWithItsLineEnds();
-    void eachPieceTakesLittleTime();
+    void theClockIsLookedAtBetweenSmallPieces();
     void whatIsEditedMeanwhileIsCopiedAgain();
     void onlyWhatIsEditedIsCopiedAgain();
     void textThatIsReplacedMeanwhileIsCopiedAnew();
@@ -92,22 +92,17 @@ void tst_textsnapshot::textIsCopiedWithItsLineEnds()
     QCOMPARE(snapshot.Pieces().join(QString()), text);
 }
 
-void tst_textsnapshot::eachPieceTakesLittleTime()
+void tst_textsnapshot::theClockIsLookedAtBetweenSmallPieces()
 {
     const QString text = QString(78, u'x').append(QLatin1String("\r\n")).repeated(125'000); // 10 MB
     TextSnapshot snapshot(*document_, Load(text));
-    qint64 longest = 0;
-    bool isWhole = false;
-    while (!isWhole) {
-        QElapsedTimer clock;
-        clock.start();
-        isWhole = snapshot.CopyFor(4ms);
-        longest = std::max(longest, clock.nsecsElapsed());
+    while (!snapshot.CopyFor(4ms)) {
     }
-    QCOMPARE(snapshot.Pieces().join(QString()), text);
-    qInfo("the longest wait was %lld microseconds", longest / 1000);
-    // A frame takes 16.7 ms; what else the machine does meanwhile counts too.
-    QVERIFY2(longest < 100'000'000, "a piece took long");
+    // What is copied without a look at the clock is a small part of a frame: 64 Ki characters and a line.
+    constexpr qsizetype most = (1 << 16) * 80 / 79 + 80; // the text has a line end more of each 79 characters
+    const QStringList pieces = snapshot.Pieces();
+    QVERIFY(std::ranges::all_of(pieces, [](const QString& piece) { return piece.size() <= most; }));
+    QCOMPARE(pieces.join(QString()), text);
 }
 
 void tst_textsnapshot::EditByChance(std::mt19937& random)
