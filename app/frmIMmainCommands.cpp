@@ -195,7 +195,7 @@ void frmIMmain::CreateParts()
         { .Add = ui_->btnAdd, .Delete = ui_->btnDelete, .Save = ui_->btnSave });
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
     views_ = std::make_unique<ViewCommands>(
-        source, imgMap_.Remembered, *findChild<QMenu*>(QStringLiteral("mnuView")),
+        source, imgMap_.Remembered, commands_.MenuOf(In<&frmIMmain::Views, &ViewCommands::mnuVColours_Click>),
         [this](ViewChoice choice, bool isOn) { commands_.SetChecked(choice, isOn); });
 }
 
