@@ -36,6 +36,8 @@ constexpr qint64 heapPlay = 256 * 1024;
 /** Resident memory also grows by holes between the pieces in use, which the heap's count does not show. */
 constexpr qint64 residentPlay = 16 * 1024 * 1024;
 constexpr int modes = 5;
+/** Short enough that each round keeps what it has not saved yet. */
+constexpr std::chrono::milliseconds keepingInterval(50);
 constexpr int roundsBetweenReports = 50;
 
 void ClickPart(const QWidget& window, const char* name)
@@ -83,6 +85,7 @@ public:
     {
         QFile::remove(folder_.absoluteFilePath(QStringLiteral("Data/Links.dra")));
         program_.Hurry();
+        program_.KeepWithin(keepingInterval);
         program_.StartProgram();
     }
 
@@ -96,6 +99,10 @@ public:
         KeepLinks();
         SetPreferences(number);
         SaveAndPreview();
+        // What was kept is taken away in another thread, which has files open meanwhile.
+        Check(
+            QTest::qWaitFor([this] { return !folder_.exists(QStringLiteral("Data/Recovery")); }),
+            QStringLiteral("what is saved stays kept"));
     }
 
 private:

@@ -57,6 +57,9 @@ public:
     /** Answers dialogs as soon as they are there, which no user can follow. */
     void Hurry() { robot_.Hurry(); }
 
+    /** How soon what is not saved is kept for the case that the program ends suddenly. */
+    void KeepWithin(std::chrono::milliseconds interval) { imgMap_.KeepingInterval = interval; }
+
     /** Types the lines around a page and leaves the caret in its empty body; `head` is what its head holds.
      */
     void WritePageFrame(const QString& head);
