@@ -38,6 +38,12 @@ constexpr int rowAir = 4;
 constexpr int leastIcon = 16;
 /** How far inside its place the line of a frame is drawn, in pixels. */
 constexpr int frameLine = 1;
+/** How round the corners of fields and marks are, in pixels. */
+constexpr qreal edgeRadius = 2;
+/** How much of the text's colour is in an edge on a dark ground: enough for three times its light. */
+constexpr float edgeStrength = 0.55F;
+/** How much lighter than a selection the edge of the field is that has the focus, in per cent. */
+constexpr int focusLightness = 160;
 
 const DrawnIcon* Find(QStyle::StandardPixmap which)
 {
@@ -87,6 +93,33 @@ QPixmap Edged(QPixmap icon, const QColor& color)
     return edged;
 }
 
+bool IsDark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightnessF() < palette.color(QPalette::WindowText).lightnessF();
+}
+
+/** Draws the edge that styles leave out on dark grounds, where they make it darker still. */
+void DrawEdge(QStyle::PrimitiveElement element, const QStyleOption& option, QPainter* painter)
+{
+    QColor color = option.palette.color(QPalette::WindowText);
+    color.setAlphaF(edgeStrength);
+    if (element == QStyle::PE_FrameLineEdit && (option.state & QStyle::State_HasFocus)) {
+        color = option.palette.color(QPalette::Highlight).lighter(focusLightness);
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(color);
+    painter->setBrush(Qt::NoBrush);
+    const qreal half = 0.5;
+    const QRectF edge = QRectF(option.rect).adjusted(half, half, -half, -half);
+    if (element == QStyle::PE_IndicatorRadioButton) {
+        painter->drawEllipse(edge);
+    } else {
+        painter->drawRoundedRect(edge, edgeRadius, edgeRadius);
+    }
+    painter->restore();
+}
+
 } // namespace
 
 LookStyle::LookStyle()
@@ -120,6 +153,17 @@ LookStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QS
     // Styles blend the icon with the colour of the selection, until it can hardly be told from it.
     return mode == QIcon::Selected ? Edged(pixmap, option->palette.color(QPalette::HighlightedText))
                                    : QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+}
+
+void LookStyle::drawPrimitive(
+    PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const
+{
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool hasEdge =
+        element == PE_FrameLineEdit || element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox;
+    if (hasEdge && IsDark(option->palette)) {
+        DrawEdge(element, *option, painter);
+    }
 }
 
 QSize LookStyle::sizeFromContents(

@@ -4,8 +4,8 @@
 
 /**
  * The desktop's own style with what makes the program's windows one: drawn icons in message boxes and on
- * their buttons, which are sharp at every scaling, rows with some air in lists, and icons that keep their
- * contrast in the selected row.
+ * their buttons, which are sharp at every scaling, rows with some air in lists, icons that keep their
+ * contrast in the selected row, and fields and marks that have an edge on a dark desktop too.
  */
 class LookStyle : public QProxyStyle
 {
@@ -21,6 +21,9 @@ public:
     standardPixmap(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override;
     [[nodiscard]] QPixmap
     generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override;
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget) const override;
     [[nodiscard]] QSize sizeFromContents(
         ContentsType type, const QStyleOption* option, const QSize& size,
         const QWidget* widget) const override;

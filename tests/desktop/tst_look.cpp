@@ -1,3 +1,4 @@
+#include "app/LookStyle.h"
 #include "tests/desktop/Colours.h"
 #include "tests/desktop/EveryWindow.h"
 
@@ -64,6 +65,7 @@ private Q_SLOTS:
 
     void textIsReadableOnADarkDesktop_data() { EveryWindow::Rows(); }
     void textIsReadableOnADarkDesktop();
+    void fieldsAndMarksHaveAnEdgeOnADarkDesktop();
     void linesOfTheTagTreeAreSeen_data();
     void linesOfTheTagTreeAreSeen();
     void wordsThatAreNotFoundAreReadable();
@@ -87,6 +89,7 @@ void tst_look::initTestCase()
 
 void tst_look::cleanup()
 {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(QApplication::style()->standardPalette());
     QApplication::setFont(font_);
 }
@@ -106,6 +109,29 @@ void tst_look::textIsReadableOnADarkDesktop()
         const QRect place(part->mapTo(shown, QPoint()) * ratio, part->size() * ratio);
         const double contrast = BestContrast(picture.copy(place & picture.rect()));
         QVERIFY2(contrast >= readable, qPrintable(QStringLiteral("%1: %2").arg(Called(part)).arg(contrast)));
+    }
+}
+
+void tst_look::fieldsAndMarksHaveAnEdgeOnADarkDesktop()
+{
+    constexpr double seen = 3;
+    constexpr int edge = 3;
+    QApplication::setStyle(new LookStyle);
+    QApplication::setPalette(DarkPalette());
+    const QRgb ground = DarkPalette().color(QPalette::Window).rgb();
+    const std::array<std::unique_ptr<QWidget>, 3> parts = { std::make_unique<QLineEdit>(),
+                                                            std::make_unique<QRadioButton>(),
+                                                            std::make_unique<QCheckBox>() };
+    for (const std::unique_ptr<QWidget>& part : parts) {
+        const QImage picture = part->grab().toImage();
+        double best = 1;
+        for (int x = 0; x < edge; ++x) {
+            best = std::max(best, Contrast(ground, picture.pixel(x, picture.height() / 2)));
+        }
+        QVERIFY2(
+            best >= seen,
+            qPrintable(
+                QStringLiteral("%1: %2").arg(QLatin1String(part->metaObject()->className())).arg(best)));
     }
 }
 
