@@ -24,6 +24,11 @@ QString EditedPage::FileName() const
     return file_.IsNeverSaved() ? QString() : file_.Name();
 }
 
+std::optional<TextEncoding> EditedPage::ChosenEncoding() const
+{
+    return file_.IsHandledAnew() ? std::optional(file_.Encoding()) : std::nullopt;
+}
+
 QString EditedPage::Text() const
 {
     return editor_.Text();

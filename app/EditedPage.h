@@ -13,6 +13,7 @@ public:
 
     int InsertAtCaret(const QString& text) override;
     [[nodiscard]] QString FileName() const override;
+    [[nodiscard]] std::optional<TextEncoding> ChosenEncoding() const override;
     [[nodiscard]] QString Text() const override;
     [[nodiscard]] TextSpan Selection() const override;
     void Select(const TextSpan& place) override;

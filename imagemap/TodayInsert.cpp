@@ -35,11 +35,18 @@ static_assert(std::is_sorted(
     refusalRows.begin(), refusalRows.end(),
     [](const RefusalRow& one, const RefusalRow& other) { return one.refusal < other.refusal; }));
 
-/** A page in UTF-8 is saved in the program's code page all the same, so it gets nothing beyond ASCII. */
-PageCharset CharsetOf(const QString& page)
+/** The characters that browsers read in the page as they are written; all others it gets as references. */
+PageCharset CharsetOf(const QString& page, std::optional<TextEncoding> chosen)
 {
+    if (chosen == TextEncoding::Utf8WithMark) {
+        return PageCharset::Unicode; // a mark is believed before anything else
+    }
     const QByteArray start = AnsiCodePage::Encode(QStringView(page).left(declarationRoom));
-    return EncodingOfMarkup(start) == windows1252Name ? PageCharset::Windows1252 : PageCharset::Ascii;
+    const QLatin1String declared = EncodingOfMarkup(start);
+    if (chosen == TextEncoding::Utf8) {
+        return declared == utf8Name ? PageCharset::Unicode : PageCharset::Ascii;
+    }
+    return declared == windows1252Name ? PageCharset::Windows1252 : PageCharset::Ascii;
 }
 
 QSize SizeOfPicture(const QString& path, const QString& pagePath)
@@ -91,7 +98,7 @@ TodayInsert PrepareTodayInsert(
     const QString pagePath = page.FileName();
     const TodayPage context{ .Text = rest,
                              .Path = pagePath,
-                             .Charset = CharsetOf(text),
+                             .Charset = CharsetOf(text, page.ChosenEncoding()),
                              .PicturePath = picture.path,
                              .PictureSize = picture.size,
                              .SizeOf = [&pagePath](const QString& path) {

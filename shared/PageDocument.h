@@ -1,9 +1,11 @@
 #pragma once
 
 #include "shared/DocumentSink.h"
+#include "shared/TextEncoding.h"
 
 #include <QList>
 #include <memory>
+#include <optional>
 
 /** A part of a document; positions and lengths count a line end as CR LF. */
 struct TextSpan
@@ -43,6 +45,10 @@ class PageDocument : public DocumentSink
 public:
     /** The file that it was read from or written to last; empty when there is none. */
     [[nodiscard]] virtual QString FileName() const = 0;
+
+    /** What the user has chosen for it to be written in; without a choice it is Windows-1252, whatever the
+     * page says of itself. */
+    [[nodiscard]] virtual std::optional<TextEncoding> ChosenEncoding() const = 0;
 
     /** The whole text, with CR LF line ends. */
     [[nodiscard]] virtual QString Text() const = 0;

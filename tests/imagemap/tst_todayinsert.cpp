@@ -32,6 +32,8 @@ private Q_SLOTS:
     void unsavedPageIsAskedAboutOnlyForWholePaths();
     void caretInATagIsToldAndNothingInserted();
     void secondMapHasANameOfItsOwn();
+    void textsAreWrittenAsThePageIsRead_data();
+    void textsAreWrittenAsThePageIsRead();
     void panelNamesMissingTextsAndAClickLeadsThere();
     void panelTellsWhatIsLeftOut();
     void oldFormTellsWhereItsMessagesAreSeenNoMore_data();
@@ -242,6 +244,44 @@ void tst_todayinsert::secondMapHasANameOfItsOwn()
     QCOMPARE(Page().count(QStringLiteral("<style")), 1);
     QVERIFY(Page().contains(QStringLiteral("id=\"MyImageMap\"")));
     QVERIFY(Page().contains(QStringLiteral("id=\"MyImageMap2\"")));
+}
+
+void tst_todayinsert::textsAreWrittenAsThePageIsRead_data()
+{
+    QTest::addColumn<QString>("declared");
+    QTest::addColumn<std::optional<TextEncoding>>("chosen");
+    QTest::addColumn<QString>("written");
+    const QString references = QStringLiteral("alt=\"&#xE4; &#x65E5;\"");
+    const QString german = QStringLiteral("alt=\"\u00e4 &#x65E5;\"");
+    const QString whole = QStringLiteral("alt=\"\u00e4 \u65e5\"");
+    const auto row = [](const char* name, const char* declared, std::optional<TextEncoding> chosen,
+                        const QString& written) {
+        QTest::newRow(name) << QString::fromLatin1(declared) << chosen << written;
+    };
+    row("nothing said", "", {}, references);
+    row("says UTF-8, saved otherwise", "utf-8", {}, references);
+    row("Windows-1252", "windows-1252", {}, german);
+    row("Windows-1252 chosen", "windows-1252", TextEncoding::Windows1252, german);
+    row("UTF-8", "utf-8", TextEncoding::Utf8, whole);
+    row("UTF-8, not said", "", TextEncoding::Utf8, references);
+    row("UTF-8, says otherwise", "windows-1252", TextEncoding::Utf8, references);
+    row("UTF-8 with mark", "", TextEncoding::Utf8WithMark, whole);
+}
+
+void tst_todayinsert::textsAreWrittenAsThePageIsRead()
+{
+    QFETCH(const QString, declared);
+    QFETCH(const std::optional<TextEncoding>, chosen);
+    QFETCH(const QString, written);
+    SetPage(QString(QString::fromLatin1(page))
+                .replace(
+                    QStringLiteral("<title>"), declared.isEmpty()
+                                                   ? QStringLiteral("<title>")
+                                                   : u"<meta charset=\"" + declared + u"\">\r\n<title>"));
+    test_->document.chosenEncoding = chosen;
+    test_->Find<QLineEdit>("txtAltDescript")->setText(QStringLiteral("\u00e4 \u65e5"));
+    DrawAndInsert(1);
+    QVERIFY2(Page().contains(written), qPrintable(Page()));
 }
 
 void tst_todayinsert::panelNamesMissingTextsAndAClickLeadsThere()

@@ -12,6 +12,7 @@ public:
         return 1;
     }
     [[nodiscard]] QString FileName() const override { return fileName; }
+    [[nodiscard]] std::optional<TextEncoding> ChosenEncoding() const override { return chosenEncoding; }
     [[nodiscard]] QString Text() const override { return text_; }
     [[nodiscard]] TextSpan Selection() const override { return selection; }
     void Select(const TextSpan& place) override { selection = place; }
@@ -31,6 +32,7 @@ public:
     }
 
     QString fileName;
+    std::optional<TextEncoding> chosenEncoding;
     TextSpan selection;
     int replaced = 0; ///< how often the document was changed
 
