@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QTest>
 #include <QToolBar>
 #include <cstdio>
@@ -255,6 +256,22 @@ void ProgramDriver::NameFilesOnly(bool fileNamesOnly)
     Check(check->isChecked() == fileNamesOnly, QStringLiteral("the check box does not follow the mouse"));
 }
 
+void ProgramDriver::ChooseForm(MarkupForm form)
+{
+    auto* const tabs = FindPart<QTabWidget>(*editor_, QStringLiteral("SSTab1"));
+    auto* const field = FindPart<QComboBox>(*editor_, QStringLiteral("cmbMarkup"));
+    const int before = tabs->currentIndex();
+    tabs->setCurrentIndex(1);
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Home);
+    for (int i = 0; i < int(form); ++i) {
+        QTest::keyClick(field, Qt::Key_Down);
+    }
+    Check(field->currentIndex() == int(form), QStringLiteral("the form of the map does not follow the keys"));
+    Seen(*editor_, QStringLiteral("form"));
+    tabs->setCurrentIndex(before);
+}
+
 void ProgramDriver::DrawRectangle(QPoint from, QPoint to, const FieldTexts& link)
 {
     ClickToolbar(rectangleButton);
@@ -287,8 +304,9 @@ void ProgramDriver::DrawPolygon(const QList<QPoint>& corners, const FieldTexts& 
 void ProgramDriver::InsertMap()
 {
     ClickToolbar(insertButton);
+    const QString page = source_->document()->toRawText();
     Check(
-        source_->document()->toRawText().contains(u"USEMAP"),
+        page.contains(u"usemap=", Qt::CaseInsensitive) || page.contains(u"class=\"imap\""),
         QStringLiteral("Insert has put no map into the page"));
     Seen(*main_, QStringLiteral("map"));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Startup.h"
+#include "codegen/MarkupForm.h"
 #include "imagemap/model/MapDocument.h"
 #include "shared/ImgMap.h"
 #include "tests/support/DialogRobot.h"
@@ -76,6 +77,8 @@ public:
     void ChooseMode(JSMode mode);
     /** Ticks or unticks that pictures go into the page without their folders; there must be an area. */
     void NameFilesOnly(bool fileNamesOnly);
+
+    void ChooseForm(MarkupForm form);
 
     void DrawRectangle(QPoint from, QPoint to, const FieldTexts& link);
     void DrawCircle(QPoint centre, QPoint rim, const FieldTexts& link);

@@ -1,7 +1,8 @@
 // Plays the program's main job with its real windows, driven by mouse and key events: from a picture through
-// a rectangle, a circle and a polygon with their links to a page that holds the map and is saved.
+// a rectangle, a circle and a polygon with their links to a page that holds the map and is saved; then the
+// same map in a page for today's browsers.
 //
-// cartolen-tour FOLDER PICTURE leaves the page and a screenshot of every step in FOLDER.
+// cartolen-tour FOLDER PICTURE leaves the pages and a screenshot of every step in FOLDER.
 
 #include "shared/AnsiCodePage.h"
 #include "shared/Paths.h"
@@ -38,6 +39,13 @@ public:
         program_.InsertMap();
         program_.SavePage(PagePath());
         CheckPage();
+        program_.NewPage();
+        program_.WritePageFrame(QStringLiteral("<title>Harbour</title>"));
+        program_.SavePage(TodayPath());
+        program_.ChooseForm(MarkupForm::Today);
+        program_.InsertMap();
+        program_.SaveAgain();
+        CheckTodayPage();
     }
 
 private:
@@ -47,6 +55,7 @@ private:
         for (const QString& old : folder_.entryList({ QStringLiteral("*.png"), QStringLiteral("*.htm") })) {
             folder_.remove(old);
         }
+        folder_.remove(QStringLiteral("Data/Settings.ini")); // the form that was chosen last time
     }
 
     void DrawRectangle()
@@ -62,6 +71,11 @@ private:
                       .arg(from.y())
                       .arg(to.x())
                       .arg(to.y());
+        shapes_ << QStringLiteral("<rect x=\"%1\" y=\"%2\" width=\"%3\" height=\"%4\"/>")
+                       .arg(from.x())
+                       .arg(from.y())
+                       .arg(to.x() - from.x())
+                       .arg(to.y() - from.y());
     }
 
     void DrawCircle()
@@ -76,6 +90,10 @@ private:
                       .arg(centre.x())
                       .arg(centre.y())
                       .arg(radius);
+        shapes_ << QStringLiteral("<circle cx=\"%1\" cy=\"%2\" r=\"%3\"/>")
+                       .arg(centre.x())
+                       .arg(centre.y())
+                       .arg(radius);
     }
 
     void DrawPolygon()
@@ -84,9 +102,12 @@ private:
                                         program_.At(80, 92) };
         program_.DrawPolygon(corners, { { "cmbLink", QStringLiteral("boat.htm") } });
         QStringList numbers;
+        QStringList points;
         for (const QPoint corner : corners) {
             numbers << QString::number(corner.x()) << QString::number(corner.y());
+            points << QStringLiteral("%1,%2").arg(corner.x()).arg(corner.y());
         }
+        shapes_ << u"<polygon points=\"" + points.join(u' ') + u"\"/>";
         areas_ += u"<AREA SHAPE=POLYGON COORDS=\"" + numbers.join(QStringLiteral(", ")) +
                   u"\" HREF=\"boat.htm\">\r\n";
         program_.ShowEditor(QStringLiteral("areas"));
@@ -114,6 +135,27 @@ private:
         Say(u"Page: " + PagePath());
     }
 
+    /** Each link has its shape, in the order in which they were drawn, and the head has their style. */
+    void CheckTodayPage() const
+    {
+        QFile file(TodayPath());
+        Check(file.open(QIODevice::ReadOnly), u"there is no page " + TodayPath());
+        const QString page = QString::fromLatin1(file.readAll());
+        const qsizetype style = page.indexOf(u"<style data-imap=");
+        Check(style >= 0 && style < page.indexOf(u"</head>"), QStringLiteral("the page's head has no style"));
+        const QString picture = QDir(folder_).relativeFilePath(picture_);
+        qsizetype at = page.indexOf(u"<img src=\"" + picture + u'"', style);
+        Check(at >= 0, QStringLiteral("the page does not show the picture"));
+        for (const auto& [link, shape] :
+             { std::pair("house.htm", shapes_[0]), { "sun.htm", shapes_[1] }, { "boat.htm", shapes_[2] } }) {
+            at = page.indexOf(u"<a href=\"" + QString::fromLatin1(link) + u'"', at);
+            Check(at >= 0, u"the page has no link to " + QString::fromLatin1(link));
+            const QString rest = page.mid(at, page.indexOf(u"</a>", at) - at);
+            Check(rest.endsWith(shape), u"the page has no " + shape);
+        }
+        Say(u"Page: " + TodayPath());
+    }
+
     void Shoot(QWidget& window, const QString& step)
     {
         const QString path = folder_.absoluteFilePath(
@@ -124,10 +166,16 @@ private:
 
     [[nodiscard]] QString PagePath() const { return folder_.absoluteFilePath(QStringLiteral("harbour.htm")); }
 
+    [[nodiscard]] QString TodayPath() const
+    {
+        return folder_.absoluteFilePath(QStringLiteral("harbour-today.htm"));
+    }
+
     QDir folder_;
     QString picture_;
     ProgramDriver program_;
-    QString areas_;
+    QString areas_;      ///< as they are written in HTML 4
+    QStringList shapes_; ///< as they are written for today's browsers
     int shots_ = 0;
 };
 
