@@ -244,7 +244,7 @@ async function checkEngine(engine) {
             assert.deepEqual(engine.errors, [], 'the page has had errors');
         });
     await engine.resize(1000, 800);
-    for (const name of ['svg-texts-3', 'svg-pictures-3', 'svg-tips-3', 'policy']) {
+    for (const name of ['svg-texts-3', 'svg-pictures-3', 'svg-tips-3', 'svg-tips-rtl', 'policy']) {
         await visit(name, 'messages follow the mouse', messagesFollowTheMouse);
         await visit(name, 'messages follow the keys', messagesFollowTheKeys);
     }
@@ -258,7 +258,7 @@ async function checkEngine(engine) {
     for (const scale of engine.page && engine.name === 'Chromium' ? scales : [1]) {
         for (const width of widths) {
             await engine.resize(width, 800, scale);
-            for (const name of ['svg-links-3', 'svg-texts-special', 'svg-links-40']) {
+            for (const name of ['svg-links-3', 'svg-links-rtl', 'svg-texts-special', 'svg-links-40']) {
                 await visit(name, `areas are where they were drawn, ${width} wide, ${scale}x`, areasAreWhereTheyWereDrawn);
             }
         }
@@ -266,8 +266,38 @@ async function checkEngine(engine) {
     await engine.resize(1000, 800);
 }
 
+/** Text of the page would be cut off there if something were wider than the window. */
+async function nothingIsWiderThanTheWindow(engine) {
+    for (const name of names().filter((one) => /^svg.*-(3|rtl)\.html/.test(one))) {
+        await engine.open(urlOf(name.replace('.html', '')));
+        const [needed, there] = await engine.run('[document.documentElement.scrollWidth,innerWidth]');
+        assert.ok(needed <= there, `${name} takes ${needed} of ${there}`);
+    }
+}
+
+/** A finger on an area without a link shows its message, one beside it takes that away; a link is followed. */
+async function fingersShowMessagesAndFollowLinks(engine) {
+    const tap = async (point) => engine.page.touchscreen.tap(...(await placeOf(engine, point)));
+    const tips = '[...document.querySelectorAll(":popover-open")].map(e=>e.textContent)';
+    await engine.page.setViewport({ width: 1000, height: 800, hasTouch: true });
+    await engine.open(urlOf('svg-tips-special'));
+    const withoutLink = maps['svg-tips-special'].find(({ link, message }) => !link && message);
+    await tap(new TodayArea(withoutLink).middle);
+    await becomes(engine, tips, [withoutLink.message]);
+    await tap([5, 295]);
+    await becomes(engine, tips, []);
+    await engine.open(urlOf('svg-tips-3'));
+    await tap(new TodayArea(maps['svg-tips-3'][0]).middle);
+    await becomes(engine, 'location.pathname.split("/").pop()', 'red.html');
+}
+
 async function checkChromiumAlone(engine) {
     await check('axe finds nothing', () => axeFindsNothing(engine));
+    await engine.resize(320, 640);
+    await check('axe finds nothing in a narrow window', () => axeFindsNothing(engine));
+    await check('nothing is wider than a narrow window', () => nothingIsWiderThanTheWindow(engine));
+    await check('fingers show messages and follow links', () => fingersShowMessagesAndFollowLinks(engine));
+    await engine.resize(1000, 800);
     for (const feature of [
         [{ name: 'prefers-color-scheme', value: 'dark' }],
         [{ name: 'forced-colors', value: 'active' }],

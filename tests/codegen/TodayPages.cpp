@@ -169,6 +169,16 @@ TodayTestPage HostilePage(const FormAndMode& kind, int number)
     return Page(QStringLiteral("%1-hostile-%2").arg(NameOf(kind.form, kind.mode)).arg(number), kind, source);
 }
 
+/** The same three areas in a page that is written from right to left. */
+TodayTestPage RightToLeftPage(const FormAndMode& kind)
+{
+    const QString name = NameOf(kind.form, kind.mode) + u"-rtl";
+    const MapSource source = Source(kind.mode, ThreeAreas(kind.mode));
+    const QString page = EmptyTodayPage(name).replace(
+        QStringLiteral("<html lang=\"en\">"), QStringLiteral("<html lang=\"ar\" dir=\"rtl\">"));
+    return { name, WithTodayMap(page, kind.form, kind.mode, source), source.Areas };
+}
+
 TodayTestPage SeveralMaps()
 {
     QString page = EmptyTodayPage(QStringLiteral("several"));
@@ -228,6 +238,7 @@ QList<TodayTestPage> LargeTodayPages()
 {
     QList<TodayTestPage> pages;
     for (const FormAndMode& kind : AllForms()) {
+        pages << RightToLeftPage(kind);
         for (const int count : { 40, 500 }) {
             pages << Page(
                 QStringLiteral("%1-%2").arg(NameOf(kind.form, kind.mode)).arg(count), kind,

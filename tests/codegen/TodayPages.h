@@ -15,7 +15,8 @@ struct TodayTestPage
 /** Every form and mode with no, one and three areas, and what is special about single ones; a page each. */
 [[nodiscard]] QList<TodayTestPage> SmallTodayPages();
 
-/** What is too much to compare by eye: many areas, and texts that would break a page. */
+/** What is too much to compare by eye: pages from right to left, many areas, and texts that would break a
+ * page. */
 [[nodiscard]] QList<TodayTestPage> LargeTodayPages();
 
 /** A page in English without a map. */
