@@ -54,7 +54,7 @@ RecoveryKeeper::RecoveryKeeper(const Parts& parts, QObject* parent)
     connect(
         &parts_.Encodings, &EncodingCommands::LossDecided, this, &RecoveryKeeper::Review,
         Qt::QueuedConnection);
-    connect(&parts_.Map, &MapDocument::HistoryChanged, this, &RecoveryKeeper::Map_HistoryChanged);
+    connect(&parts_.Map.History(), &MapHistory::Changed, this, &RecoveryKeeper::Map_HistoryChanged);
 }
 
 RecoveryKeeper::~RecoveryKeeper() = default;
@@ -235,7 +235,7 @@ void RecoveryKeeper::PutBack(const PageCopy& page)
 void RecoveryKeeper::PutBack(const MapCopy& map)
 {
     parts_.OpenMapEditor();
-    parts_.Map.PutBack(map.State);
+    parts_.Map.History().PutBack(map.State);
     if (frmImageMap* const editor = parts_.MapEditor()) {
         editor->SetFields(map.Fields);
     }

@@ -46,7 +46,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     select_.SetInForce(false);
     connect(&selection_, &AreaSelection::Changed, this, &AreaCommands::Selection_Changed);
     connect(&map_, &MapDocument::AreasChanged, this, &AreaCommands::ShowAll);
-    connect(&map_, &MapDocument::HistoryChanged, this, &AreaCommands::EnableCommands);
+    connect(&map_.History(), &MapHistory::Changed, this, &AreaCommands::EnableCommands);
     connect(&select_, &SelectionProtocol::EditAsked, this, &AreaCommands::EditAsked, Qt::QueuedConnection);
     const auto showMenu = [this] { ShowMenu(QCursor::pos()); };
     connect(&select_, &SelectionProtocol::MenuAsked, this, showMenu, Qt::QueuedConnection);
@@ -270,7 +270,7 @@ void AreaCommands::ShowAreaMarks()
 
 void AreaCommands::Selection_Changed()
 {
-    map_.EndJoining();
+    map_.History().EndJoining();
     if (tool_ != Tool::Select) {
         parts_.pane.Surface().ShowSelection({});
     } else if (const QRect bounds = BoundsOf(editing_.SelectedAreas()); !bounds.isNull()) {

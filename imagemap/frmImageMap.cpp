@@ -148,7 +148,7 @@ bool frmImageMap::event(QEvent* event)
 void frmImageMap::NewImageMap()
 {
     if (!map_.HasContent()) {
-        map_.GiveUpDrawing();
+        map_.Drawing().GiveUp();
         map_.ForgetAreas();
         ShowHint();
     } else if (DiscardMap()) {
@@ -186,7 +186,7 @@ void frmImageMap::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    map_.GiveUpDrawing();
+    map_.Drawing().GiveUp();
     ShowDefaultPointer();
     event->accept();
 }
@@ -331,7 +331,7 @@ void frmImageMap::ShowHint()
 {
     const DrawingMoment moment = { .hasPicture = ui_->picturePane->Surface().PictureWidth() > 0,
                                    .hasFigures = map_.HasContent(),
-                                   .isInProgress = map_.IsDrawingInProgress(),
+                                   .isInProgress = map_.Drawing().IsInProgress(),
                                    .drawState = map_.Figures().DrawState,
                                    .tool = protocol_->Tool() };
     if (pictures_->IsChanged() && !moment.isInProgress) {

@@ -15,7 +15,7 @@ void frmImageMap::OpenImage()
     if (!DiscardMap()) {
         return;
     }
-    map_.GiveUpDrawing();
+    map_.Drawing().GiveUp();
     const std::optional<QString> path = AskForPicture(this);
     if (!path) {
         return;

@@ -312,9 +312,9 @@ void tst_areacommands::aNewCommandGivesUpWhatIsDrawn()
     test_->ClickAt({ 200, 20 });
     test_->Move({ 250, 20 });
     test_->ClickAt({ 250, 20 });
-    QVERIFY(test_->map.IsDrawingInProgress());
+    QVERIFY(test_->map.Drawing().IsInProgress());
     Trigger("mnuVZoomIn");
-    QVERIFY(!test_->map.IsDrawingInProgress());
+    QVERIFY(!test_->map.Drawing().IsInProgress());
 }
 
 void tst_areacommands::editedAreasAreAskedForBeforeTheyGo()

@@ -409,12 +409,12 @@ void tst_selectionprotocol::snappingStopsAtOtherAreas()
     // Its left edge comes near to the polygon's.
     test_->Drag({ 20, 20 }, { 207, 250 });
     QCOMPARE(test_->Numbers(0).constFirst(), 200);
-    test_->map.Undo();
+    test_->map.History().Undo();
     test_->Press({ 20, 20 });
     test_->Move({ 207, 200 });
     QVERIFY(test_->surface.shown.guides.contains(QLine(200, 0, 200, 300)));
     test_->Release({ 207, 200 });
-    test_->map.Undo();
+    test_->map.History().Undo();
     test_->Drag({ 20, 20 }, { 215, 250 });
     QCOMPARE(test_->Numbers(0).constFirst(), 205);
 }
