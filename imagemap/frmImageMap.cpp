@@ -92,16 +92,15 @@ void frmImageMap::CreateAreaParts()
     ui_->SSTab1->addTab(areaTab, QStringLiteral("Area"));
     insert_ = std::make_unique<InsertCommand>(InsertCommand::Parts{
         *this, imgMap_, map_, document_, *fields_, *panels_, pane, *ui_->ListView1, *ui_->SSTab1, *areaTab });
-    connect(areaCommands_, &AreaCommands::ToolTaken, this, &frmImageMap::AreaCommands_ToolTaken);
-    connect(areaCommands_, &AreaCommands::HintGiven, this, [this](const QString& hint) {
-        panels_->ShowHint(hint);
-    });
-    connect(areaCommands_, &AreaCommands::EditAsked, &*dialogs_, &EditorDialogs::EditSelectedArea);
+    AreaTools& tools = areaCommands_->Tools();
+    connect(&tools, &AreaTools::Taken, this, &frmImageMap::Tools_Taken);
+    connect(&tools, &AreaTools::HintGiven, this, [this](const QString& hint) { panels_->ShowHint(hint); });
+    connect(&tools, &AreaTools::EditAsked, &*dialogs_, &EditorDialogs::EditSelectedArea);
     connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
     CreatePictureCommands();
 }
 
-void frmImageMap::AreaCommands_ToolTaken()
+void frmImageMap::Tools_Taken()
 {
     drawing_->Protocol().SelectTool(DrawingTool::Cursor);
     commands_.Check(DrawingTool::None);
@@ -254,7 +253,7 @@ void frmImageMap::Drawing_FigureCommandsEnabled(bool enable)
 
 void frmImageMap::Drawing_ToolChosen(DrawingTool tool)
 {
-    areaCommands_->LeaveTool();
+    areaCommands_->Tools().Leave();
     commands_.Check(tool);
 }
 
@@ -264,7 +263,8 @@ void frmImageMap::ShowHint()
     if (pictures_->IsChanged() && !moment.isInProgress) {
         panels_->ShowHint(changedPictureHint, [this] { pictures_->LoadAnew(); });
     } else {
-        panels_->ShowHint(areaCommands_->HasTool() ? areaCommands_->Hint() : DrawingHint(moment));
+        panels_->ShowHint(
+            areaCommands_->Tools().HaveMouse() ? areaCommands_->Tools().Hint() : DrawingHint(moment));
     }
     // Where nothing is drawn the key is left to whoever has the focus.
     escape_->setEnabled(moment.isInProgress && !dialogs_->IsOpening());

@@ -74,7 +74,7 @@ private:
     void ShowPicture(const QString& path, const QImage& picture);
     void ShowPictureFile(const QString& path);
     void Pictures_Renewed(const QImage& picture);
-    void AreaCommands_ToolTaken();
+    void Tools_Taken();
     void Map_PictureChanged();
     void Drawing_ToolChosen(DrawingTool tool);
     void Drawing_FigureCommandsEnabled(bool enable);
