@@ -66,12 +66,13 @@ void frmImageMap::CreateDrawing()
         EditorDialogs::Parts{ *this, imgMap_, map_, help_, pane, *ui_->ListView1, *panels_ });
     drawing_ = std::make_unique<EditorDrawing>(map_, pane.Surface(), *panels_, *dialogs_);
     pane.SetTool(&drawing_->Keyed());
-    connect(&*drawing_, &EditorDrawing::ToolChosen, this, &frmImageMap::Drawing_ToolChosen);
+    connect(drawing_.get(), &EditorDrawing::ToolChosen, this, &frmImageMap::Drawing_ToolChosen);
     connect(
-        &*drawing_, &EditorDrawing::FigureCommandsEnabled, this, &frmImageMap::Drawing_FigureCommandsEnabled);
-    connect(&*drawing_, &EditorDrawing::MomentChanged, this, &frmImageMap::ShowHint);
+        drawing_.get(), &EditorDrawing::FigureCommandsEnabled, this,
+        &frmImageMap::Drawing_FigureCommandsEnabled);
+    connect(drawing_.get(), &EditorDrawing::MomentChanged, this, &frmImageMap::ShowHint);
     connect(
-        ui_->ListView1, &AreaList::EditAsked, &*dialogs_, &EditorDialogs::EditSelectedArea,
+        ui_->ListView1, &AreaList::EditAsked, dialogs_.get(), &EditorDialogs::EditSelectedArea,
         Qt::QueuedConnection);
 }
 
@@ -95,7 +96,7 @@ void frmImageMap::CreateAreaParts()
     AreaTools& tools = areaCommands_->Tools();
     connect(&tools, &AreaTools::Taken, this, &frmImageMap::Tools_Taken);
     connect(&tools, &AreaTools::HintGiven, this, [this](const QString& hint) { panels_->ShowHint(hint); });
-    connect(&tools, &AreaTools::EditAsked, &*dialogs_, &EditorDialogs::EditSelectedArea);
+    connect(&tools, &AreaTools::EditAsked, dialogs_.get(), &EditorDialogs::EditSelectedArea);
     connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
     CreatePictureCommands();
 }
@@ -110,7 +111,7 @@ void frmImageMap::CreateKeys()
 {
     connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, &frmImageMap::ShowPageOfHelp);
     escape_ = new QShortcut(Qt::Key_Escape, this);
-    connect(escape_, &QShortcut::activated, &*drawing_, &EditorDrawing::GiveUp);
+    connect(escape_, &QShortcut::activated, drawing_.get(), &EditorDrawing::GiveUp);
 }
 
 void frmImageMap::Form_Load()
