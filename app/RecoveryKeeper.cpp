@@ -6,6 +6,7 @@
 #include "app/SourceEditor.h"
 #include "app/rules/DocumentFile.h"
 #include "app/source/TextSnapshot.h"
+#include "imagemap/MapFields.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/model/MapDocument.h"
 
@@ -54,7 +55,7 @@ RecoveryKeeper::RecoveryKeeper(const Parts& parts, QObject* parent)
     connect(
         &parts_.Encodings, &EncodingCommands::LossDecided, this, &RecoveryKeeper::Review,
         Qt::QueuedConnection);
-    connect(&parts_.Map, &MapDocument::HistoryChanged, this, &RecoveryKeeper::Map_HistoryChanged);
+    connect(&parts_.Map.History(), &MapHistory::Changed, this, &RecoveryKeeper::Map_HistoryChanged);
 }
 
 RecoveryKeeper::~RecoveryKeeper() = default;
@@ -156,7 +157,7 @@ void RecoveryKeeper::KeepMap()
 {
     const frmImageMap* const editor = parts_.MapEditor();
     MapCopy map{ .State = parts_.Map.State(),
-                 .Fields = editor != nullptr ? editor->Fields() : keptMap_.Fields };
+                 .Fields = editor != nullptr ? editor->Fields().Texts() : keptMap_.Fields };
     const bool isKept = isMapKept_ && store_.IsKept() && map == keptMap_;
     if (HasAnything(map.State) && !isKept) {
         store_.Keep(map);
@@ -235,9 +236,9 @@ void RecoveryKeeper::PutBack(const PageCopy& page)
 void RecoveryKeeper::PutBack(const MapCopy& map)
 {
     parts_.OpenMapEditor();
-    parts_.Map.PutBack(map.State);
+    parts_.Map.History().PutBack(map.State);
     if (frmImageMap* const editor = parts_.MapEditor()) {
-        editor->SetFields(map.Fields);
+        editor->Fields().SetTexts(map.Fields);
     }
     KeepMap();
 }

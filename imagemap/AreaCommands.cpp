@@ -10,21 +10,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QItemSelectionModel>
 #include <QMainWindow>
 #include <QMenu>
-#include <QScopedValueRollback>
-#include <QToolTip>
-#include <utility>
-
-namespace {
-
-constexpr QStringView selectHint = u"Click picks an area, drag moves it";
-constexpr QStringView severalHint = u"Drag moves them all, Del takes them away";
-constexpr QStringView nowhereHint = u"A click here leads nowhere";
-constexpr QStringView tryHint = u"A click on an area tells where it leads";
-
-} // namespace
 
 AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& zoom, Settings& settings)
     : QObject(&parts.window)
@@ -32,37 +19,24 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     , map_(map)
     , zoom_(zoom)
     , editing_(map_, selection_)
-    , select_(editing_, parts_.pane.Surface(), parts_.pane.Surface(), parts_.status)
-    , try_(map_, parts_.pane.Surface())
+    , tools_({ parts_.pane, parts_.list, parts_.status, parts_.drawing }, map_, editing_)
+    , rows_(parts_.list, selection_, map_)
     , reader_(*new AreaReader(parts_.pane.Surface()))
 {
     CreateMenus(settings);
     CreateKeys();
-    parts_.list.setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(&parts_.list, &QWidget::customContextMenuRequested, this, &AreaCommands::List_MenuAsked);
-    connect(
-        parts_.list.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-        &AreaCommands::List_SelectionChanged);
-    select_.SetInForce(false);
     connect(&selection_, &AreaSelection::Changed, this, &AreaCommands::Selection_Changed);
     connect(&map_, &MapDocument::AreasChanged, this, &AreaCommands::ShowAll);
-    connect(&map_, &MapDocument::HistoryChanged, this, &AreaCommands::EnableCommands);
-    connect(&select_, &SelectionProtocol::EditAsked, this, &AreaCommands::EditAsked, Qt::QueuedConnection);
-    const auto showMenu = [this] { ShowMenu(QCursor::pos()); };
-    connect(&select_, &SelectionProtocol::MenuAsked, this, showMenu, Qt::QueuedConnection);
+    connect(&map_.History(), &MapHistory::Changed, this, &AreaCommands::EnableCommands);
+    connect(&tools_, &AreaTools::Left, this, &AreaCommands::Tools_Left);
+    connect(&tools_, &AreaTools::Switched, this, &AreaCommands::ShowAll);
+    connect(&tools_, &AreaTools::MenuAsked, this, &AreaCommands::Tools_MenuAsked);
     connect(&reader_, &AreaReader::SelectAsked, this, &AreaCommands::Reader_SelectAsked);
-    connect(&try_, &TryProtocol::Hovered, this, &AreaCommands::Try_Hovered);
-    connect(&try_, &TryProtocol::Followed, this, [this](const QString& link) {
-        Q_EMIT HintGiven(
-            link.isEmpty() ? nowhereHint.toString() : QStringLiteral("A click leads to ") + link);
-    });
     connect(view_, &MapViewCommands::Switched, this, &AreaCommands::View_Switched);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &AreaCommands::EnableCommands);
     View_Switched();
     EnableCommands();
 }
-
-AreaCommands::~AreaCommands() = default;
 
 void AreaCommands::CreateMenus(Settings& settings)
 {
@@ -92,14 +66,6 @@ void AreaCommands::CreateKeys()
     }
 }
 
-QStringView AreaCommands::Hint() const
-{
-    if (tool_ == Tool::Try) {
-        return tryHint;
-    }
-    return selection_.Numbers().size() > 1 ? severalHint : selectHint;
-}
-
 void AreaCommands::BeginPicture(QSize size)
 {
     picture_ = size;
@@ -117,58 +83,27 @@ void AreaCommands::RenewPicture(QSize size)
     ShowAll();
 }
 
-void AreaCommands::TakeTool(Tool tool, PictureTool& protocol)
-{
-    if (tool_ == tool || picture_.isEmpty()) {
-        return;
-    }
-    Q_EMIT ToolTaken();
-    tool_ = tool;
-    select_.SetInForce(tool == Tool::Select);
-    parts_.pane.SetTool(&protocol);
-    parts_.pane.Surface().setFocusPolicy(Qt::StrongFocus);
-    parts_.pane.Surface().SetPointer(SurfacePointer::Arrow);
-    parts_.list.setSelectionMode(QAbstractItemView::ExtendedSelection);
-    ShowAll();
-    Q_EMIT HintGiven(Hint().toString());
-}
-
-void AreaCommands::LeaveTool()
-{
-    commands_.SetChecked(Mark::Select, false);
-    commands_.SetChecked(Mark::Try, false);
-    if (std::exchange(tool_, Tool::Drawing) == Tool::Drawing) {
-        return;
-    }
-    select_.Abandon();
-    select_.SetInForce(false);
-    QToolTip::hideText();
-    parts_.pane.SetTool(&parts_.drawing);
-    parts_.pane.Surface().setFocusPolicy(Qt::TabFocus);
-    if (selection_.Numbers().size() > 1) {
-        selection_.Clear();
-    }
-    parts_.list.setSelectionMode(QAbstractItemView::SingleSelection);
-    ShowAll();
-}
-
 void AreaCommands::ChooseSelect()
 {
     if (parts_.begin()) {
-        TakeTool(Tool::Select, select_);
+        tools_.Take(AreaTools::Tool::Select);
     }
-    commands_.SetChecked(Mark::Select, tool_ == Tool::Select);
+    commands_.SetChecked(Mark::Select, tools_.Chosen() == AreaTools::Tool::Select);
 }
 
 void AreaCommands::TryTheMap()
 {
     if (parts_.begin()) {
-        TakeTool(
-            tool_ == Tool::Try ? Tool::Select : Tool::Try,
-            tool_ == Tool::Try ? static_cast<PictureTool&>(select_) : try_);
+        tools_.Take(tools_.Chosen() == AreaTools::Tool::Try ? AreaTools::Tool::Select : AreaTools::Tool::Try);
     }
-    commands_.SetChecked(Mark::Try, tool_ == Tool::Try);
-    commands_.SetChecked(Mark::Select, tool_ == Tool::Select);
+    commands_.SetChecked(Mark::Try, tools_.Chosen() == AreaTools::Tool::Try);
+    commands_.SetChecked(Mark::Select, tools_.Chosen() == AreaTools::Tool::Select);
+}
+
+void AreaCommands::Tools_Left()
+{
+    commands_.SetChecked(Mark::Select, false);
+    commands_.SetChecked(Mark::Try, false);
 }
 
 void AreaCommands::Change(const std::function<void()>& change)
@@ -225,8 +160,8 @@ void AreaCommands::SelectAll()
 /** What is switched on shows in the tool, in the picture and in the list. */
 void AreaCommands::View_Switched()
 {
-    select_.SetSnapping(view_->IsOn(Setting::snap));
-    select_.ShowGuides(view_->IsOn(Setting::guides));
+    tools_.Select().SetSnapping(view_->IsOn(Setting::snap));
+    tools_.Select().ShowGuides(view_->IsOn(Setting::guides));
     ShowAreaMarks();
 }
 
@@ -250,11 +185,7 @@ void AreaCommands::EnableCommands()
 /** Shows areas and selection as far as the tool in force does. */
 void AreaCommands::ShowAll()
 {
-    if (tool_ != Tool::Select) {
-        parts_.pane.Surface().ShowSelection({});
-    } else {
-        select_.Show();
-    }
+    tools_.ShowSelection();
     ShowAreaMarks();
     reader_.Tell(map_.Areas(), selection_.Numbers());
     SelectInList();
@@ -265,19 +196,19 @@ void AreaCommands::ShowAreaMarks()
 {
     const bool areAreasShown = view_->IsOn(Setting::showAreas);
     parts_.pane.Surface().ShowAreas(areAreasShown ? map_.Areas() : MapAreas());
-    parts_.model.MarkFaults(areAreasShown || HasTool() ? picture_ : QSize());
+    parts_.model.MarkFaults(areAreasShown || tools_.HaveMouse() ? picture_ : QSize());
 }
 
 void AreaCommands::Selection_Changed()
 {
-    map_.EndJoining();
-    if (tool_ != Tool::Select) {
+    map_.History().EndJoining();
+    if (tools_.Chosen() != AreaTools::Tool::Select) {
         parts_.pane.Surface().ShowSelection({});
     } else if (const QRect bounds = BoundsOf(editing_.SelectedAreas()); !bounds.isNull()) {
         if (!QGuiApplication::mouseButtons()) {
             parts_.pane.Reveal(bounds);
         }
-        Q_EMIT HintGiven(Hint().toString());
+        tools_.GiveHint();
     }
     reader_.Tell(map_.Areas(), selection_.Numbers());
     SelectInList();
@@ -286,23 +217,10 @@ void AreaCommands::Selection_Changed()
 
 void AreaCommands::SelectInList()
 {
-    // Without the tool the list has a selection of its own, which leads here.
-    if (tool_ == Tool::Drawing || isSelectingInList_) {
-        return;
+    // Without the tools the list has a selection of its own, which leads here.
+    if (tools_.HaveMouse()) {
+        rows_.ShowInList();
     }
-    const QScopedValueRollback<bool> selecting(isSelectingInList_, true);
-    parts_.list.SelectAreas(selection_.Numbers());
-}
-
-void AreaCommands::List_SelectionChanged()
-{
-    if (isSelectingInList_) {
-        return;
-    }
-    const QScopedValueRollback<bool> selecting(isSelectingInList_, true);
-    AreaNumbers numbers = parts_.list.SelectedAreas();
-    numbers.removeIf([this](qsizetype number) { return number >= map_.Areas().size(); });
-    selection_.Select(numbers);
 }
 
 void AreaCommands::Reader_SelectAsked(qsizetype number)
@@ -312,22 +230,7 @@ void AreaCommands::Reader_SelectAsked(qsizetype number)
     parts_.pane.Surface().setFocus();
 }
 
-void AreaCommands::List_MenuAsked(QPoint place)
-{
-    ShowMenu(parts_.list.viewport()->mapToGlobal(place));
-}
-
-void AreaCommands::ShowMenu(QPoint place)
+void AreaCommands::Tools_MenuAsked(QPoint place)
 {
     commands_.MenuOf(&AreaCommands::ChooseSelect).popup(place);
-}
-
-void AreaCommands::Try_Hovered(const QString& link, const QString& toolTip)
-{
-    Q_EMIT HintGiven(link.isEmpty() ? Hint().toString() : link);
-    if (toolTip.isEmpty()) {
-        QToolTip::hideText();
-    } else {
-        QToolTip::showText(QCursor::pos(), toolTip.toHtmlEscaped(), &parts_.pane.Surface());
-    }
 }

@@ -1,25 +1,22 @@
 #pragma once
 
+#include "imagemap/AreaListSelection.h"
+#include "imagemap/AreaTools.h"
 #include "imagemap/MapViewCommands.h"
 #include "imagemap/drawing/AreaEditing.h"
-#include "imagemap/drawing/SelectionProtocol.h"
-#include "imagemap/drawing/TryProtocol.h"
 #include "widgets/CommandTable.h"
 
 #include <QObject>
 #include <functional>
-#include <memory>
 
-class AreaList;
 class AreaListModel;
 class AreaReader;
-class PicturePane;
 class QMainWindow;
 class ZoomControls;
 
 /**
- * The commands that change what has been drawn: their menu, their toolbar, the Select tool and the trying of
- * the map. Every one gives up first what is being drawn.
+ * The commands that change what has been drawn, or choose the tools for it: their menu and their toolbar.
+ * Every one gives up first what is being drawn.
  */
 class AreaCommands final : public QObject
 {
@@ -47,20 +44,12 @@ public:
     };
 
     AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& zoom, Settings& settings);
-    ~AreaCommands() override;
 
     [[nodiscard]] AreaEditing& Editing() { return editing_; }
 
     [[nodiscard]] MapViewCommands& View() { return *view_; }
 
-    /** Whether Select, or the trying of the map, has taken the mouse over from the tools that draw. */
-    [[nodiscard]] bool HasTool() const { return tool_ != Tool::Drawing; }
-
-    /** What to do next while it has. */
-    [[nodiscard]] QStringView Hint() const;
-
-    /** Gives the mouse back to the tools that draw. */
-    void LeaveTool();
+    [[nodiscard]] AreaTools& Tools() { return tools_; }
 
     /** Another picture is shown, or none. */
     void BeginPicture(QSize size);
@@ -97,46 +86,33 @@ public:
     }
 
 Q_SIGNALS:
-    /** The mouse is taken over: the tools that draw are put to rest. */
-    void ToolTaken();
-    /** Something to be told in the status bar. */
-    void HintGiven(const QString& hint);
     /** There are no areas to be pasted; something else may be on the clipboard. */
     void OtherPasted();
-    /** The link of the selected area is to be edited. */
-    void EditAsked();
 
 private:
-    enum class Tool { Drawing, Select, Try };
-
     [[nodiscard]] static std::span<const Command> Commands();
     void CreateMenus(Settings& settings);
     void CreateKeys();
-    void TakeTool(Tool tool, PictureTool& protocol);
     void Change(const std::function<void()>& change);
     void EnableCommands();
+    void Tools_Left();
     void View_Switched();
     void ShowAll();
     void ShowAreaMarks();
     void SelectInList();
-    void List_SelectionChanged();
     void Reader_SelectAsked(qsizetype number);
-    void List_MenuAsked(QPoint place);
     void Selection_Changed();
-    void Try_Hovered(const QString& link, const QString& toolTip);
-    void ShowMenu(QPoint place);
+    void Tools_MenuAsked(QPoint place);
 
     Parts parts_;
     MapDocument& map_;
     ZoomControls& zoom_;
     AreaSelection selection_;
     AreaEditing editing_;
-    SelectionProtocol select_;
-    TryProtocol try_;
+    AreaTools tools_;
+    AreaListSelection rows_;
     AreaReader& reader_; ///< belongs to the picture
     CommandSet<Command> commands_;
     MapViewCommands* view_ = nullptr;
-    Tool tool_ = Tool::Drawing;
     QSize picture_;
-    bool isSelectingInList_ = false;
 };

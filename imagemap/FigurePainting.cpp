@@ -62,6 +62,11 @@ QRect HalfPlane(const PaintedFigure& figure, QPoint step)
     return plane.intersected(plane.translated((far + 1) * step));
 }
 
+QRgb* PixelOf(QImage& image, int x, int y)
+{
+    return reinterpret_cast<QRgb*>(image.scanLine(y)) + x;
+}
+
 } // namespace
 
 QRect BoundsOf(const PaintedFigure& figure)
@@ -124,4 +129,46 @@ QImage EmptyMask(QSize size)
     mask.setColorTable({ QColor(Qt::black).rgb(), QColor(maskColor).rgb() });
     mask.fill(0);
     return mask;
+}
+
+void PaintFigures(QImage& part, QPoint place, const PaintedFigures& figures, const QColor& color)
+{
+    QImage outlines = EmptyMask(part.size());
+    QImage edges = outlines;
+    QPainter outlinePainter(&outlines);
+    QPainter edgePainter(&edges);
+    outlinePainter.translate(-place);
+    edgePainter.translate(-place);
+    for (const PaintedFigure& figure : figures) {
+        PaintOutline(outlinePainter, figure, maskColor);
+        PaintEdge(edgePainter, figure, maskColor);
+    }
+    outlinePainter.end();
+    edgePainter.end();
+    const QRgb outline = color.rgb();
+    ForEachPixel(edges, edges.rect(), [&part, &outlines, outline](int x, int y) {
+        // An edge lies under all outlines, also under those of other figures.
+        QRgb* const pixel = PixelOf(part, x, y);
+        if (outlines.pixelIndex(x, y) == 0 && NeedsLightEdge(*pixel, outline)) {
+            *pixel = lightEdge;
+        }
+    });
+    QPainter painter(&part);
+    painter.translate(-place);
+    for (const PaintedFigure& figure : figures) {
+        PaintOutline(painter, figure, color);
+    }
+}
+
+void PaintRubber(QImage& part, QPoint place, const PaintedFigure& figure)
+{
+    QImage mask = EmptyMask(part.size());
+    QPainter painter(&mask);
+    painter.translate(-place);
+    PaintOutline(painter, figure, maskColor);
+    painter.end();
+    ForEachPixel(mask, mask.rect(), [&part](int x, int y) {
+        QRgb* const pixel = PixelOf(part, x, y);
+        *pixel = RubberColor(*pixel);
+    });
 }

@@ -53,3 +53,10 @@ template<class Visit> void ForEachPixel(const QImage& mask, const QRect& part, V
         }
     }
 }
+
+/** Paints `figures` in `color`, with the light edges that they need, on `part`, which shows the picture from
+ * `place` on. */
+void PaintFigures(QImage& part, QPoint place, const PaintedFigures& figures, const QColor& color);
+
+/** Paints the figure that follows the mouse on `part`, which shows the picture from `place` on. */
+void PaintRubber(QImage& part, QPoint place, const PaintedFigure& figure);

@@ -29,9 +29,23 @@ QRect Grown(const QRect& rect, int by)
     return rect.adjusted(-by, -by, by, by);
 }
 
-QRgb* PixelOf(QImage& image, int x, int y)
+/** `figure` of the picture as the screen shows it. */
+PaintedFigure OnScreen(const PaintedFigure& figure, double zoom)
 {
-    return reinterpret_cast<QRgb*>(image.scanLine(y)) + x;
+    return zoom == 1 ? figure : Zoomed(figure, zoom);
+}
+
+/** Those of `figures` that `place` of the screen shows something of, as it shows them. */
+PaintedFigures FiguresIn(const PaintedFigures& figures, double zoom, const QRect& place)
+{
+    PaintedFigures shown;
+    for (const PaintedFigure& one : figures) {
+        const PaintedFigure figure = OnScreen(one, zoom);
+        if (Grown(BoundsOf(figure), edgeWidth).intersects(place)) {
+            shown << figure;
+        }
+    }
+    return shown;
 }
 
 int ButtonNumber(Qt::MouseButton button)
@@ -77,11 +91,6 @@ void PictureSurface::SetZoom(double zoom)
     zoom_ = zoom;
     resize(Zoomed(picture_.size(), zoom_));
     update();
-}
-
-PaintedFigure PictureSurface::OnScreen(const PaintedFigure& figure) const
-{
-    return zoom_ == 1 ? figure : Zoomed(figure, zoom_);
 }
 
 void PictureSurface::ShowAreas(const MapAreas& areas)
@@ -166,7 +175,7 @@ void PictureSurface::EraseRubberFigure()
 
 void PictureSurface::UpdateFigure(const PaintedFigure& figure)
 {
-    update(Grown(BoundsOf(OnScreen(figure)), edgeWidth + sharedBorder));
+    update(Grown(BoundsOf(OnScreen(figure, zoom_)), edgeWidth + sharedBorder));
 }
 
 void PictureSurface::SetPointer(SurfacePointer pointer)
@@ -195,8 +204,8 @@ void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
         painter.drawImage(exposed, composed_, exposed.translated(-composedPlace_.topLeft()));
         return;
     }
-    const PaintedFigures figures = FiguresIn(exposed);
-    const bool hasRubber = rubber_ && BoundsOf(OnScreen(*rubber_)).intersects(exposed);
+    const PaintedFigures figures = FiguresIn(figures_, zoom_, exposed);
+    const bool hasRubber = rubber_ && BoundsOf(OnScreen(*rubber_, zoom_)).intersects(exposed);
     if (zoom_ == 1 && figures.isEmpty() && !hasRubber) {
         painter.drawImage(exposed, picture_, exposed);
         return;
@@ -204,10 +213,10 @@ void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
     // In the picture's own pixels, so that figures look the same at every scaling.
     QImage part = zoom_ == 1 ? picture_.copy(exposed) : ZoomedPart(picture_, zoom_, exposed);
     if (!figures.isEmpty()) {
-        PaintFigures(part, exposed.topLeft(), figures);
+        PaintFigures(part, exposed.topLeft(), figures, foregroundColor_);
     }
     if (hasRubber) {
-        PaintRubber(part, exposed.topLeft());
+        PaintRubber(part, exposed.topLeft(), OnScreen(*rubber_, zoom_));
     }
     painter.drawImage(exposed, part);
     if (figures.size() > composedFrom && !hasRubber &&
@@ -227,61 +236,6 @@ void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed) const
     if (cross_) {
         PaintCross(painter, *cross_, zoom_);
     }
-}
-
-PaintedFigures PictureSurface::FiguresIn(const QRect& place) const
-{
-    PaintedFigures figures;
-    for (const PaintedFigure& one : figures_) {
-        const PaintedFigure figure = OnScreen(one);
-        if (Grown(BoundsOf(figure), edgeWidth).intersects(place)) {
-            figures << figure;
-        }
-    }
-    return figures;
-}
-
-/** Paints `figures` on `part`, which shows the picture from `place` on. */
-void PictureSurface::PaintFigures(QImage& part, QPoint place, const PaintedFigures& figures) const
-{
-    QImage outlines = EmptyMask(part.size());
-    QImage edges = outlines;
-    QPainter outlinePainter(&outlines);
-    QPainter edgePainter(&edges);
-    outlinePainter.translate(-place);
-    edgePainter.translate(-place);
-    for (const PaintedFigure& figure : figures) {
-        PaintOutline(outlinePainter, figure, maskColor);
-        PaintEdge(edgePainter, figure, maskColor);
-    }
-    outlinePainter.end();
-    edgePainter.end();
-    const QRgb outline = foregroundColor_.rgb();
-    ForEachPixel(edges, edges.rect(), [&part, &outlines, outline](int x, int y) {
-        // An edge lies under all outlines, also under those of other figures.
-        QRgb* const pixel = PixelOf(part, x, y);
-        if (outlines.pixelIndex(x, y) == 0 && NeedsLightEdge(*pixel, outline)) {
-            *pixel = lightEdge;
-        }
-    });
-    QPainter painter(&part);
-    painter.translate(-place);
-    for (const PaintedFigure& figure : figures) {
-        PaintOutline(painter, figure, foregroundColor_);
-    }
-}
-
-void PictureSurface::PaintRubber(QImage& part, QPoint place) const
-{
-    QImage mask = EmptyMask(part.size());
-    QPainter painter(&mask);
-    painter.translate(-place);
-    PaintOutline(painter, OnScreen(*rubber_), maskColor);
-    painter.end();
-    ForEachPixel(mask, mask.rect(), [&part](int x, int y) {
-        QRgb* const pixel = PixelOf(part, x, y);
-        *pixel = RubberColor(*pixel);
-    });
 }
 
 QPointF PictureSurface::PlaceOf(const QMouseEvent& event) const

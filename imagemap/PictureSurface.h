@@ -73,12 +73,8 @@ private:
     void UpdateSelection(const SelectionPicture& selection);
     void PaintPicture(QPainter& painter, const QRect& exposed) const;
     void PaintOverlay(QPainter& painter, const QRect& exposed) const;
-    [[nodiscard]] PaintedFigure OnScreen(const PaintedFigure& figure) const;
     /** Where the mouse is in the picture: on another scale than the picture's own in whole pixels. */
     [[nodiscard]] QPointF PlaceOf(const QMouseEvent& event) const;
-    [[nodiscard]] PaintedFigures FiguresIn(const QRect& place) const;
-    void PaintFigures(QImage& part, QPoint place, const PaintedFigures& figures) const;
-    void PaintRubber(QImage& part, QPoint place) const;
 
     QImage picture_;
     PaintedFigures figures_;

@@ -2,6 +2,7 @@
 
 #include "imagemap/AreaCommands.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/MapFields.h"
 #include "imagemap/PictureCommands.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/picture/PictureFile.h"
@@ -15,7 +16,7 @@ void frmImageMap::OpenImage()
     if (!DiscardMap()) {
         return;
     }
-    map_.GiveUpDrawing();
+    map_.Drawing().GiveUp();
     const std::optional<QString> path = AskForPicture(this);
     if (!path) {
         return;
@@ -35,15 +36,16 @@ void frmImageMap::OpenImage()
 
 void frmImageMap::OpenNamedImage(const QString& path)
 {
-    if (BeginCommand()) {
+    if (drawing_->BeginCommand()) {
         pictures_->Open(path);
     }
 }
 
 void frmImageMap::CreatePictureCommands()
 {
-    pictures_ = new PictureCommands({ *this, areaCommands_->View().Menu(), map_, document_, imgMap_,
-                                      [this] { return BeginCommand(); }, [this] { return DiscardMap(); } });
+    pictures_ =
+        new PictureCommands({ *this, areaCommands_->View().Menu(), map_, document_, imgMap_,
+                              [this] { return drawing_->BeginCommand(); }, [this] { return DiscardMap(); } });
     connect(areaCommands_, &AreaCommands::OtherPasted, this, [this] {
         if (!pictures_->Paste()) {
             panels_->ShowHint(u"There are no areas on the clipboard");
@@ -62,24 +64,15 @@ void frmImageMap::ShowPicture(const QString& path, const QImage& picture)
 {
     PictureSurface& surface = ui_->picturePane->Surface();
     ui_->picturePane->SetPicture(picture);
-    ShowPictureSize();
+    fields_->ShowPictureSize({ surface.PictureWidth(), surface.PictureHeight() });
     ShowPictureFile(path);
     ui_->Check1->setEnabled(true);
     commands_.Enable(frmImageMap::Need::Picture, true);
     areaCommands_->BeginPicture({ surface.PictureWidth(), surface.PictureHeight() });
-    if (protocol_->Tool() == DrawingTool::Cursor) {
-        protocol_->SelectTool(DrawingTool::Cursor);
+    if (drawing_->Protocol().Tool() == DrawingTool::Cursor) {
+        drawing_->Protocol().SelectTool(DrawingTool::Cursor);
     }
     ShowHint();
-}
-
-void frmImageMap::ShowPictureSize()
-{
-    const PictureSurface& surface = ui_->picturePane->Surface();
-    ui_->lblWidthPic->setText(QString::number(surface.PictureWidth()));
-    ui_->lblHeightPic->setText(QString::number(surface.PictureHeight()));
-    ui_->txtImgWidth->setText(ui_->lblWidthPic->text());
-    ui_->txtImgHeight->setText(ui_->lblHeightPic->text());
 }
 
 void frmImageMap::ShowPictureFile(const QString& path)
@@ -97,10 +90,10 @@ void frmImageMap::Pictures_Renewed(const QImage& picture)
     ui_->picturePane->RenewPicture(picture);
     // What was typed for a picture of this size still fits.
     if (picture.size() != before) {
-        ShowPictureSize();
+        fields_->ShowPictureSize(picture.size());
     }
     areaCommands_->RenewPicture(picture.size());
-    display_->ShowFigures();
+    drawing_->Figures().ShowFigures();
     ShowHint();
 }
 
@@ -110,7 +103,7 @@ void frmImageMap::Map_PictureChanged()
     ShowHourglass();
     ui_->picturePane->SetPicture({});
     ShowPicture(path, ReadAnyPicture(path).Picture);
-    display_->ShowFigures();
+    drawing_->Figures().ShowFigures();
     ShowDefaultPointer();
     if (!path.isEmpty() && ui_->picturePane->Surface().PictureWidth() == 0) {
         ShowMessage(

@@ -92,7 +92,7 @@ bool frmJSOptions::eventFilter(QObject* watched, QEvent* event)
 bool frmJSOptions::optJSOpt_MouseDown(std::size_t index)
 {
     if (!map_.HasContent()) {
-        map_.GiveUpDrawing();
+        map_.Drawing().GiveUp();
         ApplyJSMode();
         return false;
     }

@@ -184,14 +184,14 @@ void AreaEditing::Align(Alignment alignment)
 void AreaEditing::Undo()
 {
     const MapAreas before = map_.Areas();
-    map_.Undo();
+    map_.History().Undo();
     SelectChanges(before);
 }
 
 void AreaEditing::Redo()
 {
     const MapAreas before = map_.Areas();
-    map_.Redo();
+    map_.History().Redo();
     SelectChanges(before);
 }
 

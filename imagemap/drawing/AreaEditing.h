@@ -26,7 +26,7 @@ public:
     void Replace(const MapAreas& areas, QStringView what, const QString& joinKey = {});
 
     /** Whatever is changed next is a step of its own. */
-    void EndJoining() { map_.EndJoining(); }
+    void EndJoining() { map_.History().EndJoining(); }
 
     /** Moves the selected areas, or the selected corner; within the picture unless `isFree`. */
     void Nudge(QPoint by, bool isFree);

@@ -145,7 +145,7 @@ void DrawingProtocol::MouseUp(int button, float x, float y)
 void DrawingProtocol::CommitFigure()
 {
     // Between the sides and their next one another figure would break the polygon in two.
-    map_.GiveUpSides();
+    map_.Drawing().GiveUpSides();
     Ledger().DrawState = drawIdle;
     display_.FinishFigure();
     Ledger().AppendFigure();
@@ -155,8 +155,8 @@ void DrawingProtocol::CommitFigure()
 
 void DrawingProtocol::Abandon()
 {
-    isReleaseVoid_ = isLeftHeld_ && map_.IsDrawingInProgress();
-    map_.GiveUpDrawing();
+    isReleaseVoid_ = isLeftHeld_ && map_.Drawing().IsInProgress();
+    map_.Drawing().GiveUp();
 }
 
 void DrawingProtocol::StartFigure(float x, float y, FullStoreText fullText)

@@ -68,8 +68,8 @@ FigureDisplay::FigureDisplay(MapDocument& map, DrawingSurface& surface, DrawingS
     , surface_(surface)
     , status_(status)
 {
-    connect(&map_, &MapDocument::SidesGivenUp, this, &FigureDisplay::Map_SidesGivenUp);
-    connect(&map_, &MapDocument::DrawingGivenUp, this, &FigureDisplay::Map_DrawingGivenUp);
+    connect(&map_.Drawing(), &MapDrawing::SidesGivenUp, this, &FigureDisplay::Drawing_SidesGivenUp);
+    connect(&map_.Drawing(), &MapDrawing::GivenUp, this, &FigureDisplay::Drawing_GivenUp);
     connect(&map_, &MapDocument::Cleared, this, &FigureDisplay::Map_Cleared);
     connect(&map_, &MapDocument::FiguresRemoved, this, &FigureDisplay::Map_FiguresRemoved);
     connect(&map_, &MapDocument::Remade, this, &FigureDisplay::Map_Remade);
@@ -228,13 +228,13 @@ void FigureDisplay::ShowFigureCount()
     status_.SetLabel(DrawingLabel::Figures, QString::number(map_.Figures().FigureCount));
 }
 
-void FigureDisplay::Map_SidesGivenUp()
+void FigureDisplay::Drawing_SidesGivenUp()
 {
     ShowFigures();
     MeasureAll();
 }
 
-void FigureDisplay::Map_DrawingGivenUp()
+void FigureDisplay::Drawing_GivenUp()
 {
     surface_.EraseRubberFigure();
     if (!map_.HasContent()) {

@@ -35,8 +35,8 @@ public:
     void ClearPositionLabels();
 
 private:
-    void Map_SidesGivenUp();
-    void Map_DrawingGivenUp();
+    void Drawing_SidesGivenUp();
+    void Drawing_GivenUp();
     void Map_Cleared();
     void Map_FiguresRemoved();
     void Map_Remade();

@@ -32,26 +32,12 @@ MapDocument::Step::Step(MapDocument& map, QString name, QString joinKey)
     , name_(std::move(name))
     , joinKey_(std::move(joinKey))
 {
-    ++map_.openSteps_;
+    map_.History().BeginStep();
 }
 
 MapDocument::Step::~Step()
 {
-    if (--map_.openSteps_ == 0) {
-        map_.KeepStep(name_, joinKey_);
-    }
-}
-
-void MapDocument::ForgetHistory()
-{
-    history_.Forget();
-    Q_EMIT HistoryChanged();
-}
-
-void MapDocument::KeepStep(const QString& name, const QString& joinKey)
-{
-    history_.Keep(State(), name, joinKey);
-    Q_EMIT HistoryChanged();
+    map_.History().EndStep(name_, joinKey_);
 }
 
 MapState MapDocument::State() const
@@ -92,37 +78,6 @@ void MapDocument::Restore(const MapState& state)
     if (isOtherPicture) {
         Q_EMIT PictureChanged();
     }
-    Q_EMIT HistoryChanged();
-}
-
-/** What was given up since the last step was kept has left its marks in freed slots. */
-void MapDocument::FinishLastStep()
-{
-    GiveUpDrawing();
-    history_.Keep(State(), QStringLiteral("Change of the Map"));
-}
-
-void MapDocument::Undo()
-{
-    FinishLastStep();
-    if (history_.CanUndo()) {
-        Restore(MapState(history_.Undo()));
-    }
-}
-
-void MapDocument::Redo()
-{
-    FinishLastStep();
-    if (history_.CanRedo()) {
-        Restore(MapState(history_.Redo()));
-    }
-}
-
-void MapDocument::PutBack(const MapState& state)
-{
-    GiveUpDrawing();
-    const Step step(*this, QStringLiteral("Restoring of the Map"));
-    Restore(state);
 }
 
 void MapDocument::SetPicture(const QString& path)
@@ -144,7 +99,7 @@ void MapDocument::RemakeLedger()
 
 void MapDocument::ChangeAreas(const MapAreas& areas, const QString& name, const QString& joinKey)
 {
-    GiveUpDrawing();
+    drawing_.GiveUp();
     if (areas == areas_) {
         return;
     }
@@ -161,15 +116,13 @@ void MapDocument::BeginEditing()
     figures_.DrawState = drawIdle;
     figures_.ResetCurrentPolygon();
     picture_.clear();
-    ++openSteps_;
+    history_.BeginStep();
     ForgetAreas();
     script_.ResetMessageHeader();
-    --openSteps_;
     if (isAnythingOpen) {
-        KeepStep(QStringLiteral("Closing of the Map"), {});
+        history_.EndStep(QStringLiteral("Closing of the Map"));
     } else {
-        history_.Replace(State());
-        Q_EMIT HistoryChanged();
+        history_.EndStepUnkept();
     }
 }
 
@@ -226,8 +179,8 @@ void MapDocument::DiscardNewArea()
 
 void MapDocument::DeleteLastArea()
 {
-    if (IsDrawingInProgress() || areas_.isEmpty()) {
-        GiveUpDrawing();
+    if (drawing_.IsInProgress() || areas_.isEmpty()) {
+        drawing_.GiveUp();
         return;
     }
     areas_.removeLast();
@@ -245,7 +198,7 @@ void MapDocument::DeleteLastFigure()
     }
     const FigureRecord* const last = std::as_const(figures_).LastFigure();
     if (last == nullptr || (figures_.IsDrawing() && !figures_.HasUnfinishedPolygon())) {
-        GiveUpDrawing();
+        drawing_.GiveUp();
         return;
     }
     const bool isUnfinished = last->Kind == kindLine && figures_.HasUnfinishedPolygon();
@@ -258,24 +211,6 @@ void MapDocument::DeleteLastFigure()
     if (!isUnfinished && !areas_.isEmpty()) {
         areas_.removeLast();
         Q_EMIT AreasChanged();
-    }
-}
-
-void MapDocument::GiveUpDrawing()
-{
-    if (IsDrawingInProgress()) {
-        figures_.DrawState = drawIdle;
-        GiveUpSides();
-        Q_EMIT DrawingGivenUp();
-    }
-}
-
-void MapDocument::GiveUpSides()
-{
-    if (figures_.HasUnfinishedPolygon()) {
-        figures_.RemoveCurrentPolygon();
-        history_.Amend(State());
-        Q_EMIT SidesGivenUp();
     }
 }
 

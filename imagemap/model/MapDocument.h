@@ -4,6 +4,7 @@
 #include "imagemap/model/JSMode.h"
 #include "imagemap/model/LinkRules.h"
 #include "imagemap/model/MapArea.h"
+#include "imagemap/model/MapDrawing.h"
 #include "imagemap/model/MapHistory.h"
 #include "imagemap/model/MapScript.h"
 
@@ -26,7 +27,7 @@ class MapDocument final : public QObject
 public:
     /**
      * What happens to the map while one of these is there is one step, called `name`; one inside of another
-     * is part of that. For `joinKey` see MapHistory::Keep().
+     * is part of that. For `joinKey` see MapHistory::EndStep().
      */
     class Step
     {
@@ -41,8 +42,6 @@ public:
         QString joinKey_;
     };
 
-    MapDocument() = default;
-
     [[nodiscard]] const FigureStore& Figures() const { return figures_; }
 
     /** For the drawing tools, which move the figure in progress and append to the ledger. */
@@ -53,6 +52,14 @@ public:
     /** What the script around the areas shows, which is a part of the map. */
     [[nodiscard]] MapScript& Script() { return script_; }
     [[nodiscard]] const MapScript& Script() const { return script_; }
+
+    /** What is being drawn at this moment. */
+    [[nodiscard]] MapDrawing& Drawing() { return drawing_; }
+    [[nodiscard]] const MapDrawing& Drawing() const { return drawing_; }
+
+    /** The steps that led here, by which they are undone. */
+    [[nodiscard]] MapHistory& History() { return history_; }
+    [[nodiscard]] const MapHistory& History() const { return history_; }
 
     /** Whether there is something that nobody throws away without being asked: figures, or edited areas. */
     [[nodiscard]] bool HasContent() const
@@ -75,23 +82,11 @@ public:
      * being drawn is given up. */
     void ChangeAreas(const MapAreas& areas, const QString& name, const QString& joinKey = {});
 
-    [[nodiscard]] const MapHistory& History() const { return history_; }
-
-    /** Puts `state` in place of the map, as one step; what is being drawn is given up. */
-    void PutBack(const MapState& state);
-
-    /** Keeps the map as it is, and nothing that could be undone or done again. */
-    void ForgetHistory();
-
-    /** Whatever is changed next is a step of its own. */
-    void EndJoining() { history_.EndJoining(); }
-
-    /** Goes a step back, or on again; what is being drawn is given up. Does nothing where there is none. */
-    void Undo();
-    void Redo();
-
     /** The map as it is while nothing is being drawn, but for the tool that is chosen. */
     [[nodiscard]] MapState State() const;
+
+    /** Becomes what it was in `state`, but for the tool; no step of its own, see MapHistory::PutBack(). */
+    void Restore(const MapState& state);
 
     /** A new editor shows the map: nothing is being drawn, no area listed; the ledger keeps its figures. */
     void BeginEditing();
@@ -119,18 +114,6 @@ public:
      */
     void DeleteLastFigure();
 
-    /** Whether something is being drawn, or sides of a polygon wait for the next. */
-    [[nodiscard]] bool IsDrawingInProgress() const
-    {
-        return figures_.IsDrawing() || figures_.HasUnfinishedPolygon();
-    }
-
-    /** Gives up the figure in progress, a polygon with all its sides; everything finished stays. */
-    void GiveUpDrawing();
-
-    /** Takes the sides of an unfinished polygon away; a figure in progress goes on. */
-    void GiveUpSides();
-
     /** Throws the areas away; the ledger keeps its figures. */
     void ForgetAreas();
 
@@ -141,32 +124,20 @@ Q_SIGNALS:
     /** Figures went that are on the picture. */
     void FiguresRemoved();
 
-    /** The sides of an unfinished polygon went. */
-    void SidesGivenUp();
-
-    /** Nothing follows the mouse any more. */
-    void DrawingGivenUp();
-
     /** The map was thrown away. */
     void Cleared();
 
     /** Areas were changed otherwise than by drawing, and the ledger with them, or a step was undone. */
     void Remade();
 
-    /** Another picture belongs to the map now, by Undo() or Redo(). */
+    /** Another picture belongs to the map now, by undoing or doing again. */
     void PictureChanged();
-
-    /** There are other steps to be undone or done again. */
-    void HistoryChanged();
 
     void AreasChanged();
 
 private:
-    void FinishLastStep();
     void RemakeLedger();
     void DeleteLastArea();
-    void Restore(const MapState& state);
-    void KeepStep(const QString& name, const QString& joinKey);
 
     FigureStore figures_;
     MapAreas areas_;
@@ -175,7 +146,7 @@ private:
     MapAreas editedAreas_;      ///< the areas as they were then
     int figuresOfAreas_ = 0;    ///< how many figures of the ledger edited areas have
     MapScript script_{ *this };
+    MapDrawing drawing_{ *this };
     QString picture_;
-    MapHistory history_;
-    int openSteps_ = 0;
+    MapHistory history_{ *this };
 };

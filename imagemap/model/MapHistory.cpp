@@ -1,6 +1,7 @@
 #include "imagemap/model/MapHistory.h"
 
 #include "imagemap/model/AreaLedger.h"
+#include "imagemap/model/MapDocument.h"
 
 #include <algorithm>
 
@@ -37,17 +38,41 @@ void MapHistory::PackPresent()
     states_[now_].state = PackedState(present_, before);
 }
 
-void MapHistory::Amend(const MapState& now)
+void MapHistory::EndStep(const QString& name, const QString& joinKey)
 {
-    if (LooksTheSame(present_, now)) {
-        Replace(now);
+    if (--openSteps_ == 0) {
+        Keep(name, joinKey);
+        Q_EMIT Changed();
     }
 }
 
-void MapHistory::Keep(const MapState& now, const QString& name, const QString& joinKey)
+void MapHistory::EndStepUnkept()
 {
+    --openSteps_;
+    present_ = map_.State();
+    Q_EMIT Changed();
+}
+
+void MapHistory::Amend()
+{
+    const MapState now = map_.State();
     if (LooksTheSame(present_, now)) {
-        Replace(now);
+        present_ = now;
+    }
+}
+
+void MapHistory::Forget()
+{
+    states_ = { Step() };
+    now_ = 0;
+    Q_EMIT Changed();
+}
+
+void MapHistory::Keep(const QString& name, const QString& joinKey)
+{
+    const MapState now = map_.State();
+    if (LooksTheSame(present_, now)) {
+        present_ = now;
         return;
     }
     const bool isJoined = !joinKey.isEmpty() && joinKey == states_[now_].joinKey;
@@ -56,36 +81,62 @@ void MapHistory::Keep(const MapState& now, const QString& name, const QString& j
         PackPresent();
         states_ << Step{ {}, name, joinKey };
         ++now_;
-        Replace(now);
+        present_ = now;
         return;
     }
-    Replace(now);
+    present_ = now;
     states_[now_].name = name;
     if (LooksTheSame(states_[now_ - 1].state.Unpacked(), now)) {
         // There and back again is no step.
         states_.removeLast();
         --now_;
-        Replace(now);
+        present_ = now;
     }
 }
 
-const MapState& MapHistory::Undo()
+/** What was given up since the last step was kept has left its marks in freed slots. */
+void MapHistory::FinishLastStep()
 {
-    EndJoining();
-    PackPresent();
-    --now_;
-    EndJoining();
-    present_ = states_[now_].state.Unpacked();
-    return present_;
+    map_.Drawing().GiveUp();
+    Keep(QStringLiteral("Change of the Map"));
 }
 
-const MapState& MapHistory::Redo()
+void MapHistory::RestorePresent()
 {
-    PackPresent();
-    ++now_;
-    EndJoining();
     present_ = states_[now_].state.Unpacked();
-    return present_;
+    // Whoever hears of it may change the map.
+    map_.Restore(MapState(present_));
+    Q_EMIT Changed();
+}
+
+void MapHistory::Undo()
+{
+    FinishLastStep();
+    if (CanUndo()) {
+        EndJoining();
+        PackPresent();
+        --now_;
+        EndJoining();
+        RestorePresent();
+    }
+}
+
+void MapHistory::Redo()
+{
+    FinishLastStep();
+    if (CanRedo()) {
+        PackPresent();
+        ++now_;
+        EndJoining();
+        RestorePresent();
+    }
+}
+
+void MapHistory::PutBack(const MapState& state)
+{
+    map_.Drawing().GiveUp();
+    const MapDocument::Step step(map_, QStringLiteral("Restoring of the Map"));
+    map_.Restore(state);
 }
 
 QString StepName(QStringView what, qsizetype count)

@@ -2,31 +2,42 @@
 
 #include "imagemap/model/PackedState.h"
 
+#include <QObject>
+
+class MapDocument;
+
 /**
  * The states that a map went through, from its first one, with the name of the step that led to each. Steps
  * that are undone can be done again until another step is kept.
  */
-class MapHistory
+class MapHistory final : public QObject
 {
+    Q_OBJECT
+
 public:
-    /** Keeps the step that led to `now`, unless it changed nothing that can be seen. A step with the same
-     * `joinKey` as the last one, which must not be empty, becomes part of it. */
-    void Keep(const MapState& now, const QString& name, const QString& joinKey = {});
-
-    /** Puts `now` in place of the present state if it looks the same, so that freed slots are kept too. */
-    void Amend(const MapState& now);
-
-    /** Makes `now` the present state, whatever it was: what a new window begins with. */
-    void Replace(const MapState& now) { present_ = now; }
-
-    /** Keeps the present state alone: nothing can be undone or done again. */
-    void Forget()
+    explicit MapHistory(MapDocument& map)
+        : map_(map)
     {
-        states_ = { Step() };
-        now_ = 0;
     }
 
-    /** Whatever comes next is a step of its own. */
+    /** Begins a step, or a part of the one that is open. See MapDocument::Step, which ends it too. */
+    void BeginStep() { ++openSteps_; }
+
+    /** Ends what was begun last; the outermost step is kept, called `name`, unless it changed nothing that
+     * can be seen. A step with the same `joinKey` as the last one, which must not be empty, becomes part of
+     * it. */
+    void EndStep(const QString& name, const QString& joinKey = {});
+
+    /** Ends a step without keeping it: the map as it is now is what the next one begins with. */
+    void EndStepUnkept();
+
+    /** The map has changed without a step: keeps its freed slots too, if it looks the same. */
+    void Amend();
+
+    /** Keeps the map as it is, and nothing that could be undone or done again. */
+    void Forget();
+
+    /** Whatever is changed next is a step of its own. */
     void EndJoining() { states_[now_].joinKey.clear(); }
 
     [[nodiscard]] bool CanUndo() const { return now_ > 0; }
@@ -39,10 +50,16 @@ public:
     [[nodiscard]] QString UndoName() const { return CanUndo() ? states_[now_].name : QString(); }
     [[nodiscard]] QString RedoName() const { return CanRedo() ? states_[now_ + 1].name : QString(); }
 
-    /** Goes back, or on, by one step; returns the state to be restored, which holds until the next change.
-     * There must be such a step. */
-    [[nodiscard]] const MapState& Undo();
-    [[nodiscard]] const MapState& Redo();
+    /** Goes a step back, or on again; what is being drawn is given up. Does nothing where there is none. */
+    void Undo();
+    void Redo();
+
+    /** Puts `state` in place of the map, as one step; what is being drawn is given up. */
+    void PutBack(const MapState& state);
+
+Q_SIGNALS:
+    /** There are other steps to be undone or done again. */
+    void Changed();
 
 private:
     struct Step
@@ -52,8 +69,13 @@ private:
         QString joinKey;   ///< what may be joined to it
     };
 
+    void Keep(const QString& name, const QString& joinKey = {});
+    void FinishLastStep();
     void PackPresent();
+    void RestorePresent();
 
+    MapDocument& map_;
+    int openSteps_ = 0;
     QList<Step> states_ = { Step() };
     qsizetype now_ = 0;
     MapState present_; ///< the state at `now_`

@@ -333,7 +333,7 @@ void tst_recovery::restoredMapCanBeUndone()
     test_->GoToEditor();
     Answer("btnRestore");
     QVERIFY(test_->folder.map.State() == LostMap().State);
-    test_->folder.map.Undo();
+    test_->folder.map.History().Undo();
     QVERIFY(LooksTheSame(test_->folder.map.State(), drawn));
     test_->folder.map.Clear();
 }

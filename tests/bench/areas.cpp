@@ -272,7 +272,7 @@ void BenchHistory()
     MapDocument map;
     MapAreas stars = Stars();
     map.ChangeAreas(stars, QStringLiteral("made"));
-    map.ForgetHistory();
+    map.History().Forget();
     const double empty = AllocatedMegabytes();
     for (int i = 0; i < steps; ++i) {
         stars[i % manyAreas] = Moved(stars[i % manyAreas], { 1, 0 });

@@ -133,7 +133,7 @@ public:
         surface_->ShowFigures({});
         surface_->repaint();
     }
-    void EndDrawing() { folder_.map.GiveUpDrawing(); }
+    void EndDrawing() { folder_.map.Drawing().GiveUp(); }
 
 private:
     void Send(QEvent::Type type, QPoint place)

@@ -21,8 +21,8 @@ public:
         : input_(input)
     {
         seen_[0] = map_.State();
-        QObject::connect(&map_, &MapDocument::HistoryChanged, &map_, [this] { Remember(); });
-        QObject::connect(&map_, &MapDocument::SidesGivenUp, &map_, [this] { Remember(); });
+        QObject::connect(&map_.History(), &MapHistory::Changed, &map_, [this] { Remember(); });
+        QObject::connect(&map_.Drawing(), &MapDrawing::SidesGivenUp, &map_, [this] { Remember(); });
     }
     Q_DISABLE_COPY_MOVE(MapWalk)
 
@@ -32,7 +32,7 @@ public:
             Step();
             CheckLedger();
         }
-        map_.GiveUpDrawing();
+        map_.Drawing().GiveUp();
         while (map_.History().CanRedo()) {
             Redo();
         }
@@ -98,9 +98,9 @@ private:
     void Undo()
     {
         if (map_.History().CanUndo()) {
-            map_.GiveUpDrawing();
+            map_.Drawing().GiveUp();
             isGoingBack_ = true;
-            map_.Undo();
+            map_.History().Undo();
             isGoingBack_ = false;
             CheckState();
         }
@@ -109,9 +109,9 @@ private:
     void Redo()
     {
         if (map_.History().CanRedo()) {
-            map_.GiveUpDrawing();
+            map_.Drawing().GiveUp();
             isGoingBack_ = true;
-            map_.Redo();
+            map_.History().Redo();
             isGoingBack_ = false;
             CheckState();
         }
@@ -156,7 +156,7 @@ private:
 
     void DrawFigure()
     {
-        map_.GiveUpSides();
+        map_.Drawing().GiveUpSides();
         FigureStore& ledger = map_.Ledger();
         if (ledger.HasRoom()) {
             ledger.DrawState = drawIdle;
@@ -190,11 +190,11 @@ private:
 
     void BeginPolygon() { AppendSides(1 + input_.Below(3)); }
     void DeleteLast() { map_.DeleteLastFigure(); }
-    void EndJoining() { map_.EndJoining(); }
+    void EndJoining() { map_.History().EndJoining(); }
 
     void Clear()
     {
-        map_.GiveUpDrawing();
+        map_.Drawing().GiveUp();
         map_.Clear();
     }
 
@@ -203,7 +203,7 @@ private:
     void ChangeMode()
     {
         const MapDocument::Step step(map_, QStringLiteral("mode"));
-        map_.GiveUpDrawing();
+        map_.Drawing().GiveUp();
         if (map_.HasContent()) {
             map_.Clear();
             map_.Script().ForgetModeDefault();
@@ -213,7 +213,7 @@ private:
 
     void Reopen()
     {
-        map_.GiveUpDrawing();
+        map_.Drawing().GiveUp();
         map_.BeginEditing();
     }
 

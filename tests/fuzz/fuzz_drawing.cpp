@@ -211,7 +211,7 @@ void Editor::DrawMany(FuzzInput& input)
 void Editor::OpenPicture(QSize size)
 {
     DiscardMap();
-    map_.GiveUpDrawing();
+    map_.Drawing().GiveUp();
     View().picture = size;
 }
 
@@ -219,7 +219,7 @@ void Editor::OpenPicture(QSize size)
 void Editor::Reopen()
 {
     DiscardMap();
-    map_.GiveUpDrawing();
+    map_.Drawing().GiveUp();
     window_ = std::make_unique<Window>(map_);
     View().onLink = [this] { isLinkPending_ = true; };
     map_.BeginEditing();

@@ -200,12 +200,12 @@ void tst_picturezoom::theSpaceBarWithTheMousePans()
     test_->Release({ 300, 200 });
     QCOMPARE(across->value(), 80);
     QTest::keyRelease(test_->Surface(), Qt::Key_Space);
-    QVERIFY(!test_->map.IsDrawingInProgress());
+    QVERIFY(!test_->map.Drawing().IsInProgress());
     QCOMPARE(test_->RowCount(), 0);
     // Without it the mouse draws again.
     test_->Press({ 300, 200 });
     test_->Move({ 320, 220 });
-    QVERIFY(test_->map.IsDrawingInProgress());
+    QVERIFY(test_->map.Drawing().IsInProgress());
     QCOMPARE(across->value(), 80);
 }
 

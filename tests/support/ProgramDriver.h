@@ -88,7 +88,7 @@ public:
     void CloseEditor();
 
     /** Drops what can be undone of the map, which the program keeps until it ends. */
-    void ForgetHistory() { map_.ForgetHistory(); }
+    void ForgetHistory() { map_.History().Forget(); }
 
     [[nodiscard]] QWidget& MainWindow() const { return *main_; }
 

@@ -84,10 +84,10 @@ void tst_recoverycopy::mapOfChangedAreasComesBackAsItWas()
     QVERIFY(read == copy);
 
     MapDocument other;
-    other.PutBack(read->State);
+    other.History().PutBack(read->State);
     QVERIFY(other.State() == map.State());
     QVERIFY(other.Figures().Figures == map.Figures().Figures);
-    other.Undo();
+    other.History().Undo();
     QVERIFY(!other.HasContent());
 }
 

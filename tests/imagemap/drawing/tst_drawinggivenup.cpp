@@ -44,9 +44,9 @@ void tst_drawinggivenup::givingUpTakesAPolygonWithAllItsSides()
     editor_->protocol.SelectTool(DrawingTool::Line);
     editor_->DrawSides({ { 10, 10 }, { 90, 20 }, { 50, 80 } });
     editor_->Move({ 70, 70 });
-    QVERIFY(editor_->map.IsDrawingInProgress());
+    QVERIFY(editor_->map.Drawing().IsInProgress());
     editor_->protocol.Abandon();
-    QVERIFY(!editor_->map.IsDrawingInProgress());
+    QVERIFY(!editor_->map.Drawing().IsInProgress());
     QCOMPARE(editor_->Counts(), (Counts{ 1, 0, 0 }));
     QCOMPARE(editor_->Rows().size(), 1);
     QVERIFY(!editor_->view.rubber);
@@ -100,7 +100,7 @@ void tst_drawinggivenup::givingUpNothingChangesNothing()
 {
     editor_->view.areCommandsEnabled = true;
     editor_->Move({ 12, 34 });
-    QVERIFY(!editor_->map.IsDrawingInProgress());
+    QVERIFY(!editor_->map.Drawing().IsInProgress());
     editor_->protocol.Abandon();
     QVERIFY(editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->view.Cursor(), QString("12,34"));
@@ -142,7 +142,7 @@ void tst_drawinggivenup::abandoningInAnEmptyStoreDisablesTheCommands()
     editor_->protocol.SelectTool(DrawingTool::Rectangle);
     editor_->Press({ 10, 10 });
     editor_->Move({ 50, 50 });
-    editor_->map.GiveUpDrawing();
+    editor_->map.Drawing().GiveUp();
     QVERIFY(!editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->view.Figures(), QString());
     QVERIFY(!editor_->view.rubber);
@@ -152,7 +152,7 @@ void tst_drawinggivenup::abandoningInAnEmptyStoreDisablesTheCommands()
     editor_->protocol.SelectTool(DrawingTool::Rectangle);
     editor_->Drag({ 10, 10 }, { 50, 50 });
     editor_->Press({ 10, 10 });
-    editor_->map.GiveUpDrawing();
+    editor_->map.Drawing().GiveUp();
     QVERIFY(editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->Store().DrawState, drawIdle);
     QCOMPARE(editor_->Store().FigureCount, 1);
@@ -163,7 +163,7 @@ void tst_drawinggivenup::abandoningNothingChangesNothing()
     // The commands go with the picture then, and its check box is already enabled.
     editor_->view.areCommandsEnabled = true;
     editor_->Move({ 12, 34 });
-    editor_->map.GiveUpDrawing();
+    editor_->map.Drawing().GiveUp();
     QVERIFY(editor_->view.areCommandsEnabled);
     QCOMPARE(editor_->view.Cursor(), QString("12,34"));
 }
@@ -173,7 +173,7 @@ void tst_drawinggivenup::abandoningKeepsTheModesDefaultAndHeader()
     editor_->map.Script().SetModeDefault("default");
     editor_->protocol.SelectTool(DrawingTool::Rectangle);
     editor_->Press({ 10, 10 });
-    editor_->map.GiveUpDrawing();
+    editor_->map.Drawing().GiveUp();
     QCOMPARE(editor_->map.Script().ModeDefault(), QString("default"));
     QCOMPARE(editor_->headerShowings, 0);
 }

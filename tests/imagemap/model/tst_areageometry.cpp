@@ -1,31 +1,10 @@
-#include "imagemap/model/AreaArranging.h"
+#include "SampleAreas.h"
 #include "imagemap/model/AreaConversion.h"
-#include "imagemap/model/AreaFaults.h"
 #include "imagemap/model/AreaGeometry.h"
 
 #include <QTest>
 
 namespace {
-
-MapArea Rectangle(const QList<int>& numbers)
-{
-    return { AreaShape::Rectangle, numbers, "a.htm", {}, {} };
-}
-
-MapArea Circle(const QList<int>& numbers)
-{
-    return { AreaShape::Circle, numbers, "a.htm", {}, {} };
-}
-
-MapArea Polygon(const QList<int>& numbers)
-{
-    return { AreaShape::Polygon, numbers, "a.htm", {}, {} };
-}
-
-const MapArea box = Rectangle({ 10, 20, 110, 70 });
-const MapArea disc = Circle({ 100, 100, 50 });
-/** An arrow head: its last corner is pushed in. */
-const MapArea head = Polygon({ 50, 0, 100, 100, 50, 60, 0, 100 });
 
 AreaHandle HandleOf(const MapArea& area, HandleKind kind, int index)
 {
@@ -39,6 +18,7 @@ AreaHandle HandleOf(const MapArea& area, HandleKind kind, int index)
 
 } // namespace
 
+/** Where areas lie, and how they are moved and reshaped. */
 class tst_areageometry : public QObject
 {
     Q_OBJECT
@@ -60,17 +40,6 @@ private Q_SLOTS:
     void aStepStaysWithinThePicture();
     void shapesAreMoved();
     void shapesAreResizedToAPixelAtLeast();
-    void shapesAreConverted();
-    void aCircleComesBackFromItsPolygon();
-    void aCirclesPolygonKeepsClose();
-    void coordinatesAreReadInEveryForm_data();
-    void coordinatesAreReadInEveryForm();
-    void wrongCoordinatesAreTold_data();
-    void wrongCoordinatesAreTold();
-    void theOrderChanges();
-    void areasAreLinedUp();
-    void faultsAreTold();
-    void coveredByTwoTogetherIsCovered();
 };
 
 void tst_areageometry::aClickHitsWhatItWouldInABrowser_data()
@@ -247,164 +216,6 @@ void tst_areageometry::shapesAreResizedToAPixelAtLeast()
     QCOMPARE(Resized(box, { -500, -500 }).Coordinates, (QList{ 10, 20, 11, 21 }));
     QCOMPARE(Resized(disc, { -500, 0 }).Coordinates, (QList{ 100, 100, 1 }));
     QCOMPARE(Resized(head, { 100, 0 }).Coordinates, (QList{ 100, 0, 200, 100, 100, 60, 0, 100 }));
-}
-
-void tst_areageometry::shapesAreConverted()
-{
-    QCOMPARE(Converted(box, AreaShape::Polygon).Coordinates, (QList{ 10, 20, 110, 20, 110, 70, 10, 70 }));
-    QCOMPARE(Converted(box, AreaShape::Circle).Coordinates, (QList{ 60, 45, 25 }));
-    QCOMPARE(Converted(head, AreaShape::Rectangle).Coordinates, (QList{ 0, 0, 100, 100 }));
-    QCOMPARE(Converted(disc, AreaShape::Rectangle).Coordinates, (QList{ 50, 50, 150, 150 }));
-    QCOMPARE(Converted(box, AreaShape::Polygon).Link, box.Link);
-}
-
-void tst_areageometry::aCircleComesBackFromItsPolygon()
-{
-    const MapArea polygon = Converted(disc, AreaShape::Polygon);
-    QCOMPARE(polygon.Shape, AreaShape::Polygon);
-    QCOMPARE(Converted(polygon, AreaShape::Circle).Coordinates, disc.Coordinates);
-}
-
-void tst_areageometry::aCirclesPolygonKeepsClose()
-{
-    for (const int radius : { 1, 7, 50, 400 }) {
-        const MapArea circle = Circle({ 500, 500, radius });
-        const QList<QPoint> corners = CornersOf(Converted(circle, AreaShape::Polygon));
-        QVERIFY(corners.size() >= 8);
-        for (const QPoint corner : corners) {
-            const QPoint away = corner - QPoint(500, 500);
-            QVERIFY(std::abs(std::hypot(away.x(), away.y()) - radius) < 1);
-        }
-    }
-}
-
-void tst_areageometry::coordinatesAreReadInEveryForm_data()
-{
-    QTest::addColumn<AreaShape>("shape");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QList<int>>("expected");
-
-    QTest::newRow("as it is written")
-        << AreaShape::Rectangle << "10, 20, 110, 70" << QList{ 10, 20, 110, 70 };
-    QTest::newRow("no blanks") << AreaShape::Rectangle << "10,20,110,70" << QList{ 10, 20, 110, 70 };
-    QTest::newRow("blanks alone") << AreaShape::Circle << " 10\t20\n5 " << QList{ 10, 20, 5 };
-    QTest::newRow("semicolons") << AreaShape::Circle << "10;20;5" << QList{ 10, 20, 5 };
-    QTest::newRow("decimals") << AreaShape::Circle << "9.6,20.4,4.5" << QList{ 10, 20, 5 };
-    QTest::newRow("negative") << AreaShape::Polygon << "-5,0 10,0 10,+10" << QList{ -5, 0, 10, 0, 10, 10 };
-    QTest::newRow("corners swapped") << AreaShape::Rectangle << "110,70,10,20" << QList{ 10, 20, 110, 70 };
-    QTest::newRow("exponent") << AreaShape::Circle << "1e2,2E1,5" << QList{ 100, 20, 5 };
-}
-
-void tst_areageometry::coordinatesAreReadInEveryForm()
-{
-    QFETCH(const AreaShape, shape);
-    QFETCH(const QString, text);
-    const CoordinatesReading reading = ReadCoordinates(shape, text);
-    QCOMPARE(reading.problem, QString());
-    QTEST(reading.numbers, "expected");
-}
-
-void tst_areageometry::wrongCoordinatesAreTold_data()
-{
-    QTest::addColumn<AreaShape>("shape");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("problem");
-
-    const QString four = QStringLiteral("A rectangle takes four numbers: left, top, right, bottom");
-    QTest::newRow("nothing") << AreaShape::Rectangle << "" << four;
-    QTest::newRow("one too few") << AreaShape::Rectangle << "1,2,3" << four;
-    QTest::newRow("one too many") << AreaShape::Rectangle << "1,2,3,4,5" << four;
-    QTest::newRow("a word") << AreaShape::Circle << "1,two,3"
-                            << "\"two\" is no number";
-    QTest::newRow("per cent") << AreaShape::Circle << "10%,2,3"
-                              << "\"10%\" is no number";
-    QTest::newRow("infinite") << AreaShape::Circle << "inf,2,3"
-                              << "\"inf\" is no number";
-    QTest::newRow("far away") << AreaShape::Circle << "1e30,2,3"
-                              << "1e30 lies too far away";
-    QTest::newRow("no radius") << AreaShape::Circle << "1,2,0"
-                               << "A radius is 1 at least";
-    QTest::newRow("half a corner") << AreaShape::Polygon << "1,2,3,4,5,6,7"
-                                   << "The last corner lacks its second number";
-    QTest::newRow("two corners") << AreaShape::Polygon << "1,2,3,4"
-                                 << "A polygon takes three corners at least";
-}
-
-void tst_areageometry::wrongCoordinatesAreTold()
-{
-    QFETCH(const AreaShape, shape);
-    QFETCH(const QString, text);
-    QTEST(ReadCoordinates(shape, text).problem, "problem");
-}
-
-void tst_areageometry::theOrderChanges()
-{
-    MapAreas areas;
-    for (int i = 0; i < 5; ++i) {
-        areas << Rectangle({ i, 0, i + 1, 1 });
-    }
-    const auto order = [](const ArrangedAreas& arranged) {
-        QList<int> firsts;
-        for (const MapArea& area : arranged.areas) {
-            firsts << area.Coordinates[0];
-        }
-        return firsts;
-    };
-    QCOMPARE(order(Reordered(areas, { 2, 3 }, OrderChange::Up)), (QList{ 0, 2, 3, 1, 4 }));
-    QCOMPARE(Reordered(areas, { 2, 3 }, OrderChange::Up).moved, (AreaNumbers{ 1, 2 }));
-    QCOMPARE(order(Reordered(areas, { 0, 2 }, OrderChange::Up)), (QList{ 0, 2, 1, 3, 4 }));
-    QCOMPARE(order(Reordered(areas, { 0, 1 }, OrderChange::Up)), (QList{ 0, 1, 2, 3, 4 }));
-    QCOMPARE(order(Reordered(areas, { 1, 4 }, OrderChange::Down)), (QList{ 0, 2, 1, 3, 4 }));
-    QCOMPARE(order(Reordered(areas, { 1, 3 }, OrderChange::InFront)), (QList{ 1, 3, 0, 2, 4 }));
-    QCOMPARE(Reordered(areas, { 1, 3 }, OrderChange::Behind).moved, (AreaNumbers{ 3, 4 }));
-    QCOMPARE(order(Reordered(areas, { 1, 3 }, OrderChange::Behind)), (QList{ 0, 2, 4, 1, 3 }));
-}
-
-void tst_areageometry::areasAreLinedUp()
-{
-    const MapAreas areas = { box, disc, head };
-    const AreaNumbers all = { 0, 1, 2 };
-    QCOMPARE(BoundsOf(Aligned(areas, all, Alignment::Left)[1]).left(), 10);
-    QCOMPARE(BoundsOf(Aligned(areas, all, Alignment::Right)[2]).right(), 110);
-    QCOMPARE(BoundsOf(Aligned(areas, all, Alignment::Top)[1]).top(), 20);
-    QCOMPARE(BoundsOf(Aligned(areas, all, Alignment::Bottom)[2]).bottom(), 70);
-    QCOMPARE(Aligned(areas, all, Alignment::Centre)[1].Coordinates, (QList{ 60, 100, 50 }));
-    QCOMPARE(Aligned(areas, all, Alignment::Middle)[1].Coordinates, (QList{ 100, 45, 50 }));
-    QCOMPARE(BoundsOf(Aligned(areas, all, Alignment::SameHeight)[2]).height(), BoundsOf(box).height());
-    QCOMPARE(BoundsOf(Aligned(areas, all, Alignment::SameSize)[2]).size(), BoundsOf(box).size());
-    QCOMPARE(Aligned(areas, all, Alignment::SameSize)[1].Coordinates, (QList{ 100, 100, 25 }));
-    QCOMPARE(Aligned(areas, all, Alignment::SameWidth)[0], box);
-    QCOMPARE(Aligned(areas, {}, Alignment::Left), areas);
-}
-
-void tst_areageometry::faultsAreTold()
-{
-    const QSize picture(400, 300);
-    QVERIFY(FaultsOf({ box, disc, head }, 1, picture).isEmpty());
-    QCOMPARE(
-        FaultsOf({ box, Rectangle({ 20, 30, 90, 60 }) }, 1, picture),
-        QStringList{ "Areas above cover all of this one" });
-    QVERIFY(FaultsOf({ Rectangle({ 20, 30, 90, 60 }), box }, 1, picture).isEmpty());
-    QCOMPARE(
-        FaultsOf({ Rectangle({ 500, 30, 590, 60 }) }, 0, picture),
-        QStringList{ "This area lies outside of the picture" });
-    MapArea linkless = disc;
-    linkless.Link.clear();
-    QCOMPARE(FaultsOf({ linkless }, 0, picture), QStringList{ "This area has no link" });
-    QCOMPARE(
-        FaultsOf({ Circle({ 100, 100, 10 }) }, 0, picture),
-        QStringList{ "This area is smaller than 24 pixels, which is hard to hit" });
-    QVERIFY(FaultsOf({ Rectangle({ 0, 0, 23, 23 }) }, 0, picture).isEmpty());
-}
-
-void tst_areageometry::coveredByTwoTogetherIsCovered()
-{
-    const MapArea left = Rectangle({ 0, 0, 60, 100 });
-    const MapArea right = Rectangle({ 61, 0, 200, 100 });
-    const QSize picture(400, 300);
-    QCOMPARE(FaultsOf({ left, right, box }, 2, picture).size(), 1);
-    QVERIFY(FaultsOf({ left, Rectangle({ 62, 0, 200, 100 }), box }, 2, picture).isEmpty());
-    QCOMPARE(FaultsOf({ Converted(left, AreaShape::Polygon), right, box }, 2, picture).size(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_areageometry)

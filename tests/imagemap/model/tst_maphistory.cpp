@@ -71,8 +71,8 @@ void tst_maphistory::nothingCanBeUndoneAtFirst()
     map.BeginEditing();
     QVERIFY(!map.History().CanUndo());
     QVERIFY(!map.History().CanRedo());
-    map.Undo();
-    map.Redo();
+    map.History().Undo();
+    map.History().Redo();
     QVERIFY(map.Areas().isEmpty());
 }
 
@@ -83,10 +83,10 @@ void tst_maphistory::aDrawnFigureIsUndoneAndDoneAgain()
     const MapState before = map.State();
     DrawRectangle(map, { 1, 2 }, { 30, 40 });
     const MapState after = map.State();
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.State(), before);
     QCOMPARE(map.Figures().FigureCount, 0);
-    map.Redo();
+    map.History().Redo();
     QCOMPARE(map.State(), after);
     QCOMPARE(map.Areas().size(), 1);
 }
@@ -98,7 +98,7 @@ void tst_maphistory::theLastFigureDeletedComesBack()
     const MapState before = map.State();
     map.DeleteLastFigure();
     QVERIFY(map.Areas().isEmpty());
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.State(), before);
 }
 
@@ -110,7 +110,7 @@ void tst_maphistory::whatTheDeleteQuestionThrewAwayComesBack()
     const MapState before = map.State();
     map.Clear();
     QCOMPARE(map.History().UndoName(), "Delete of the Map");
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.State(), before);
 }
 
@@ -121,7 +121,7 @@ void tst_maphistory::stepsHaveNames()
     QCOMPARE(map.History().UndoName(), "Drawing of a Rectangle");
     map.RelinkArea(0, EntryFor("other.htm"));
     QCOMPARE(map.History().UndoName(), "Change of a Link");
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.History().RedoName(), "Change of a Link");
     QCOMPARE(StepName(u"Move", 1), "Move of an Area");
     QCOMPARE(StepName(u"Move", 3), "Move of 3 Areas");
@@ -135,7 +135,7 @@ void tst_maphistory::whatChangesNothingIsNoStep()
     map.RelinkArea(0, EntryFor("a.htm"));
     map.ChangeAreas(map.Areas(), "nothing");
     map.Script().SetMode(map.Script().Mode());
-    map.GiveUpDrawing();
+    map.Drawing().GiveUp();
     QCOMPARE(map.History().Position(), steps);
 }
 
@@ -151,14 +151,14 @@ void tst_maphistory::nudgesJoinUntilSomethingElseHappens()
     nudge();
     nudge();
     QCOMPARE(map.History().Position(), 2);
-    map.EndJoining();
+    map.History().EndJoining();
     nudge();
     QCOMPARE(map.History().Position(), 3);
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.Areas()[0].Coordinates.constFirst(), 13);
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.State(), before);
-    map.Redo();
+    map.History().Redo();
     nudge();
     QCOMPARE(map.History().Position(), 3);
 }
@@ -177,7 +177,7 @@ void tst_maphistory::aNewStepForgetsWhatWasUndone()
     MapDocument map;
     map.ChangeAreas({ RectangleAt(10, 10) }, "first");
     map.ChangeAreas({ RectangleAt(20, 10) }, "second");
-    map.Undo();
+    map.History().Undo();
     map.ChangeAreas({ RectangleAt(30, 10) }, "third");
     QVERIFY(!map.History().CanRedo());
     QCOMPARE(map.History().Position(), 2);
@@ -193,7 +193,7 @@ void tst_maphistory::anInnerStepIsPartOfTheOuter()
         map.Script().SetMode(JSToolTips);
     }
     QCOMPARE(map.History().UndoName(), "whole");
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.Areas().size(), 1);
     QCOMPARE(map.Script().Mode(), JSDisabled);
 }
@@ -205,11 +205,11 @@ void tst_maphistory::aFigureInProgressIsGivenUpFirst()
     const MapState before = map.State();
     map.Ledger().CurrentKind = kindLine;
     map.Ledger().AppendSide();
-    QSignalSpy givenUp(&map, &MapDocument::DrawingGivenUp);
+    QSignalSpy givenUp(&map.Drawing(), &MapDrawing::GivenUp);
     map.RelinkArea(0, EntryFor("other.htm"));
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(givenUp.size(), 1);
-    QVERIFY(!map.IsDrawingInProgress());
+    QVERIFY(!map.Drawing().IsInProgress());
     QCOMPARE(map.Areas(), before.Areas);
     QCOMPARE(map.Figures().FigureCount, 1);
 }
@@ -220,7 +220,7 @@ void tst_maphistory::anotherPictureIsToldOfWhenItIsUndone()
     map.SetPicture("one.jpg");
     map.SetPicture("two.jpg");
     QSignalSpy changed(&map, &MapDocument::PictureChanged);
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(changed.size(), 1);
     QCOMPARE(map.Picture(), "one.jpg");
 }
@@ -235,8 +235,8 @@ void tst_maphistory::theMapOfAClosedEditorComesBack()
     map.Clear();
     map.BeginEditing();
     QVERIFY(map.Picture().isEmpty());
-    map.Undo();
-    map.Undo();
+    map.History().Undo();
+    map.History().Undo();
     QCOMPARE(map.State(), before);
 }
 
@@ -245,7 +245,7 @@ void tst_maphistory::theToolStaysChosen()
     MapDocument map;
     DrawRectangle(map, { 1, 2 }, { 30, 40 });
     map.Ledger().CurrentKind = kindCircle;
-    map.Undo();
+    map.History().Undo();
     QCOMPARE(map.Figures().CurrentKind, kindCircle);
 }
 

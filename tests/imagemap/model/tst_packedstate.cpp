@@ -47,7 +47,7 @@ void DrawAndDelete(MapDocument& map, int count)
     while (map.Figures().FigureCount < count) {
         DrawRectangle(map, map.Figures().FigureCount);
     }
-    map.ForgetHistory();
+    map.History().Forget();
     for (int i = 0; i < manySteps; i += 2) {
         map.DeleteLastFigure();
         DrawRectangle(map, i % 200);
@@ -62,7 +62,7 @@ void MoveEach(MapDocument& map, int count)
         areas << RectangleAt(i);
     }
     map.ChangeAreas(areas, QStringLiteral("made"));
-    map.ForgetHistory();
+    map.History().Forget();
     for (int i = 0; i < manySteps; ++i) {
         areas[i % count] = Moved(areas[i % count], { 1, 0 });
         map.ChangeAreas(areas, QStringLiteral("Move of an Area"));
@@ -161,7 +161,7 @@ void tst_packedstate::aThousandStepsTakeLittle()
     work(map, count);
     QCOMPARE(map.History().Position(), manySteps);
     const std::size_t whole = *AllocatedBytes() - *before;
-    map.ForgetHistory();
+    map.History().Forget();
     const std::size_t ofSteps = whole - (*AllocatedBytes() - *before);
     qInfo("1,000 steps take %zu bytes", ofSteps);
     QVERIFY(ofSteps > 0);
