@@ -1,17 +1,43 @@
 #pragma once
 
-class QWidget;
+#include <QObject>
+
+class QAction;
+class Settings;
 class SourceEditor;
 
 /** The commands of the Page menu that work on the text and have no window of their own. */
-class PageCommands
+class PageCommands : public QObject
 {
+    Q_OBJECT
+
 public:
-    PageCommands(QWidget* window, SourceEditor& editor);
+    PageCommands(QWidget* window, SourceEditor& editor, Settings& settings);
+
+    /** Shows by `entry` whether the Tab key moves lines; needed before the commands are used. */
+    void SetTabEntry(QAction& entry);
 
     void mnuPGoTo_Click();
+    void mnuPIndent_Click();
+    void mnuPUnindent_Click();
+    void mnuPTabIndents_Click();
+    void mnuPComment_Click();
+    void mnuPCloseTag_Click();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    enum class Way { In, Out };
+
+    void MoveLines(Way way);
+    [[nodiscard]] QString Indent() const;
+    [[nodiscard]] bool AreLinesSelected() const;
+    [[nodiscard]] bool DoesTabIndent() const;
+    void UseTabIndents();
+
     QWidget* window_;
     SourceEditor& editor_;
+    Settings& settings_;
+    QAction* tabEntry_ = nullptr;
 };

@@ -103,8 +103,8 @@ private:
     std::unique_ptr<DocumentCommands> documents_;
     std::unique_ptr<EditCommands> edits_;
     std::unique_ptr<EditedPage> page_;
-    std::unique_ptr<PageCommands> pages_;
     std::unique_ptr<ViewCommands> views_;
+    PageCommands* pages_ = nullptr;
     MessageBar* messages_ = nullptr;
     EncodingCommands* encodings_ = nullptr;
     RecoveryKeeper* recovery_ = nullptr;

@@ -128,6 +128,14 @@ constexpr auto commandRows = std::to_array<Row>({
     { Entry, "mnuPGoTo", "&Go to Line...", "Ctrl+G", In<&frmIMmain::Pages, &PageCommands::mnuPGoTo_Click> },
     { Separator, "mnuPSep2" },
     { Entry, "mnuPRedo", "Red&o", "Ctrl+Y", In<&frmIMmain::Source, &SourceEditor::redo> },
+    { Separator, "mnuPSep3" },
+    { Entry, "mnuPIndent", "&Indent Lines", "", In<&frmIMmain::Pages, &PageCommands::mnuPIndent_Click> },
+    { Entry, "mnuPUnindent", "&Unindent Lines", "",
+      In<&frmIMmain::Pages, &PageCommands::mnuPUnindent_Click> },
+    { Entry, "mnuPTabIndents", "&Tab Key Indents", "",
+      In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click> },
+    { Entry, "mnuPComment", "Co&mment", "Ctrl+/", In<&frmIMmain::Pages, &PageCommands::mnuPComment_Click> },
+    { Entry, "mnuPCloseTag", "&Close Tag", "", In<&frmIMmain::Pages, &PageCommands::mnuPCloseTag_Click> },
     { Menu, "mnuView", "&View" },
     { .kind = Entry,
       .name = "mnuVColours",
@@ -178,7 +186,7 @@ void frmIMmain::CreateParts()
     documents_ = std::make_unique<DocumentCommands>(this, imgMap_, source, file_);
     edits_ = std::make_unique<EditCommands>(this, source, *ui_->txtCTags);
     page_ = std::make_unique<EditedPage>(source, file_);
-    pages_ = std::make_unique<PageCommands>(this, source);
+    pages_ = new PageCommands(this, source, imgMap_.Remembered);
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
@@ -194,6 +202,7 @@ void frmIMmain::CreateParts()
         imgMap_, ui_->txtCTags, ui_->ListView1,
         { .Add = ui_->btnAdd, .Delete = ui_->btnDelete, .Save = ui_->btnSave });
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
+    pages_->SetTabEntry(commands_.EntryOf(In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click>));
     views_ = std::make_unique<ViewCommands>(
         source, imgMap_.Remembered, commands_.MenuOf(In<&frmIMmain::Views, &ViewCommands::mnuVColours_Click>),
         [this](ViewChoice choice, bool isOn) { commands_.SetChecked(choice, isOn); });
