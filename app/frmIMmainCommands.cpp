@@ -10,6 +10,7 @@
 #include "app/MessageBar.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/RecentFiles.h"
 #include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/ViewCommands.h"
@@ -129,6 +130,9 @@ constexpr auto commandRows = std::to_array<Row>({
     { Separator, "mnuPSep2" },
     { Entry, "mnuPRedo", "Red&o", "Ctrl+Y", In<&frmIMmain::Source, &SourceEditor::redo> },
     { Separator, "mnuPSep3" },
+    { Submenu, "mnuPRecent", "R&ecent Files" },
+    { EndSubmenu },
+    { Separator, "mnuPSep4" },
     { Entry, "mnuPIndent", "&Indent Lines", "", In<&frmIMmain::Pages, &PageCommands::mnuPIndent_Click> },
     { Entry, "mnuPUnindent", "&Unindent Lines", "",
       In<&frmIMmain::Pages, &PageCommands::mnuPUnindent_Click> },
@@ -202,6 +206,10 @@ void frmIMmain::CreateParts()
         imgMap_, ui_->txtCTags, ui_->ListView1,
         { .Add = ui_->btnAdd, .Delete = ui_->btnDelete, .Save = ui_->btnSave });
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
+    recent_ = new RecentFiles(
+        this, *findChild<QMenu*>(QStringLiteral("mnuPRecent")), imgMap_, file_,
+        [this](const QString& path) { documents_->OpenNamed(path); },
+        [this](const QString& path) { OpenPicture(path); });
     pages_->SetTabEntry(commands_.EntryOf(In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click>));
     views_ = std::make_unique<ViewCommands>(
         source, imgMap_.Remembered, commands_.MenuOf(In<&frmIMmain::Views, &ViewCommands::mnuVColours_Click>),

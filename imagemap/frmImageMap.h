@@ -72,6 +72,10 @@ public:
     /** Gives up what is half drawn, a polygon with all its sides. */
     void GiveUpDrawing();
 
+Q_SIGNALS:
+    /** A picture was opened, or saved, that is in the file `path`. */
+    void PictureFileKnown(const QString& path);
+
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

@@ -157,6 +157,8 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder_data()
                                              { "mnuPSep2" },
                                              { "mnuPRedo", "Red&o", "Ctrl+Y" },
                                              { "mnuPSep3" },
+                                             { "mnuPRecent", "R&ecent Files", "" },
+                                             { "mnuPSep4" },
                                              { "mnuPIndent", "&Indent Lines", "" },
                                              { "mnuPUnindent", "&Unindent Lines", "" },
                                              { "mnuPTabIndents", "&Tab Key Indents", "" },
