@@ -1,5 +1,6 @@
 #include "app/PageCommands.h"
 
+#include "app/ProblemsBar.h"
 #include "app/SourceEditor.h"
 #include "app/rules/CommentRules.h"
 #include "app/rules/EndTags.h"
@@ -42,11 +43,13 @@ struct SelectedLines
 
 } // namespace
 
-PageCommands::PageCommands(QWidget* window, SourceEditor& editor, Settings& settings)
+PageCommands::PageCommands(
+    QWidget* window, SourceEditor& editor, Settings& settings, const DocumentFile& file)
     : QObject(window)
     , window_(window)
     , editor_(editor)
     , settings_(settings)
+    , file_(file)
 {
     editor_.installEventFilter(this);
 }
@@ -197,4 +200,13 @@ void PageCommands::mnuPCloseTag_Click()
         editor_.Select(editor_.SelStart() + editor_.SelLength(), 0);
         editor_.ReplaceSelection(endTag);
     }
+}
+
+void PageCommands::mnuPCheck_Click()
+{
+    if (problems_ == nullptr) {
+        problems_ = new ProblemsBar(editor_, file_);
+        editor_.SetBar(Qt::BottomEdge, problems_);
+    }
+    problems_->CheckNow();
 }

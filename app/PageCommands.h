@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class DocumentFile;
+class ProblemsBar;
 class QAction;
 class Settings;
 class SourceEditor;
@@ -12,7 +14,7 @@ class PageCommands : public QObject
     Q_OBJECT
 
 public:
-    PageCommands(QWidget* window, SourceEditor& editor, Settings& settings);
+    PageCommands(QWidget* window, SourceEditor& editor, Settings& settings, const DocumentFile& file);
 
     /** Shows by `entry` whether the Tab key moves lines; needed before the commands are used. */
     void SetTabEntry(QAction& entry);
@@ -23,6 +25,7 @@ public:
     void mnuPTabIndents_Click();
     void mnuPComment_Click();
     void mnuPCloseTag_Click();
+    void mnuPCheck_Click();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,5 +42,7 @@ private:
     QWidget* window_;
     SourceEditor& editor_;
     Settings& settings_;
+    const DocumentFile& file_;
     QAction* tabEntry_ = nullptr;
+    ProblemsBar* problems_ = nullptr; ///< once it was wanted
 };

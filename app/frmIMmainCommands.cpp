@@ -140,6 +140,8 @@ constexpr auto commandRows = std::to_array<Row>({
       In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click> },
     { Entry, "mnuPComment", "Co&mment", "Ctrl+/", In<&frmIMmain::Pages, &PageCommands::mnuPComment_Click> },
     { Entry, "mnuPCloseTag", "&Close Tag", "", In<&frmIMmain::Pages, &PageCommands::mnuPCloseTag_Click> },
+    { Separator, "mnuPSep5" },
+    { Entry, "mnuPCheck", "Chec&k Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPCheck_Click> },
     { Menu, "mnuView", "&View" },
     { .kind = Entry,
       .name = "mnuVColours",
@@ -190,7 +192,7 @@ void frmIMmain::CreateParts()
     documents_ = std::make_unique<DocumentCommands>(this, imgMap_, source, file_);
     edits_ = std::make_unique<EditCommands>(this, source, *ui_->txtCTags);
     page_ = std::make_unique<EditedPage>(source, file_);
-    pages_ = new PageCommands(this, source, imgMap_.Remembered);
+    pages_ = new PageCommands(this, source, imgMap_.Remembered, file_);
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);

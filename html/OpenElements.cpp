@@ -12,6 +12,13 @@ bool IsForeignRoot(QStringView name)
     return IsName(name, QLatin1String("svg")) || IsName(name, QLatin1String("math"));
 }
 
+/** Whether an element of SVG or MathML holds HTML. */
+bool HoldsHtml(QStringView name)
+{
+    const HtmlTag tag = TagOf(name);
+    return tag == HtmlTag::Title || (tag >= HtmlTag::ForeignObject && tag <= HtmlTag::Mtext);
+}
+
 } // namespace
 
 OpenElements::Effect OpenElements::Take(const HtmlToken& token, const HtmlState& state)
@@ -21,7 +28,10 @@ OpenElements::Effect OpenElements::Take(const HtmlToken& token, const HtmlState&
         return Effect::None;
     }
     if (token.kind == HtmlToken::Kind::StartTag) {
-        return TakeStart(token, state.foreign.IsForeign() || IsForeignRoot(token.name.In(page_)));
+        const QStringView name = token.name.In(page_);
+        const bool isInForeign = !open_.empty() && open_.back().isForeign;
+        return TakeStart(
+            token, state.foreign.IsForeign() || IsForeignRoot(name) || (isInForeign && HoldsHtml(name)));
     }
     return token.kind == HtmlToken::Kind::EndTag ? TakeEnd(token) : Effect::None;
 }

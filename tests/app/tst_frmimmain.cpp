@@ -163,7 +163,9 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder_data()
                                              { "mnuPUnindent", "&Unindent Lines", "" },
                                              { "mnuPTabIndents", "&Tab Key Indents", "" },
                                              { "mnuPComment", "Co&mment", "Ctrl+/" },
-                                             { "mnuPCloseTag", "&Close Tag", "" } };
+                                             { "mnuPCloseTag", "&Close Tag", "" },
+                                             { "mnuPSep5" },
+                                             { "mnuPCheck", "Chec&k Page", "" } };
     QTest::newRow("mnuHelp") << "&Help"
                              << QList<Line>{ { "mnuHContents", "&Contents", "F1" },
                                              { "mnuHSearch", "&Search" },

@@ -86,6 +86,7 @@ void tst_openelements::openAtTheEnd_data()
     row("<i></b>", "i");
     row("<svg><g><path/><rect>", "svg g rect");
     row("<svg/><p>", "p");
+    row("<svg><foreignObject><p>a</p></foreignObject><title>t</title></svg>", "");
     row("<div/>", "div");
     row("<my-element><p></my-element>", "");
     row("<script>if (a<b) x='<p>';", "script");
