@@ -5,7 +5,9 @@
 #include "app/rules/CommentRules.h"
 #include "app/rules/EndTags.h"
 #include "app/rules/LineIndent.h"
+#include "app/rules/PageFormat.h"
 #include "shared/Settings.h"
+#include "widgets/WindowHelpers.h"
 
 #include <QAction>
 #include <QInputDialog>
@@ -200,6 +202,14 @@ void PageCommands::mnuPCloseTag_Click()
         editor_.Select(editor_.SelStart() + editor_.SelLength(), 0);
         editor_.ReplaceSelection(endTag);
     }
+}
+
+void PageCommands::mnuPFormat_Click()
+{
+    ShowHourglass();
+    editor_.Replace(FormatPage(editor_.Text()));
+    editor_.ensureCursorVisible();
+    ShowDefaultPointer();
 }
 
 void PageCommands::mnuPCheck_Click()

@@ -25,6 +25,7 @@ public:
     void mnuPTabIndents_Click();
     void mnuPComment_Click();
     void mnuPCloseTag_Click();
+    void mnuPFormat_Click();
     void mnuPCheck_Click();
 
 protected:

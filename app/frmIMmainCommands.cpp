@@ -140,6 +140,7 @@ constexpr auto commandRows = std::to_array<Row>({
       In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click> },
     { Entry, "mnuPComment", "Co&mment", "Ctrl+/", In<&frmIMmain::Pages, &PageCommands::mnuPComment_Click> },
     { Entry, "mnuPCloseTag", "&Close Tag", "", In<&frmIMmain::Pages, &PageCommands::mnuPCloseTag_Click> },
+    { Entry, "mnuPFormat", "Form&at Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPFormat_Click> },
     { Separator, "mnuPSep5" },
     { Entry, "mnuPCheck", "Chec&k Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPCheck_Click> },
     { Menu, "mnuView", "&View" },

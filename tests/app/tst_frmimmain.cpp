@@ -164,6 +164,7 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder_data()
                                              { "mnuPTabIndents", "&Tab Key Indents", "" },
                                              { "mnuPComment", "Co&mment", "Ctrl+/" },
                                              { "mnuPCloseTag", "&Close Tag", "" },
+                                             { "mnuPFormat", "Form&at Page", "" },
                                              { "mnuPSep5" },
                                              { "mnuPCheck", "Chec&k Page", "" } };
     QTest::newRow("mnuHelp") << "&Help"

@@ -31,6 +31,8 @@ private Q_SLOTS:
     void endTagIsPutIn();
     void endTagIsPutInBehindTheSelection();
     void nothingOpenIsNothingToClose();
+    void formattingIsOneStepOfUndo();
+    void formattedPageStaysUnchanged();
 
 private:
     SourceEditor* Editor() { return test_->Editor(); }
@@ -257,6 +259,26 @@ void tst_pagecommands::nothingOpenIsNothingToClose()
     Use("mnuPCloseTag");
     QCOMPARE(Shown(), QStringLiteral("<p>a</p>|"));
     QVERIFY(!test_->window.File().IsChanged());
+}
+
+void tst_pagecommands::formattingIsOneStepOfUndo()
+{
+    Fill("<ul>~<li>a|b~    <li>c~</ul>~<pre>~ x~</pre>");
+    Use("mnuPFormat");
+    QCOMPARE(Shown(), QStringLiteral("<ul>~    <li>a|b~    <li>c~</ul>~<pre>~ x~</pre>"));
+    test_->Press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(
+        Editor()->Text(),
+        QStringLiteral("<ul>~<li>ab~    <li>c~</ul>~<pre>~ x~</pre>").replace(u'~', QStringLiteral("\r\n")));
+    QVERIFY(!Editor()->document()->isUndoAvailable());
+}
+
+void tst_pagecommands::formattedPageStaysUnchanged()
+{
+    Fill("<ul>~\t<li>a|~</ul>");
+    Use("mnuPFormat");
+    QVERIFY(!test_->window.File().IsChanged());
+    QVERIFY(!Editor()->document()->isUndoAvailable());
 }
 
 QTEST_MAIN(tst_pagecommands)
