@@ -2,6 +2,7 @@
 
 #include "app/ProblemsBar.h"
 #include "app/SourceEditor.h"
+#include "app/TagCompletion.h"
 #include "app/rules/CommentRules.h"
 #include "app/rules/EndTags.h"
 #include "app/rules/LineIndent.h"
@@ -56,9 +57,10 @@ PageCommands::PageCommands(
     editor_.installEventFilter(this);
 }
 
-void PageCommands::SetTabEntry(QAction& entry)
+void PageCommands::SetEntries(QAction& tabEntry, QAction& completeEntry)
 {
-    tabEntry_ = &entry;
+    completion_ = new TagCompletion(editor_, settings_, file_, completeEntry);
+    tabEntry_ = &tabEntry;
     tabEntry_->setCheckable(true);
     tabEntry_->setChecked(DoesTabIndent());
 }
@@ -202,6 +204,11 @@ void PageCommands::mnuPCloseTag_Click()
         editor_.Select(editor_.SelStart() + editor_.SelLength(), 0);
         editor_.ReplaceSelection(endTag);
     }
+}
+
+void PageCommands::mnuPComplete_Click()
+{
+    completion_->mnuPComplete_Click();
 }
 
 void PageCommands::mnuPFormat_Click()

@@ -7,6 +7,7 @@ class ProblemsBar;
 class QAction;
 class Settings;
 class SourceEditor;
+class TagCompletion;
 
 /** The commands of the Page menu that work on the text and have no window of their own. */
 class PageCommands : public QObject
@@ -16,8 +17,9 @@ class PageCommands : public QObject
 public:
     PageCommands(QWidget* window, SourceEditor& editor, Settings& settings, const DocumentFile& file);
 
-    /** Shows by `entry` whether the Tab key moves lines; needed before the commands are used. */
-    void SetTabEntry(QAction& entry);
+    /** Shows by its entries whether the Tab key moves lines and whether tags are completed; needed before the
+     * commands are used. */
+    void SetEntries(QAction& tabEntry, QAction& completeEntry);
 
     void mnuPGoTo_Click();
     void mnuPIndent_Click();
@@ -25,6 +27,7 @@ public:
     void mnuPTabIndents_Click();
     void mnuPComment_Click();
     void mnuPCloseTag_Click();
+    void mnuPComplete_Click();
     void mnuPFormat_Click();
     void mnuPCheck_Click();
 
@@ -45,5 +48,6 @@ private:
     Settings& settings_;
     const DocumentFile& file_;
     QAction* tabEntry_ = nullptr;
+    TagCompletion* completion_ = nullptr;
     ProblemsBar* problems_ = nullptr; ///< once it was wanted
 };

@@ -140,6 +140,8 @@ constexpr auto commandRows = std::to_array<Row>({
       In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click> },
     { Entry, "mnuPComment", "Co&mment", "Ctrl+/", In<&frmIMmain::Pages, &PageCommands::mnuPComment_Click> },
     { Entry, "mnuPCloseTag", "&Close Tag", "", In<&frmIMmain::Pages, &PageCommands::mnuPCloseTag_Click> },
+    { Entry, "mnuPComplete", "Tag Comp&letion", "",
+      In<&frmIMmain::Pages, &PageCommands::mnuPComplete_Click> },
     { Entry, "mnuPFormat", "Form&at Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPFormat_Click> },
     { Separator, "mnuPSep5" },
     { Entry, "mnuPCheck", "Chec&k Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPCheck_Click> },
@@ -213,7 +215,9 @@ void frmIMmain::CreateParts()
         this, *findChild<QMenu*>(QStringLiteral("mnuPRecent")), imgMap_, file_,
         [this](const QString& path) { documents_->OpenNamed(path); },
         [this](const QString& path) { OpenPicture(path); });
-    pages_->SetTabEntry(commands_.EntryOf(In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click>));
+    pages_->SetEntries(
+        commands_.EntryOf(In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click>),
+        commands_.EntryOf(In<&frmIMmain::Pages, &PageCommands::mnuPComplete_Click>));
     views_ = std::make_unique<ViewCommands>(
         source, imgMap_.Remembered, commands_.MenuOf(In<&frmIMmain::Views, &ViewCommands::mnuVColours_Click>),
         [this](ViewChoice choice, bool isOn) { commands_.SetChecked(choice, isOn); });

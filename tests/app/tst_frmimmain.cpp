@@ -164,6 +164,7 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder_data()
                                              { "mnuPTabIndents", "&Tab Key Indents", "" },
                                              { "mnuPComment", "Co&mment", "Ctrl+/" },
                                              { "mnuPCloseTag", "&Close Tag", "" },
+                                             { "mnuPComplete", "Tag Comp&letion", "" },
                                              { "mnuPFormat", "Form&at Page", "" },
                                              { "mnuPSep5" },
                                              { "mnuPCheck", "Chec&k Page", "" } };
@@ -195,7 +196,8 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder()
         QCOMPARE(action->text(), QString::fromLatin1(lines[i].caption));
         QCOMPARE(
             action->shortcut().toString(QKeySequence::PortableText), QString::fromLatin1(lines[i].shortcut));
-        QCOMPARE(action->isCheckable(), action->objectName() == u"mnuPTabIndents");
+        const QStringList checkable = { QStringLiteral("mnuPTabIndents"), QStringLiteral("mnuPComplete") };
+        QCOMPARE(action->isCheckable(), checkable.contains(action->objectName()));
         QVERIFY2(action->isEnabled(), lines[i].name);
     }
 }
