@@ -38,7 +38,11 @@ void EditorMargins::SetIndent(double twips)
 
 void EditorMargins::SetBar(Qt::Edge edge, QWidget* bar)
 {
-    (edge == Qt::TopEdge ? top_ : edge == Qt::BottomEdge ? bottom_ : left_) = bar;
+    if (edge == Qt::BottomEdge) {
+        bottom_ << bar;
+    } else {
+        (edge == Qt::TopEdge ? top_ : left_) = bar;
+    }
     bar->setParent(&editor_);
     bar->installEventFilter(this);
     Refresh();
@@ -50,7 +54,11 @@ QMargins EditorMargins::Wanted() const
     const int room = std::max(editor_.contentsRect().width() - numbers - leastTextWidth, 0);
     const int indent = static_cast<int>(std::nearbyint(indent_ / twipsPerPixel));
     const int width = editor_.viewport()->width() + shown_.left();
-    return { numbers + std::min(indent, room), HeightOf(top_, width), 0, HeightOf(bottom_, width) };
+    int below = 0;
+    for (const QWidget* const bar : bottom_) {
+        below += HeightOf(bar, width);
+    }
+    return { numbers + std::min(indent, room), HeightOf(top_, width), 0, below };
 }
 
 void EditorMargins::Refresh()
@@ -70,8 +78,11 @@ void EditorMargins::PlaceBars(const QMargins& margins) const
     if (top_ != nullptr) {
         top_->setGeometry(whole.left(), whole.top(), whole.width(), margins.top());
     }
-    if (bottom_ != nullptr) {
-        bottom_->setGeometry(whole.left(), text.bottom() + 1, whole.width(), margins.bottom());
+    int bottom = whole.bottom() + 1;
+    for (QWidget* const bar : bottom_) {
+        const int height = HeightOf(bar, whole.width());
+        bottom -= height;
+        bar->setGeometry(whole.left(), bottom, whole.width(), height);
     }
     if (left_ != nullptr) {
         left_->setGeometry(whole.left(), text.top(), left_->sizeHint().width(), text.height());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QMargins>
 #include <QObject>
 #include <functional>
@@ -19,7 +20,8 @@ public:
     /** Moves the whole text in from the left edge, in twips; on a narrow editor by less. */
     void SetIndent(double twips);
 
-    /** Shows `bar` at an edge while it is not hidden: as high, at the left as wide, as it wants to be. */
+    /** Shows `bar` at an edge while it is not hidden: as high, at the left as wide, as it wants to be.
+     * Several can stand at the bottom, the first of them the lowest. */
     void SetBar(Qt::Edge edge, QWidget* bar);
 
     /** Makes room anew; for an editor that has another size. */
@@ -36,7 +38,7 @@ private:
     std::function<void(const QMargins&)> setMargins_;
     QMargins shown_;
     QWidget* top_ = nullptr;
-    QWidget* bottom_ = nullptr;
+    QList<QWidget*> bottom_; ///< from the lowest
     QWidget* left_ = nullptr;
     double indent_ = 0; ///< in twips
 };

@@ -114,6 +114,11 @@ SyntaxColours::SyntaxColours(SourceEditor& editor)
     editor_.viewport()->update();
 }
 
+std::optional<HtmlState> SyntaxColours::StateAt(const QTextBlock& block)
+{
+    return states_.At(block, mostAtOnce);
+}
+
 void SyntaxColours::TakeAway()
 {
     for (QTextBlock block = editor_.document()->begin(); block.isValid(); block = block.next()) {

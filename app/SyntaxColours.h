@@ -21,6 +21,9 @@ class SyntaxColours : public QObject
 public:
     explicit SyntaxColours(SourceEditor& editor);
 
+    /** How a line is to be read; nothing while that is not known, which it will be before long. */
+    [[nodiscard]] std::optional<HtmlState> StateAt(const QTextBlock& block);
+
     /** Shows the text as before. */
     void TakeAway();
 

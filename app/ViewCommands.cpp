@@ -1,6 +1,7 @@
 #include "app/ViewCommands.h"
 
 #include "app/LineNumbers.h"
+#include "app/PairMarks.h"
 #include "app/Shades.h"
 #include "app/SourceEditor.h"
 #include "app/SyntaxColours.h"
@@ -145,7 +146,9 @@ void ViewCommands::ShowColours(bool areShown)
 {
     if (areShown) {
         colours_ = std::make_unique<SyntaxColours>(editor_);
+        pairs_ = std::make_unique<PairMarks>(editor_, *colours_);
     } else if (colours_ != nullptr) {
+        pairs_.reset();
         colours_->TakeAway();
         colours_.reset();
     }

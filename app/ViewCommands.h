@@ -5,6 +5,7 @@
 #include <memory>
 
 class LineNumbers;
+class PairMarks;
 class QMenu;
 class Settings;
 class SourceEditor;
@@ -57,6 +58,7 @@ private:
     Settings& settings_;
     std::function<void(ViewChoice, bool)> check_;
     std::unique_ptr<SyntaxColours> colours_; ///< while they are on
+    std::unique_ptr<PairMarks> pairs_;       ///< with the colours
     LineNumbers* numbers_ = nullptr;         ///< once they were wanted
     double usualSize_ = 0;                   ///< of the text, in points
     double usualTab_ = 0;                    ///< in pixels

@@ -8,6 +8,7 @@
 #include "app/LinksList.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/RecentFiles.h"
 #include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/ViewCommands.h"
@@ -223,6 +224,7 @@ void frmIMmain::OpenImageMapEditor()
     ShowOnce(imageMapEditor_, [this] {
         auto* const editor = new frmImageMap(imgMap_, map_, *page_, *help_, this);
         new FileDrops(editor, nullptr, [this](const QStringList& paths) { OpenFiles(paths); });
+        connect(editor, &frmImageMap::PictureFileKnown, recent_, &RecentFiles::NotePicture);
         return editor;
     });
 }
@@ -237,9 +239,14 @@ void frmIMmain::OpenFiles(const QStringList& paths)
         documents_->OpenNamed(files.Page);
     }
     if (!files.Picture.isEmpty()) {
-        OpenImageMapEditor();
-        imageMapEditor_->OpenNamedImage(files.Picture);
+        OpenPicture(files.Picture);
     }
+}
+
+void frmIMmain::OpenPicture(const QString& path)
+{
+    OpenImageMapEditor();
+    imageMapEditor_->OpenNamedImage(path);
 }
 
 void frmIMmain::mnuTPref_Click()

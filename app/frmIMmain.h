@@ -26,6 +26,7 @@ class PageCommands;
 class QLabel;
 class QMouseEvent;
 class QUrl;
+class RecentFiles;
 class RecoveryKeeper;
 class TagTree;
 class ViewCommands;
@@ -51,6 +52,7 @@ public:
     void Form_Load();
 
     void OpenImageMapEditor();
+    void OpenPicture(const QString& path);
 
     /** Opens a page and a picture of `paths`, and comes to the front. */
     void OpenFiles(const QStringList& paths);
@@ -103,10 +105,11 @@ private:
     std::unique_ptr<DocumentCommands> documents_;
     std::unique_ptr<EditCommands> edits_;
     std::unique_ptr<EditedPage> page_;
-    std::unique_ptr<PageCommands> pages_;
     std::unique_ptr<ViewCommands> views_;
+    PageCommands* pages_ = nullptr;
     MessageBar* messages_ = nullptr;
     EncodingCommands* encodings_ = nullptr;
+    RecentFiles* recent_ = nullptr;
     RecoveryKeeper* recovery_ = nullptr;
     FindBar* find_ = nullptr; ///< once it was wanted
     OutsideCommands* outside_ = nullptr;

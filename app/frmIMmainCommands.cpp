@@ -10,6 +10,7 @@
 #include "app/MessageBar.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/RecentFiles.h"
 #include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
 #include "app/ViewCommands.h"
@@ -128,6 +129,22 @@ constexpr auto commandRows = std::to_array<Row>({
     { Entry, "mnuPGoTo", "&Go to Line...", "Ctrl+G", In<&frmIMmain::Pages, &PageCommands::mnuPGoTo_Click> },
     { Separator, "mnuPSep2" },
     { Entry, "mnuPRedo", "Red&o", "Ctrl+Y", In<&frmIMmain::Source, &SourceEditor::redo> },
+    { Separator, "mnuPSep3" },
+    { Submenu, "mnuPRecent", "R&ecent Files" },
+    { EndSubmenu },
+    { Separator, "mnuPSep4" },
+    { Entry, "mnuPIndent", "&Indent Lines", "", In<&frmIMmain::Pages, &PageCommands::mnuPIndent_Click> },
+    { Entry, "mnuPUnindent", "&Unindent Lines", "",
+      In<&frmIMmain::Pages, &PageCommands::mnuPUnindent_Click> },
+    { Entry, "mnuPTabIndents", "&Tab Key Indents", "",
+      In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click> },
+    { Entry, "mnuPComment", "Co&mment", "Ctrl+/", In<&frmIMmain::Pages, &PageCommands::mnuPComment_Click> },
+    { Entry, "mnuPCloseTag", "&Close Tag", "", In<&frmIMmain::Pages, &PageCommands::mnuPCloseTag_Click> },
+    { Entry, "mnuPComplete", "Tag Comp&letion", "",
+      In<&frmIMmain::Pages, &PageCommands::mnuPComplete_Click> },
+    { Entry, "mnuPFormat", "Form&at Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPFormat_Click> },
+    { Separator, "mnuPSep5" },
+    { Entry, "mnuPCheck", "Chec&k Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPCheck_Click> },
     { Menu, "mnuView", "&View" },
     { .kind = Entry,
       .name = "mnuVColours",
@@ -178,7 +195,7 @@ void frmIMmain::CreateParts()
     documents_ = std::make_unique<DocumentCommands>(this, imgMap_, source, file_);
     edits_ = std::make_unique<EditCommands>(this, source, *ui_->txtCTags);
     page_ = std::make_unique<EditedPage>(source, file_);
-    pages_ = std::make_unique<PageCommands>(this, source);
+    pages_ = new PageCommands(this, source, imgMap_.Remembered, file_);
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
@@ -194,6 +211,13 @@ void frmIMmain::CreateParts()
         imgMap_, ui_->txtCTags, ui_->ListView1,
         { .Add = ui_->btnAdd, .Delete = ui_->btnDelete, .Save = ui_->btnSave });
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
+    recent_ = new RecentFiles(
+        this, *findChild<QMenu*>(QStringLiteral("mnuPRecent")), imgMap_, file_,
+        [this](const QString& path) { documents_->OpenNamed(path); },
+        [this](const QString& path) { OpenPicture(path); });
+    pages_->SetEntries(
+        commands_.EntryOf(In<&frmIMmain::Pages, &PageCommands::mnuPTabIndents_Click>),
+        commands_.EntryOf(In<&frmIMmain::Pages, &PageCommands::mnuPComplete_Click>));
     views_ = std::make_unique<ViewCommands>(
         source, imgMap_.Remembered, commands_.MenuOf(In<&frmIMmain::Views, &ViewCommands::mnuVColours_Click>),
         [this](ViewChoice choice, bool isOn) { commands_.SetChecked(choice, isOn); });

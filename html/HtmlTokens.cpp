@@ -145,9 +145,9 @@ const HtmlAttribute* HtmlToken::Find(QStringView text, QLatin1String attribute) 
     return found == attributes.end() ? nullptr : &*found;
 }
 
-HtmlTokens::HtmlTokens(QStringView text)
+HtmlTokens::HtmlTokens(QStringView text, const HtmlState& state)
     : text_(text)
-    , scanner_(text)
+    , scanner_(text, state)
 {
 }
 

@@ -39,8 +39,9 @@ struct HtmlToken
 class HtmlTokens
 {
 public:
-    /** `text` must outlive this. */
-    explicit HtmlTokens(QStringView text);
+    /** `text` must outlive this. From a state within a tag or comment, what is left of that comes as texts.
+     */
+    explicit HtmlTokens(QStringView text, const HtmlState& state = {});
 
     /** Puts the next token into `token`, whose memory it uses again; false at the end. */
     bool Next(HtmlToken& token);

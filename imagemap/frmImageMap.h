@@ -61,6 +61,10 @@ public:
     /** The fields about the whole map. */
     [[nodiscard]] MapFields& Fields() const { return *fields_; }
 
+Q_SIGNALS:
+    /** A picture was opened, or saved, that is in the file `path`. */
+    void PictureFileKnown(const QString& path);
+
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

@@ -54,6 +54,8 @@ void frmImageMap::CreatePictureCommands()
     connect(pictures_, &PictureCommands::Opened, this, &frmImageMap::ShowPicture);
     connect(pictures_, &PictureCommands::Renewed, this, &frmImageMap::Pictures_Renewed);
     connect(pictures_, &PictureCommands::Moved, this, &frmImageMap::ShowPictureFile);
+    connect(pictures_, &PictureCommands::Opened, this, &frmImageMap::PictureFileKnown);
+    connect(pictures_, &PictureCommands::Moved, this, &frmImageMap::PictureFileKnown);
     connect(pictures_, &PictureCommands::Changed, this, &frmImageMap::ShowHint);
     connect(
         pictures_, &PictureCommands::OfferMade, this,

@@ -146,7 +146,19 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder_data()
                                              { "mnuPSep1" },
                                              { "mnuPGoTo", "&Go to Line...", "Ctrl+G" },
                                              { "mnuPSep2" },
-                                             { "mnuPRedo", "Red&o", "Ctrl+Y" } };
+                                             { "mnuPRedo", "Red&o", "Ctrl+Y" },
+                                             { "mnuPSep3" },
+                                             { "mnuPRecent", "R&ecent Files", "" },
+                                             { "mnuPSep4" },
+                                             { "mnuPIndent", "&Indent Lines", "" },
+                                             { "mnuPUnindent", "&Unindent Lines", "" },
+                                             { "mnuPTabIndents", "&Tab Key Indents", "" },
+                                             { "mnuPComment", "Co&mment", "Ctrl+/" },
+                                             { "mnuPCloseTag", "&Close Tag", "" },
+                                             { "mnuPComplete", "Tag Comp&letion", "" },
+                                             { "mnuPFormat", "Form&at Page", "" },
+                                             { "mnuPSep5" },
+                                             { "mnuPCheck", "Chec&k Page", "" } };
     QTest::newRow("mnuHelp") << "&Help"
                              << QList<Line>{ { "mnuHContents", "&Contents", "F1" },
                                              { "mnuHSearch", "&Search" },
@@ -175,7 +187,8 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder()
         QCOMPARE(action->text(), QString::fromLatin1(lines[i].caption));
         QCOMPARE(
             action->shortcut().toString(QKeySequence::PortableText), QString::fromLatin1(lines[i].shortcut));
-        QVERIFY(!action->isCheckable());
+        const QStringList checkable = { QStringLiteral("mnuPTabIndents"), QStringLiteral("mnuPComplete") };
+        QCOMPARE(action->isCheckable(), checkable.contains(action->objectName()));
         QVERIFY2(action->isEnabled(), lines[i].name);
     }
 }
@@ -202,9 +215,10 @@ void tst_frmimmain::everyCommandHasItsOwnShortcut()
     }
     shortcuts.sort();
     QCOMPARE(
-        shortcuts.join(u' '), QStringLiteral("Ctrl++ Ctrl+- Ctrl+C Ctrl+D Ctrl+E Ctrl+F Ctrl+G Ctrl+H Ctrl+I "
-                                             "Ctrl+N Ctrl+O Ctrl+P Ctrl+S Ctrl+X "
-                                             "Ctrl+Y Ctrl+Z Del F1 F3 Shift+F3"));
+        shortcuts.join(u' '),
+        QStringLiteral("Ctrl++ Ctrl+- Ctrl+/ Ctrl+C Ctrl+D Ctrl+E Ctrl+F Ctrl+G Ctrl+H Ctrl+I "
+                       "Ctrl+N Ctrl+O Ctrl+P Ctrl+S Ctrl+X "
+                       "Ctrl+Y Ctrl+Z Del F1 F3 Shift+F3"));
 }
 
 void tst_frmimmain::toolbarHasItsButtonsAndSeparators()

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/rules/Completions.h"
+
+#include <QObject>
+
+class DocumentFile;
+class QAction;
+class QCompleter;
+class QKeyEvent;
+class QStringListModel;
+class Settings;
+class SourceEditor;
+
+/**
+ * Offers at Ctrl+Space what can be written at the caret, and puts in the end tag with the ">" of a start tag.
+ * Off until the user turns it on; then it is remembered.
+ */
+class TagCompletion : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** `entry` of the menu turns it on and off. */
+    TagCompletion(SourceEditor& editor, Settings& settings, const DocumentFile& file, QAction& entry);
+
+    void mnuPComplete_Click();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /** A part of the page before the caret and behind it, whole lines. */
+    struct Part
+    {
+        int Start = 0; ///< in the document
+        QString Text;
+        HtmlState State;
+        qsizetype Caret = 0; ///< in the text
+    };
+    enum class From { BeginningOfPage, SomeLinesBefore };
+
+    [[nodiscard]] bool IsOn() const;
+    [[nodiscard]] bool Editor_KeyPress(const QKeyEvent& key);
+    [[nodiscard]] bool List_KeyPress(const QKeyEvent& key);
+    [[nodiscard]] bool PutInEndTag();
+    [[nodiscard]] Part PartAround(From from) const;
+    [[nodiscard]] QStringList Maps() const;
+    [[nodiscard]] QStringList Files(const QString& folder) const;
+
+    void ShowList();
+    void CreateList();
+    void PutIn(const QString& text);
+
+    SourceEditor& editor_;
+    Settings& settings_;
+    const DocumentFile& file_;
+    QAction& entry_;
+    QCompleter* completer_ = nullptr; ///< once it was wanted
+    QStringListModel* model_ = nullptr;
+    QStringList offered_;
+    int begun_ = 0; ///< where in the document that begins which what is offered replaces
+};
