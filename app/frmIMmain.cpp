@@ -1,11 +1,12 @@
 #include "app/frmIMmain.h"
 
-#include "app/CapsLock.h"
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
 #include "app/EncodingCommands.h"
 #include "app/FileDrops.h"
 #include "app/LinksList.h"
+#include "app/LogoPicture.h"
+#include "app/MainPanels.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
 #include "app/RecentFiles.h"
@@ -25,7 +26,6 @@
 
 #include <QCloseEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QUrl>
 #include <QWindow>
 
@@ -36,11 +36,6 @@ constexpr int belowToolbar = 4;
 
 /** What the user cannot make the window smaller than: there are its tools, some tags and some source. */
 constexpr QSize leastSize(520, 360);
-
-/** A window darker than this is a dark one. */
-constexpr int middleLightness = 128;
-/** How many times as fine as it is shown the logo is drawn. */
-constexpr qreal logoFineness = 3;
 
 } // namespace
 
@@ -54,12 +49,12 @@ frmIMmain::frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
     ui_->setupUi(this);
     HoldOneLine(this);
     CreateParts();
-    CreateStatusBar();
+    const auto* const panels = new MainPanels(ui_->StatusBar1, desktop_, file_);
+    encodings_->AddTo(*ui_->StatusBar1, panels->Height());
     PlaceToolbar();
     // A tag is known by its beginning.
     ui_->lblQTagsO->SetElideMode(Qt::ElideRight);
     ui_->lblQTagsC->SetElideMode(Qt::ElideRight);
-    ShowLogo();
     GrowWithText();
     ConnectControls();
     ui_->MapsText1->setFocus();
@@ -70,29 +65,11 @@ frmIMmain::~frmIMmain() = default;
 void frmIMmain::ConnectControls()
 {
     connect(ui_->MapsText1, &SourceEditor::Change, &file_, &DocumentFile::MarkChanged);
-    connect(&file_, &DocumentFile::NameChanged, this, &frmIMmain::ShowDocumentName);
     connect(help_.get(), &HelpDisplay::LinkToOutside, this, &frmIMmain::Help_LinkToOutside);
-    for (QObject* const watched :
-         std::initializer_list<QObject*>{ ui_->centralWidget, ui_->Picture1, ui_->Picture2 }) {
-        watched->installEventFilter(this);
+    for (QLabel* const picture : { ui_->Picture1, ui_->Picture2 }) {
+        connect(new LogoPicture(picture), &LogoPicture::Click, outside_, &OutsideCommands::OpenHomePage);
     }
-}
-
-void frmIMmain::CreateStatusBar()
-{
-    panel1_ = new QLabel(QStringLiteral("CAPS"), this);
-    panel2_ = new QLabel(this);
-    panel3_ = new ElidedLabel(this);
-    panel1_->setObjectName(QStringLiteral("StatusBar1_Panel1"));
-    panel2_->setObjectName(QStringLiteral("StatusBar1_Panel2"));
-    panel3_->setObjectName(QStringLiteral("StatusBar1_Panel3"));
-    const auto* const capsLock = new CapsLock(desktop_, this);
-    panel1_->setEnabled(capsLock->IsOn());
-    connect(capsLock, &CapsLock::Changed, panel1_, &QLabel::setEnabled);
-    ui_->StatusBar1->addWidget(panel1_);
-    ui_->StatusBar1->addWidget(panel2_);
-    ui_->StatusBar1->addWidget(panel3_, 1);
-    encodings_->AddTo(*ui_->StatusBar1, panel1_->sizeHint().height());
+    ui_->centralWidget->installEventFilter(this);
 }
 
 void frmIMmain::PlaceToolbar()
@@ -101,17 +78,6 @@ void frmIMmain::PlaceToolbar()
     const int top = ui_->Frame1->geometry().bottom() + 1 + belowToolbar;
     ui_->SSTab1->move(ui_->SSTab1->x(), top);
     ui_->MapsText1->move(ui_->MapsText1->x(), top);
-}
-
-/** Shows the logo in the letters that stand out from the window. */
-void frmIMmain::ShowLogo()
-{
-    const bool isDark = palette().color(QPalette::Window).lightness() < middleLightness;
-    const QIcon logo(isDark ? QStringLiteral(":/icons/logo-dark.svg") : QStringLiteral(":/icons/logo.svg"));
-    for (QLabel* const picture : { ui_->Picture1, ui_->Picture2 }) {
-        // Fine enough for every screen: the label makes it as small as it is shown.
-        picture->setPixmap(logo.pixmap(picture->minimumSize(), logoFineness));
-    }
 }
 
 /** Makes the source's letters, and the room for the tags beside it, larger on a desktop with large text. */
@@ -165,19 +131,8 @@ bool frmIMmain::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize && watched == ui_->centralWidget) {
         Form_Resize();
-    } else if (
-        event->type() == QEvent::MouseButtonRelease &&
-        (watched == ui_->Picture1 || watched == ui_->Picture2)) {
-        Picture_MouseUp(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
     }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void frmIMmain::Picture_MouseUp(const QWidget& picture, const QMouseEvent& event)
-{
-    if (event.button() == Qt::LeftButton && picture.rect().contains(event.position().toPoint())) {
-        outside_->OpenHomePage();
-    }
 }
 
 void frmIMmain::Form_Resize()
@@ -254,12 +209,6 @@ void frmIMmain::mnuTPref_Click()
     ShowOnce(options_, [this] { return new frmMapOptions(imgMap_, *ui_->MapsText1, this); });
 }
 
-void frmIMmain::ShowDocumentName(const QString& name)
-{
-    panel3_->setText(name);
-    panel3_->setToolTip(PlainToolTip(name));
-}
-
 void frmIMmain::ShowHelpContents()
 {
     GoToProgramFolder(imgMap_);
@@ -285,14 +234,6 @@ bool frmIMmain::QueryUnload()
 void frmIMmain::ExitProgram()
 {
     close();
-}
-
-void frmIMmain::changeEvent(QEvent* event)
-{
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        ShowLogo();
-    }
 }
 
 void frmIMmain::closeEvent(QCloseEvent* event)

@@ -23,8 +23,6 @@ class MapDocument;
 class MessageBar;
 class OutsideCommands;
 class PageCommands;
-class QLabel;
-class QMouseEvent;
 class QUrl;
 class RecentFiles;
 class RecoveryKeeper;
@@ -78,24 +76,19 @@ public:
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void Picture_MouseUp(const QWidget& picture, const QMouseEvent& event);
     void Help_LinkToOutside(const QUrl& url);
     void Form_Resize();
     void Form_Unload();
 
     void CreateParts();
-    void CreateStatusBar();
     void PlaceToolbar();
-    void ShowLogo();
     void GrowWithText();
     void KeepLeastSize();
     void ConnectControls();
     template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);
-    void ShowDocumentName(const QString& name);
 
     ImgMap& imgMap_;
     MapDocument& map_;
@@ -116,9 +109,6 @@ private:
     TagTree* tags_ = nullptr;
     LinksList* links_ = nullptr;
     CommandSet<Command> commands_;
-    QLabel* panel1_ = nullptr;
-    QLabel* panel2_ = nullptr;
-    QLabel* panel3_ = nullptr;
     std::unique_ptr<HelpDisplay> help_;
     QPointer<frmImageMap> imageMapEditor_;
     QPointer<frmMapOptions> options_;
