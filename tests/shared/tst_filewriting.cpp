@@ -2,10 +2,6 @@
 
 #include <QFileInfo>
 
-#ifdef Q_OS_UNIX
-#include <cerrno>
-#endif
-
 class tst_filewriting : public FileWritingFixture
 {
     Q_OBJECT
@@ -22,9 +18,6 @@ private Q_SLOTS:
     void missingFolderIsAnErrorThatLeavesNothing();
     void folderIsNotWritten();
 
-    void newFileGetsTheUsersPermissions();
-    void permissionsSurvive_data();
-    void permissionsSurvive();
     void namesUpToTheLongestAreWritten_data();
     void namesUpToTheLongestAreWritten();
 };
@@ -94,33 +87,6 @@ void tst_filewriting::folderIsNotWritten()
     QVERIFY(!error.isEmpty());
     QVERIFY(QFileInfo(Path()).isDir());
     QCOMPARE(Names(), QStringList("page.htm"));
-}
-
-void tst_filewriting::newFileGetsTheUsersPermissions()
-{
-    const mode_t before = umask(027);
-    const QString error = Write(Path(), newText);
-    umask(before);
-    QCOMPARE(error, QString());
-    QCOMPARE(ModeOf(Path()), 0640);
-}
-
-void tst_filewriting::permissionsSurvive_data()
-{
-    QTest::addColumn<int>("mode");
-    for (const int mode : { 0600, 0640, 0644, 0660, 0666, 0755, 0777 }) {
-        QTest::newRow(qPrintable(QString::number(mode, 8))) << mode;
-    }
-}
-
-void tst_filewriting::permissionsSurvive()
-{
-    QFETCH(const int, mode);
-    QVERIFY(Create(Path()));
-    QCOMPARE(chmod(Native(Path()).constData(), static_cast<mode_t>(mode)), 0);
-    QCOMPARE(Write(Path(), newText), QString());
-    QCOMPARE(ModeOf(Path()), mode);
-    QCOMPARE(Content(Path()), newText);
 }
 
 void tst_filewriting::namesUpToTheLongestAreWritten_data()

@@ -40,6 +40,10 @@ private Q_SLOTS:
     void init() { Start(); }
     void cleanup() { Finish(); }
 
+    void newFileGetsTheUsersPermissions();
+    void permissionsSurvive_data();
+    void permissionsSurvive();
+
     void linkStaysALink_data();
     void linkStaysALink();
     void linkThroughALinkedFolderIsFollowed();
@@ -56,6 +60,33 @@ private Q_SLOTS:
     void pipeWithoutAReaderIsAnError();
     void pipeThatIsNotEmptiedIsAnError();
 };
+
+void tst_writingthrough::newFileGetsTheUsersPermissions()
+{
+    const mode_t before = umask(027);
+    const QString error = Write(Path(), newText);
+    umask(before);
+    QCOMPARE(error, QString());
+    QCOMPARE(ModeOf(Path()), 0640);
+}
+
+void tst_writingthrough::permissionsSurvive_data()
+{
+    QTest::addColumn<int>("mode");
+    for (const int mode : { 0600, 0640, 0644, 0660, 0666, 0755, 0777 }) {
+        QTest::newRow(qPrintable(QString::number(mode, 8))) << mode;
+    }
+}
+
+void tst_writingthrough::permissionsSurvive()
+{
+    QFETCH(const int, mode);
+    QVERIFY(Create(Path()));
+    QCOMPARE(chmod(Native(Path()).constData(), static_cast<mode_t>(mode)), 0);
+    QCOMPARE(Write(Path(), newText), QString());
+    QCOMPARE(ModeOf(Path()), mode);
+    QCOMPARE(Content(Path()), newText);
+}
 
 void tst_writingthrough::linkStaysALink_data()
 {
