@@ -9,7 +9,6 @@
 
 #include <QBuffer>
 #include <QClipboard>
-#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QMenu>
@@ -70,8 +69,6 @@ PictureCommands::PictureCommands(const Parts& parts)
         AddEntry("mnuVSavePasted", QStringLiteral("Sa&ve Pasted Picture..."), &PictureCommands::SavePasted);
     loadAnew_->setEnabled(false);
     savePasted_->setEnabled(false);
-    parts_.window.setAcceptDrops(true);
-    parts_.window.installEventFilter(this);
     settling_.setSingleShot(true);
     settling_.setInterval(settlingTime);
     connect(&settling_, &QTimer::timeout, this, &PictureCommands::Look);
@@ -86,33 +83,6 @@ QAction* PictureCommands::AddEntry(const char* name, const QString& caption, voi
     entry->setObjectName(QString::fromLatin1(name));
     connect(entry, &QAction::triggered, this, run);
     return entry;
-}
-
-bool PictureCommands::eventFilter(QObject* watched, QEvent* event)
-{
-    const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::Drop;
-    if (!isDrag) {
-        return QObject::eventFilter(watched, event);
-    }
-    auto* const drop = static_cast<QDropEvent*>(event);
-    const QString path = FileIn(drop->mimeData());
-    if (path.isEmpty()) {
-        return false;
-    }
-    drop->setDropAction(Qt::CopyAction);
-    drop->accept();
-    if (event->type() == QEvent::Drop) {
-        // Whoever drags waits until this is done, and there may be a question.
-        QMetaObject::invokeMethod(
-            this,
-            [this, path] {
-                if (parts_.begin()) {
-                    Open(path);
-                }
-            },
-            Qt::QueuedConnection);
-    }
-    return true;
 }
 
 void PictureCommands::Refuse(const QString& path, const QString& problem)

@@ -16,9 +16,9 @@ class QMainWindow;
 class QMenu;
 
 /**
- * The other ways to a picture: a command for all forms that there are readers for, a file dropped on the
- * window, the clipboard, and the file of the present one when it was changed. A picture is read before
- * anything is given up for it, so one that cannot be read costs nothing.
+ * The other ways to a picture: a command for all forms that there are readers for, the clipboard, and the
+ * file of the present one when it was changed. A picture is read before anything is given up for it, so one
+ * that cannot be read costs nothing.
  */
 class PictureCommands final : public QObject
 {
@@ -72,9 +72,6 @@ Q_SIGNALS:
 
     /** IsChanged() has become true. */
     void Changed();
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QAction* AddEntry(const char* name, const QString& caption, void (PictureCommands::*run)());

@@ -3,8 +3,6 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMimeData>
-#include <QUrl>
 
 namespace {
 
@@ -13,7 +11,7 @@ constexpr QColor otherGround(30, 30, 200);
 
 } // namespace
 
-/** Pictures that come by the new commands, are dropped, pasted, or changed on disk. */
+/** Pictures that come by the new commands, are pasted, or changed on disk. */
 class tst_otherpictures : public EditorTest
 {
     Q_OBJECT
@@ -31,8 +29,6 @@ private Q_SLOTS:
     void whatCannotBeReadCostsNothing();
     void areasAreAskedForBeforeTheyGo();
     void openingIsUndoneAsAnotherPictureIs();
-    void aDroppedPictureIsOpened();
-    void severalDroppedFilesAreLeftAlone();
     void aPastedPictureIsOpenedAndSaved();
     void areasArePastedBeforePictures();
     void aPictureChangedOnDiskIsOffered();
@@ -62,24 +58,8 @@ private:
         test_->editor->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(test_->editor));
     }
-    void Drop(const QList<QUrl>& urls)
-    {
-        QMimeData data;
-        data.setUrls(urls);
-        const QPoint place = test_->editor->rect().center();
-        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(test_->editor, &enter);
-        isTaken_ = enter.isAccepted();
-        if (isTaken_) {
-            QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-            QApplication::sendEvent(test_->editor, &drop);
-        }
-        EditorFixture::Settle();
-    }
     [[nodiscard]] QString Hint() const { return test_->Text("StatusBar1_Panel3"); }
     [[nodiscard]] QColor Shown() const { return test_->Pixels().pixelColor(80, 70); }
-
-    bool isTaken_ = false;
 };
 
 void tst_otherpictures::anotherFormIsOpened()
@@ -149,24 +129,6 @@ void tst_otherpictures::openingIsUndoneAsAnotherPictureIs()
     test_->Entry("mnuARedo")->trigger();
     QCOMPARE(test_->Surface()->size(), QSize(200, 150));
     QCOMPARE(Shown(), otherGround);
-}
-
-void tst_otherpictures::aDroppedPictureIsOpened()
-{
-    Drop({ QUrl::fromLocalFile(Png("other.png")) });
-    QVERIFY(isTaken_);
-    QTRY_COMPARE(test_->Surface()->size(), QSize(120, 90));
-    QCOMPARE(test_->map.Picture(), test_->folder.Path("other.png"));
-}
-
-void tst_otherpictures::severalDroppedFilesAreLeftAlone()
-{
-    const QUrl url = QUrl::fromLocalFile(Png("other.png"));
-    Drop({ url, url });
-    QVERIFY(!isTaken_);
-    Drop({ QUrl("https://example.org/other.png") });
-    QVERIFY(!isTaken_);
-    QVERIFY(test_->map.Picture().isEmpty());
 }
 
 void tst_otherpictures::aPastedPictureIsOpenedAndSaved()
