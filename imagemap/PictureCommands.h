@@ -11,6 +11,7 @@
 
 class MapDocument;
 class PageDocument;
+class PastedPictures;
 class QAction;
 class QMainWindow;
 class QMenu;
@@ -57,6 +58,9 @@ public:
     /** Puts a picture from the clipboard into a file of its own, beside the page if that has one. */
     void SavePasted();
 
+    /** The picture is named in a page: if it was pasted and is in no file of its own, it stays. */
+    void KeepPasted() const;
+
 Q_SIGNALS:
     /** `picture`, of the file `path`, takes the place of the one shown, and the map is to be begun anew. */
     void Opened(const QString& path, const QImage& picture);
@@ -76,7 +80,7 @@ Q_SIGNALS:
 private:
     QAction* AddEntry(const char* name, const QString& caption, void (PictureCommands::*run)());
     void OpenFrom(const QString& path, const PictureReading& reading);
-    [[nodiscard]] QString FreePathForPasted() const;
+    [[nodiscard]] PastedPictures& Pasted() const;
     [[nodiscard]] QString FolderOfPage() const;
     void Refuse(const QString& path, const QString& problem);
     void Look();

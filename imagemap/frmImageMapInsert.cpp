@@ -4,6 +4,7 @@
 #include "codegen/MapMarkup.h"
 #include "imagemap/AreaTab.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/PictureCommands.h"
 #include "imagemap/TodayInsert.h"
 #include "imagemap/frmImageMap.h"
 #include "ui_frmImageMap.h"
@@ -41,6 +42,7 @@ void frmImageMap::GenerateMap()
                                .Areas = map_.Areas() };
     if (ui_->cmbMarkup->currentIndex() == int(MarkupForm::Html4)) {
         const int line = document_.InsertAtCaret(GenerateMapFor(map_.Script().Mode(), source));
+        pictures_->KeepPasted();
         panels_->ShowHint(Html4Hint(line, map_.Script().Mode()));
     } else {
         InsertTodayMap(source);
@@ -97,6 +99,7 @@ void frmImageMap::InsertTodayMap(const MapSource& source)
         return;
     }
     document_.Replace(insert.insertion.changes);
+    pictures_->KeepPasted();
     const bool isTextMissing = insert.notes.lacksAltText || !insert.notes.areasWithoutText.isEmpty();
     panels_->ShowHint(
         TodayHint(insert),

@@ -1,6 +1,8 @@
 #include "EditorTest.h"
+#include "imagemap/PastedPictures.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 
@@ -30,6 +32,8 @@ private Q_SLOTS:
     void areasAreAskedForBeforeTheyGo();
     void openingIsUndoneAsAnotherPictureIs();
     void aPastedPictureIsOpenedAndSaved();
+    void aPastedPictureInAPageStays_data();
+    void aPastedPictureInAPageStays();
     void areasArePastedBeforePictures();
     void aPictureChangedOnDiskIsOffered();
     void aPictureReplacedOnDiskIsOffered();
@@ -163,6 +167,31 @@ void tst_otherpictures::aPastedPictureIsOpenedAndSaved()
     test_->Entry("mnuAUndo")->trigger();
     QCOMPARE(test_->map.Picture(), kept);
     QCOMPARE(Shown(), ground);
+}
+
+void tst_otherpictures::aPastedPictureInAPageStays_data()
+{
+    QTest::addColumn<int>("form");
+    QTest::newRow("HTML 4") << 0;
+    QTest::newRow("for today's browsers") << 1;
+}
+
+void tst_otherpictures::aPastedPictureInAPageStays()
+{
+    QFETCH(const int, form);
+    QImage picture(120, 90, QImage::Format_RGB32);
+    picture.fill(ground);
+    QGuiApplication::clipboard()->setImage(picture);
+    QTRY_VERIFY(test_->Entry("mnuAPaste")->isEnabled());
+    test_->Entry("mnuAPaste")->trigger();
+    const QString path = test_->map.Picture();
+    test_->DrawRectangle({ 10, 10 }, { 40, 40 });
+    test_->Find<QLineEdit>("txtName")->setText("harbour");
+    test_->document.fileName = test_->folder.Path("page.html");
+    test_->Find<QComboBox>("cmbMarkup")->setCurrentIndex(form);
+    test_->Entry("mnuInsert")->trigger();
+    PastedPictures::Of(test_->map, test_->folder.imgMap.ProgramFolder).End({});
+    QVERIFY(QFile::exists(path));
 }
 
 void tst_otherpictures::areasArePastedBeforePictures()
