@@ -35,7 +35,7 @@ void ClipForLines(QPainter& painter, const QRect& surface)
 }
 
 /** `figure` of the picture as the screen shows it. */
-PaintedFigure OnScreen(const PaintedFigure& figure, double zoom)
+PaintedFigure FigureOnScreen(const PaintedFigure& figure, double zoom)
 {
     return zoom == 1 ? figure : Zoomed(figure, zoom);
 }
@@ -45,7 +45,7 @@ PaintedFigures FiguresIn(const PaintedFigures& figures, double zoom, const QRect
 {
     PaintedFigures shown;
     for (const PaintedFigure& one : figures) {
-        const PaintedFigure figure = OnScreen(one, zoom);
+        const PaintedFigure figure = FigureOnScreen(one, zoom);
         if (Grown(BoundsOf(figure), edgeWidth).intersects(place)) {
             shown << figure;
         }
@@ -181,7 +181,7 @@ void PictureSurface::EraseRubberFigure()
 
 void PictureSurface::UpdateFigure(const PaintedFigure& figure)
 {
-    update(Grown(BoundsOf(OnScreen(figure, zoom_)), edgeWidth + sharedBorder));
+    update(Grown(BoundsOf(FigureOnScreen(figure, zoom_)), edgeWidth + sharedBorder));
 }
 
 void PictureSurface::SetPointer(SurfacePointer pointer)
@@ -228,7 +228,7 @@ void PictureSurface::PaintGround(QPainter& painter, const QRect& exposed) const
 void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
 {
     const PaintedFigures figures = FiguresIn(figures_, zoom_, exposed);
-    const bool hasRubber = rubber_ && BoundsOf(OnScreen(*rubber_, zoom_)).intersects(exposed);
+    const bool hasRubber = rubber_ && BoundsOf(FigureOnScreen(*rubber_, zoom_)).intersects(exposed);
     if (zoom_ == 1 && figures.isEmpty() && !hasRubber) {
         painter.drawImage(exposed, picture_, exposed);
         return;
@@ -239,7 +239,7 @@ void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
         PaintFigures(part, exposed.topLeft(), figures, foregroundColor_);
     }
     if (hasRubber) {
-        PaintRubber(part, exposed.topLeft(), OnScreen(*rubber_, zoom_));
+        PaintRubber(part, exposed.topLeft(), FigureOnScreen(*rubber_, zoom_));
     }
     painter.drawImage(exposed, part);
 }
