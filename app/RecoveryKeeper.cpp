@@ -7,6 +7,7 @@
 #include "app/rules/DocumentFile.h"
 #include "app/source/TextSnapshot.h"
 #include "imagemap/MapFields.h"
+#include "imagemap/PastedPictures.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/model/MapDocument.h"
 
@@ -183,6 +184,21 @@ void RecoveryKeeper::End()
     isEnded_ = true;
     timer_.stop();
     store_.End();
+    TidyPasted();
+}
+
+/** Nobody undoes anything any more; only a map that is kept may need a picture. */
+void RecoveryKeeper::TidyPasted()
+{
+    PastedPictures& pasted = PastedPictures::Of(parts_.Map, parts_.Program.ProgramFolder);
+    if (!pasted.AreThereAny()) {
+        return;
+    }
+    QStringList needed = store_.KeptPictures();
+    if (parts_.Map.HasContent()) {
+        needed << parts_.Map.Picture(); // it may not have been possible to keep it
+    }
+    pasted.End(needed);
 }
 
 void RecoveryKeeper::OfferLeftBehind()

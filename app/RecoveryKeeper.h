@@ -65,6 +65,7 @@ private:
     void Review();
     void FinishPage();
     void KeepMap();
+    void TidyPasted();
     void Offer(const LeftBehind& left);
     [[nodiscard]] bool MayReplacePage();
     void PutBack(const PageCopy& page);

@@ -3,6 +3,7 @@
 #include "imagemap/AreaTab.h"
 #include "imagemap/EditorPanels.h"
 #include "imagemap/MapFields.h"
+#include "imagemap/PictureCommands.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/TodayInsert.h"
 #include "imagemap/model/MapDocument.h"
@@ -28,6 +29,7 @@ void InsertCommand::Insert()
     source.Areas = parts_.map.Areas();
     if (parts_.fields.Form() == MarkupForm::Html4) {
         const int line = parts_.page.InsertAtCaret(GenerateMapFor(script.Mode(), source));
+        parts_.pictures.KeepPasted();
         parts_.panels.ShowHint(Html4Hint(line, script.Mode()));
     } else {
         InsertTodayMap(source);
@@ -55,6 +57,7 @@ void InsertCommand::InsertTodayMap(const MapSource& source)
         return;
     }
     parts_.page.Replace(insert.insertion.changes);
+    parts_.pictures.KeepPasted();
     const bool isTextMissing = insert.notes.lacksAltText || !insert.notes.areasWithoutText.isEmpty();
     parts_.panels.ShowHint(
         TodayHint(insert),

@@ -5,6 +5,7 @@ class EditorPanels;
 class MapDocument;
 class MapFields;
 class PageDocument;
+class PictureCommands;
 class PicturePane;
 class QTabWidget;
 class QTreeView;
@@ -27,6 +28,7 @@ public:
         MapFields& fields;
         EditorPanels& panels;
         const PicturePane& pane;
+        PictureCommands& pictures;
         QTreeView& list;
         QTabWidget& tabs;
         AreaTab& areaTab;

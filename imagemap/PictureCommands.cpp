@@ -1,5 +1,6 @@
 #include "imagemap/PictureCommands.h"
 
+#include "imagemap/PastedPictures.h"
 #include "imagemap/model/MapDocument.h"
 #include "shared/FileWriting.h"
 #include "shared/PageDocument.h"
@@ -9,7 +10,6 @@
 
 #include <QBuffer>
 #include <QClipboard>
-#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QMenu>
@@ -24,8 +24,6 @@ using namespace std::chrono_literals;
 /** Programs write a file piece by piece. */
 constexpr auto settlingTime = 300ms;
 constexpr const char* pastedFormat = "png";
-constexpr QStringView pastedStart = u"Pasted";
-constexpr int pastedDigits = 3;
 constexpr QStringView pastedHint = u"The pasted picture is in no file of yours: click here to save it";
 
 /** The file that `data` names, if it is one alone and of this machine. */
@@ -70,8 +68,6 @@ PictureCommands::PictureCommands(const Parts& parts)
         AddEntry("mnuVSavePasted", QStringLiteral("Sa&ve Pasted Picture..."), &PictureCommands::SavePasted);
     loadAnew_->setEnabled(false);
     savePasted_->setEnabled(false);
-    parts_.window.setAcceptDrops(true);
-    parts_.window.installEventFilter(this);
     settling_.setSingleShot(true);
     settling_.setInterval(settlingTime);
     connect(&settling_, &QTimer::timeout, this, &PictureCommands::Look);
@@ -86,33 +82,6 @@ QAction* PictureCommands::AddEntry(const char* name, const QString& caption, voi
     entry->setObjectName(QString::fromLatin1(name));
     connect(entry, &QAction::triggered, this, run);
     return entry;
-}
-
-bool PictureCommands::eventFilter(QObject* watched, QEvent* event)
-{
-    const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::Drop;
-    if (!isDrag) {
-        return QObject::eventFilter(watched, event);
-    }
-    auto* const drop = static_cast<QDropEvent*>(event);
-    const QString path = FileIn(drop->mimeData());
-    if (path.isEmpty()) {
-        return false;
-    }
-    drop->setDropAction(Qt::CopyAction);
-    drop->accept();
-    if (event->type() == QEvent::Drop) {
-        // Whoever drags waits until this is done, and there may be a question.
-        QMetaObject::invokeMethod(
-            this,
-            [this, path] {
-                if (parts_.begin()) {
-                    Open(path);
-                }
-            },
-            Qt::QueuedConnection);
-    }
-    return true;
 }
 
 void PictureCommands::Refuse(const QString& path, const QString& problem)
@@ -158,19 +127,14 @@ void PictureCommands::OpenFrom(const QString& path, const PictureReading& readin
     Q_EMIT Opened(path, reading.Picture);
 }
 
-QString PictureCommands::FreePathForPasted() const
+PastedPictures& PictureCommands::Pasted() const
 {
-    const QDir folder(parts_.imgMap.ProgramFolder + u"/Temp");
-    QString path;
-    int number = 0;
-    do {
-        const QString name = QStringLiteral("%1%2.%3")
-                                 .arg(pastedStart)
-                                 .arg(++number, pastedDigits, 10, QLatin1Char('0'))
-                                 .arg(QLatin1String(pastedFormat));
-        path = folder.filePath(name);
-    } while (QFile::exists(path));
-    return QDir::toNativeSeparators(path);
+    return PastedPictures::Of(parts_.map, parts_.imgMap.ProgramFolder);
+}
+
+void PictureCommands::KeepPasted() const
+{
+    Pasted().KeepForGood(path_);
 }
 
 bool PictureCommands::Paste()
@@ -185,13 +149,15 @@ bool PictureCommands::Paste()
         return false;
     }
     // Undoing finds pictures by their files, so a pasted one has to have one.
-    const QString path = FreePathForPasted();
+    const QString path = Pasted().FreePath();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     const bool isPacked = buffer.open(QIODevice::WriteOnly) && picture.save(&buffer, pastedFormat);
-    const std::optional<QString> problem =
-        isPacked ? WriteWholeFile(path, bytes) : QStringLiteral("The picture cannot be kept !");
+    const std::optional<QString> problem = isPacked && !path.isEmpty()
+                                               ? WriteWholeFile(path, bytes)
+                                               : QStringLiteral("The picture cannot be kept !");
     if (problem) {
+        Pasted().Remove(path);
         Refuse(path, *problem);
         return true;
     }
@@ -199,7 +165,7 @@ bool PictureCommands::Paste()
     if (parts_.map.Picture() == path) {
         Q_EMIT OfferMade(pastedHint.toString(), [this] { SavePasted(); });
     } else {
-        QFile::remove(path);
+        Pasted().Remove(path);
     }
     return true;
 }
@@ -266,9 +232,8 @@ void PictureCommands::Watch(const QString& path)
     shownSize_ = moment.size;
     const QFileInfo info(path_);
     loadAnew_->setEnabled(!path_.isEmpty());
-    savePasted_->setEnabled(
-        info.absolutePath() == QDir(parts_.imgMap.ProgramFolder + u"/Temp").absolutePath() &&
-        info.fileName().startsWith(pastedStart));
+    Pasted().Hold(path_);
+    savePasted_->setEnabled(Pasted().Contains(path_));
     if (info.isFile()) {
         // Some programs write another file and put it in the place of this one, so its folder counts too.
         watcher_.addPaths({ info.absoluteFilePath(), info.absolutePath() });

@@ -11,14 +11,15 @@
 
 class MapDocument;
 class PageDocument;
+class PastedPictures;
 class QAction;
 class QMainWindow;
 class QMenu;
 
 /**
- * The other ways to a picture: a command for all forms that there are readers for, a file dropped on the
- * window, the clipboard, and the file of the present one when it was changed. A picture is read before
- * anything is given up for it, so one that cannot be read costs nothing.
+ * The other ways to a picture: a command for all forms that there are readers for, the clipboard, and the
+ * file of the present one when it was changed. A picture is read before anything is given up for it, so one
+ * that cannot be read costs nothing.
  */
 class PictureCommands final : public QObject
 {
@@ -57,6 +58,9 @@ public:
     /** Puts a picture from the clipboard into a file of its own, beside the page if that has one. */
     void SavePasted();
 
+    /** The picture is named in a page: if it was pasted and is in no file of its own, it stays. */
+    void KeepPasted() const;
+
 Q_SIGNALS:
     /** `picture`, of the file `path`, takes the place of the one shown, and the map is to be begun anew. */
     void Opened(const QString& path, const QImage& picture);
@@ -73,13 +77,10 @@ Q_SIGNALS:
     /** IsChanged() has become true. */
     void Changed();
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     QAction* AddEntry(const char* name, const QString& caption, void (PictureCommands::*run)());
     void OpenFrom(const QString& path, const PictureReading& reading);
-    [[nodiscard]] QString FreePathForPasted() const;
+    [[nodiscard]] PastedPictures& Pasted() const;
     [[nodiscard]] QString FolderOfPage() const;
     void Refuse(const QString& path, const QString& problem);
     void Look();

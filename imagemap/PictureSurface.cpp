@@ -20,17 +20,22 @@ constexpr int edgeWidth = 1;
 constexpr int sharedBorder = 1;
 /** So many figures are repainted one by one; beyond that the whole surface is. */
 constexpr int patchesAtMost = 16;
-/** With more figures than this, what was painted is kept; of no more pixels than a large screen has. */
-constexpr int composedFrom = 64;
-constexpr qint64 composedAtMost = 8LL * 1024 * 1024;
+/** With more figures or areas than this, what was painted is kept. */
+constexpr int keptFrom = 64;
 
 QRect Grown(const QRect& rect, int by)
 {
     return rect.adjusted(-by, -by, by, by);
 }
 
+/** Cuts nothing off, but Qt paints thin lines several times as fast when it is told a clip. */
+void ClipForLines(QPainter& painter, const QRect& surface)
+{
+    painter.setClipRect(Grown(surface, sharedBorder));
+}
+
 /** `figure` of the picture as the screen shows it. */
-PaintedFigure OnScreen(const PaintedFigure& figure, double zoom)
+PaintedFigure FigureOnScreen(const PaintedFigure& figure, double zoom)
 {
     return zoom == 1 ? figure : Zoomed(figure, zoom);
 }
@@ -40,7 +45,7 @@ PaintedFigures FiguresIn(const PaintedFigures& figures, double zoom, const QRect
 {
     PaintedFigures shown;
     for (const PaintedFigure& one : figures) {
-        const PaintedFigure figure = OnScreen(one, zoom);
+        const PaintedFigure figure = FigureOnScreen(one, zoom);
         if (Grown(BoundsOf(figure), edgeWidth).intersects(place)) {
             shown << figure;
         }
@@ -74,7 +79,7 @@ PictureSurface::PictureSurface(QWidget* parent)
 
 void PictureSurface::SetPicture(const QImage& picture)
 {
-    composed_ = {};
+    ground_.Forget();
     picture_ = picture;
     figures_.clear();
     rubber_.reset();
@@ -87,7 +92,7 @@ void PictureSurface::SetPicture(const QImage& picture)
 
 void PictureSurface::SetZoom(double zoom)
 {
-    composed_ = {};
+    ground_.Forget();
     zoom_ = zoom;
     resize(Zoomed(picture_.size(), zoom_));
     update();
@@ -96,6 +101,7 @@ void PictureSurface::SetZoom(double zoom)
 void PictureSurface::ShowAreas(const MapAreas& areas)
 {
     if (areas_ != areas) {
+        ground_.Forget();
         areas_ = areas;
         update();
     }
@@ -137,7 +143,7 @@ void PictureSurface::HideCross()
 
 void PictureSurface::SetForegroundColor(const QColor& color)
 {
-    composed_ = {};
+    ground_.Forget();
     foregroundColor_ = color;
     update();
 }
@@ -153,7 +159,7 @@ void PictureSurface::ShowFigures(const PaintedFigures& figures)
         std::for_each(come, figures.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
     }
     if (figures_ != figures) {
-        composed_ = {};
+        ground_.Forget();
         figures_ = figures;
     }
 }
@@ -175,7 +181,7 @@ void PictureSurface::EraseRubberFigure()
 
 void PictureSurface::UpdateFigure(const PaintedFigure& figure)
 {
-    update(Grown(BoundsOf(OnScreen(figure, zoom_)), edgeWidth + sharedBorder));
+    update(Grown(BoundsOf(FigureOnScreen(figure, zoom_)), edgeWidth + sharedBorder));
 }
 
 void PictureSurface::SetPointer(SurfacePointer pointer)
@@ -192,20 +198,37 @@ void PictureSurface::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     const QRect exposed = Grown(event->rect(), sharedBorder) & rect();
-    if (!exposed.isEmpty() && !picture_.isNull()) {
-        PaintPicture(painter, exposed);
-        PaintOverlay(painter, exposed);
+    if (exposed.isEmpty() || picture_.isNull()) {
+        return;
+    }
+    if (!rubber_ && std::max(figures_.size(), areas_.size()) > keptFrom) {
+        ground_.Paint(painter, exposed, [this, exposed](QPainter& keeper) { PaintGround(keeper, exposed); });
+    } else {
+        PaintGround(painter, exposed);
+    }
+    PaintOverlay(painter, exposed);
+}
+
+void PictureSurface::changeEvent(QEvent* event)
+{
+    // Colours and font may have changed.
+    ground_.Forget();
+    QWidget::changeEvent(event);
+}
+
+void PictureSurface::PaintGround(QPainter& painter, const QRect& exposed) const
+{
+    PaintPicture(painter, exposed);
+    if (!areas_.isEmpty()) {
+        ClipForLines(painter, rect());
+        PaintAreas(painter, areas_, zoom_, palette(), exposed);
     }
 }
 
 void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
 {
-    if (!rubber_ && !composed_.isNull() && composedPlace_.contains(exposed)) {
-        painter.drawImage(exposed, composed_, exposed.translated(-composedPlace_.topLeft()));
-        return;
-    }
     const PaintedFigures figures = FiguresIn(figures_, zoom_, exposed);
-    const bool hasRubber = rubber_ && BoundsOf(OnScreen(*rubber_, zoom_)).intersects(exposed);
+    const bool hasRubber = rubber_ && BoundsOf(FigureOnScreen(*rubber_, zoom_)).intersects(exposed);
     if (zoom_ == 1 && figures.isEmpty() && !hasRubber) {
         painter.drawImage(exposed, picture_, exposed);
         return;
@@ -216,21 +239,14 @@ void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
         PaintFigures(part, exposed.topLeft(), figures, foregroundColor_);
     }
     if (hasRubber) {
-        PaintRubber(part, exposed.topLeft(), OnScreen(*rubber_, zoom_));
+        PaintRubber(part, exposed.topLeft(), FigureOnScreen(*rubber_, zoom_));
     }
     painter.drawImage(exposed, part);
-    if (figures.size() > composedFrom && !hasRubber &&
-        qint64(exposed.width()) * exposed.height() <= composedAtMost) {
-        composed_ = part;
-        composedPlace_ = exposed;
-    }
 }
 
 void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed) const
 {
-    if (!areas_.isEmpty()) {
-        PaintAreas(painter, areas_, zoom_, palette(), exposed);
-    }
+    ClipForLines(painter, rect());
     PaintSelection(
         painter, selection_, zoom_, palette(), isVisible() ? visibleRegion().boundingRect() : exposed);
     if (cross_) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagemap/KeptGround.h"
 #include "imagemap/drawing/DrawingView.h"
 #include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/drawing/SelectionView.h"
@@ -63,6 +64,7 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -71,6 +73,8 @@ protected:
 private:
     void UpdateFigure(const PaintedFigure& figure);
     void UpdateSelection(const SelectionPicture& selection);
+    /** The picture with its figures, or with all areas over it. */
+    void PaintGround(QPainter& painter, const QRect& exposed) const;
     void PaintPicture(QPainter& painter, const QRect& exposed) const;
     void PaintOverlay(QPainter& painter, const QRect& exposed) const;
     /** Where the mouse is in the picture: on another scale than the picture's own in whole pixels. */
@@ -84,7 +88,5 @@ private:
     MapAreas areas_;
     SelectionPicture selection_;
     std::optional<QPoint> cross_;
-    /** A part of the screen with many figures, kept while only what lies above changes. */
-    mutable QImage composed_;
-    mutable QRect composedPlace_;
+    KeptGround ground_;
 };

@@ -17,8 +17,8 @@ constexpr int noteDistance = 16;
 constexpr int noteMargin = 3;
 constexpr int crossArm = 9;
 
-/** Beyond so many areas, dashes cost more than they show. */
-constexpr qsizetype dashedAtMost = 50;
+/** Beyond so many areas, dashes cost more than they show, and so do lines as wide as the screen's scaling. */
+constexpr qsizetype fewAreas = 50;
 constexpr qreal dashLength = 4;
 constexpr int fillOpacity = 60;
 constexpr QColor guideColor(208, 32, 138);
@@ -58,17 +58,23 @@ QRect OnScreen(const QRect& place, double zoom)
 }
 
 /** A line that is seen on any ground: light, with the selection's colour in dashes. */
-void PaintTwoTone(QPainter& painter, const QPainterPath& path, const QColor& color, bool isDashed)
+void PaintTwoTone(QPainter& painter, const QPainterPath& path, const QColor& color)
 {
     painter.setBrush(Qt::NoBrush);
-    if (isDashed) {
-        painter.setPen(QPen(Qt::white, 1));
-        painter.drawPath(path);
-    }
+    painter.setPen(QPen(Qt::white, 1));
+    painter.drawPath(path);
     QPen pen(color, 1);
-    if (isDashed) {
-        pen.setDashPattern({ dashLength, dashLength });
-    }
+    pen.setDashPattern({ dashLength, dashLength });
+    painter.setPen(pen);
+    painter.drawPath(path);
+}
+
+/** A line for one of so many areas. */
+void PaintPlain(QPainter& painter, const QPainterPath& path, const QColor& color, qsizetype areas)
+{
+    QPen pen(color, 1);
+    pen.setCosmetic(areas > fewAreas);
+    painter.setBrush(Qt::NoBrush);
     painter.setPen(pen);
     painter.drawPath(path);
 }
@@ -128,10 +134,14 @@ void PaintSelection(
     const QRect& visible)
 {
     const QColor color = palette.color(QPalette::Highlight);
-    const bool isDashed = selection.areas.size() <= dashedAtMost;
     for (const MapArea& area : selection.areas) {
         if (IsWhole(area) && OnScreen(BoundsOf(area), zoom).adjusted(-1, -1, 1, 1).intersects(visible)) {
-            PaintTwoTone(painter, OutlineOf(area, zoom), color, isDashed);
+            const QPainterPath outline = OutlineOf(area, zoom);
+            if (selection.areas.size() <= fewAreas) {
+                PaintTwoTone(painter, outline, color);
+            } else {
+                PaintPlain(painter, outline, color, selection.areas.size());
+            }
         }
     }
     painter.setPen(QPen(guideColor, 1));
@@ -142,7 +152,7 @@ void PaintSelection(
         QPainterPath frame;
         frame.addRect(
             QRectF(Zoomed(selection.frame.topLeft(), zoom), Zoomed(selection.frame.bottomRight(), zoom)));
-        PaintTwoTone(painter, frame, color, true);
+        PaintTwoTone(painter, frame, color);
     }
     for (const AreaHandle& handle : selection.handles) {
         const bool isSelected = handle.kind == HandleKind::Vertex && selection.vertex == handle.index;
@@ -170,7 +180,7 @@ void PaintAreas(
         }
         const QPainterPath outline = OutlineOf(areas[i], zoom);
         painter.fillPath(outline, fill);
-        PaintTwoTone(painter, outline, palette.color(QPalette::Highlight), false);
+        PaintPlain(painter, outline, palette.color(QPalette::Highlight), areas.size());
         painter.fillRect(label, palette.color(QPalette::Highlight));
         painter.setPen(palette.color(QPalette::HighlightedText));
         painter.drawText(label, Qt::AlignCenter, number);

@@ -91,14 +91,15 @@ void frmImageMap::CreateAreaParts()
     auto* const areaTab = new AreaTab(imgMap_, areaCommands_->Editing(), begin, ui_->SSTab1);
     areaTab->setObjectName(QStringLiteral("tabArea"));
     ui_->SSTab1->addTab(areaTab, QStringLiteral("Area"));
-    insert_ = std::make_unique<InsertCommand>(InsertCommand::Parts{
-        *this, imgMap_, map_, document_, *fields_, *panels_, pane, *ui_->ListView1, *ui_->SSTab1, *areaTab });
     AreaTools& tools = areaCommands_->Tools();
     connect(&tools, &AreaTools::Taken, this, &frmImageMap::Tools_Taken);
     connect(&tools, &AreaTools::HintGiven, this, [this](const QString& hint) { panels_->ShowHint(hint); });
     connect(&tools, &AreaTools::EditAsked, dialogs_.get(), &EditorDialogs::EditSelectedArea);
     connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
     CreatePictureCommands();
+    insert_ = std::make_unique<InsertCommand>(
+        InsertCommand::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, pane, *pictures_,
+                              *ui_->ListView1, *ui_->SSTab1, *areaTab });
 }
 
 void frmImageMap::Tools_Taken()

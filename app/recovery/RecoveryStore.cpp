@@ -1,5 +1,7 @@
 #include "app/recovery/RecoveryStore.h"
 
+#include "shared/FileLock.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -14,18 +16,6 @@ constexpr QStringView recoveryFolder = u"Data/Recovery";
 constexpr QStringView pageEnding = u".page";
 constexpr QStringView mapEnding = u".map";
 constexpr QStringView lockEnding = u".lock";
-
-/** The lock of whoever keeps `path`; nothing while that program is running. */
-std::shared_ptr<QLockFile> TakeLock(const QString& path)
-{
-    auto lock = std::make_shared<QLockFile>(path);
-    lock->setStaleLockTime(0); // a lock is not lost by growing old
-    if (lock->tryLock(0)) {
-        return lock;
-    }
-    // Numbers of processes come again, in containers above all. The system knows whether the file is held.
-    return lock->removeStaleLockFile() && lock->tryLock(0) ? lock : nullptr;
-}
 
 void RemoveFilesOf(const QString& folder, const QString& id)
 {
@@ -166,6 +156,19 @@ QList<LeftBehind> RecoveryStore::TakeLeftBehind() const
         QDir().rmdir(folder_);
     }
     return all;
+}
+
+QStringList RecoveryStore::KeptPictures() const
+{
+    QStringList pictures;
+    const QDir dir(folder_);
+    const QStringList names = dir.entryList({ u'*' + mapEnding }, QDir::Files | QDir::Hidden);
+    for (const QString& name : names) {
+        if (const std::optional<MapCopy> map = ReadMapCopy(dir.filePath(name))) {
+            pictures << map->State.Picture;
+        }
+    }
+    return pictures;
 }
 
 void RecoveryStore::Remove(const LeftBehind& left)

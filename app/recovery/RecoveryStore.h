@@ -54,6 +54,9 @@ public:
     /** What has been left behind and can be read, the oldest first; each is told once. */
     [[nodiscard]] QList<LeftBehind> TakeLeftBehind() const;
 
+    /** The files of the pictures of all maps that are kept, by whomever. */
+    [[nodiscard]] QStringList KeptPictures() const;
+
     /** Takes it away, unless what was kept here last could not be written: then it may be all there is. */
     void Remove(const LeftBehind& left);
 

@@ -1,5 +1,6 @@
 #include "imagemap/picture/AnyPicture.h"
 
+#include "imagemap/picture/ExifTurning.h"
 #include "imagemap/picture/OtherPictureCheck.h"
 #include "imagemap/picture/PictureDecoding.h"
 #include "imagemap/picture/PictureFile.h"
@@ -105,7 +106,8 @@ PictureReading ReadPixels(QFile& file, const PictureForm& form)
         return Failure(tooLargeText);
     }
     const QImage picture = DecodePicture(file, form.format);
-    return picture.size() == outline->size ? Shown(picture) : Failure(damagedText);
+    return picture.size() == outline->size ? Shown(TurnedUpright(picture, outline->orientation))
+                                           : Failure(damagedText);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "imagemap/picture/OtherPictureCheck.h"
 
 #include "imagemap/picture/ByteSource.h"
+#include "imagemap/picture/ExifTurning.h"
 
 #include <QByteArray>
 #include <QIODevice>
@@ -62,6 +63,15 @@ bool ReadPngHeader(ByteSource& source, OtherOutline& outline)
     constexpr int methods = 3;
     source.Skip(methods);
     return !outline.size.isEmpty();
+}
+
+/** The orientation stands near the beginning of the block of EXIF that `source` stands at. */
+int ReadOrientation(ByteSource& source, quint32 length)
+{
+    constexpr quint32 readAtMost = 64 * 1024;
+    QByteArray exif(std::min(length, readAtMost), '\0');
+    std::generate(exif.begin(), exif.end(), [&source] { return static_cast<char>(source.Byte()); });
+    return ExifOrientation(exif);
 }
 
 struct BmpHeader
@@ -174,7 +184,12 @@ std::optional<OtherOutline> CheckPng(QIODevice& device)
     while (!source.HasEnded()) {
         const quint32 length = BigEndianLong(source);
         const QByteArray name = ChunkName(source);
-        source.Skip(qint64(length) + checksum);
+        const qint64 next = source.Position() + length + checksum;
+        // Browsers decide how to show a picture before they come to its pixels.
+        if (name == "eXIf" && outline.dataBytes == 0) {
+            outline.orientation = ReadOrientation(source, length);
+        }
+        source.Skip(next - source.Position());
         if (name == "IDAT") {
             outline.dataBytes += length;
         } else if (name == "IEND") {

@@ -12,6 +12,7 @@ struct OtherOutline
     QSize size;
     qint64 dataBytes = 0;     ///< what the pixels are compressed to
     qint64 pixelsPerByte = 1; ///< that a byte of it can stand for at best
+    int orientation = 1;      ///< as EXIF counts them, where browsers go by it
 };
 
 // Each of these walks through a file that `device` stands at the start of, decoding nothing, and returns

@@ -30,6 +30,9 @@ private Q_SLOTS:
     void fileDroppedOnTheTextIsLeftToIt();
     void whatIsNoFileIsNotTaken();
     void pictureDroppedOnItsEditorIsOpened();
+    void pageDroppedOnThePictureEditorIsOpened();
+    void filesDroppedTogetherGoWhereTheyBelong();
+    void whatIsNoFileIsNotTakenByThePictureEditor();
     void startedProgramOpensItsFilesWhenItIsUp();
     void filesAreHandedToARunningProgram();
     void anotherProgramTakesOver();
@@ -170,6 +173,40 @@ void tst_desktopfiles::pictureDroppedOnItsEditorIsOpened()
     const std::unique_ptr<QMimeData> data(FilesAsDragged({ Picture() }));
     QVERIFY(Drop(*ImageMapEditor(), *ImageMapEditor(), *data));
     QTRY_COMPARE(test_->folder.map.Picture(), Picture());
+}
+
+void tst_desktopfiles::pageDroppedOnThePictureEditorIsOpened()
+{
+    test_->window.OpenFiles({ Picture() });
+    QVERIFY(WriteBytes(Path("a.htm"), "page a"));
+    const std::unique_ptr<QMimeData> data(FilesAsDragged({ Path("a.htm") }));
+    QVERIFY(Drop(*ImageMapEditor(), *ImageMapEditor(), *data));
+    QTRY_COMPARE(test_->DocumentName(), Path("a.htm"));
+    QCOMPARE(test_->folder.map.Picture(), Picture());
+}
+
+void tst_desktopfiles::filesDroppedTogetherGoWhereTheyBelong()
+{
+    test_->Press(Qt::Key_I, Qt::ControlModifier);
+    QVERIFY(WriteBytes(Path("a.htm"), "page a"));
+    QImage other(120, 90, QImage::Format_RGB32);
+    other.fill(Qt::red);
+    QVERIFY(other.save(Path("other.png")));
+    const std::unique_ptr<QMimeData> data(FilesAsDragged({ Picture(), Path("a.htm"), Path("other.png") }));
+    QVERIFY(Drop(*ImageMapEditor(), *ImageMapEditor(), *data));
+    QTRY_COMPARE(test_->folder.map.Picture(), Path("other.png"));
+    QCOMPARE(test_->DocumentName(), Path("a.htm"));
+    QCOMPARE(ImageMapEditor()->findChild<QWidget*>("PictureDisplay")->size(), other.size());
+}
+
+void tst_desktopfiles::whatIsNoFileIsNotTakenByThePictureEditor()
+{
+    test_->Press(Qt::Key_I, Qt::ControlModifier);
+    QMimeData address;
+    address.setUrls({ QUrl(QStringLiteral("https://cartolen.example/other.png")) });
+    QVERIFY(!Drop(*ImageMapEditor(), *ImageMapEditor(), address));
+    QCoreApplication::processEvents();
+    QVERIFY(test_->folder.map.Picture().isEmpty());
 }
 
 void tst_desktopfiles::startedProgramOpensItsFilesWhenItIsUp()

@@ -5,6 +5,7 @@
 #include "app/recovery/RecoveryStore.h"
 #include "imagemap/frmImageMap.h"
 
+#include <QClipboard>
 #include <QPointer>
 
 using namespace std::chrono_literals;
@@ -61,6 +62,8 @@ private Q_SLOTS:
     void endLeavesNothing();
     void textThatCouldNotBeSavedAtTheEndIsKept();
     void mapDeletedAtTheEndIsKept();
+    void pastedPictureGoesAtTheEnd();
+    void pastedPictureOfAKeptMapStays();
 
     void lostTextIsOfferedAndRestored();
     void lostMapIsOfferedAndRestored();
@@ -94,6 +97,8 @@ private:
     frmImageMap* ImageMapEditor() { return test_->window.findChild<frmImageMap*>(); }
     void OpenImageMapEditor();
     void DrawArea();
+    /** Pastes a picture into the image map editor; its path. */
+    QString PastedPicture();
     template<class... Copies> void StartAfterALossOf(const Copies&... copies);
 };
 
@@ -101,6 +106,21 @@ void tst_recovery::init()
 {
     Start();
     test_->folder.imgMap.KeepingInterval = soon;
+}
+
+QString tst_recovery::PastedPicture()
+{
+    OpenImageMapEditor();
+    QImage picture(120, 90, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QGuiApplication::clipboard()->setImage(picture);
+    auto* const paste = ImageMapEditor()->findChild<QAction*>(QStringLiteral("mnuAPaste"));
+    if (!QTest::qWaitFor([paste] { return paste->isEnabled(); })) {
+        return {};
+    }
+    paste->trigger();
+    QGuiApplication::clipboard()->clear();
+    return test_->folder.map.Picture();
 }
 
 /** Starts the program after another one that has kept `copies` and was killed. */
@@ -281,6 +301,30 @@ void tst_recovery::mapDeletedAtTheEndIsKept()
     QVERIFY(KeptMap() && KeptMap()->State == state);
     QCOMPARE(KeptMap()->Fields.value(QStringLiteral("txtName")), QStringLiteral("harbour"));
     QVERIFY(Files(".page").isEmpty());
+    test_->folder.imgMap.ContinueAction = false;
+}
+
+void tst_recovery::pastedPictureGoesAtTheEnd()
+{
+    const QString path = PastedPicture();
+    QVERIFY(QFile::exists(path));
+    QVERIFY(ImageMapEditor()->close());
+    QVERIFY(QFile::exists(path)); // undoing may still ask for it
+    QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(QDir(Path("Temp")).entryList({ "Pasted*" }), QStringList());
+    test_->folder.imgMap.ContinueAction = false;
+}
+
+void tst_recovery::pastedPictureOfAKeptMapStays()
+{
+    const QString path = PastedPicture();
+    test_->folder.map.ChangeAreas(
+        { { AreaShape::Circle, { 50, 60, 20 }, QStringLiteral("c.htm"), {}, {} } }, QStringLiteral("Change"));
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
+    QVERIFY(KeptMap() && KeptMap()->State.Picture == path);
+    QCOMPARE(QDir(Path("Temp")).entryList({ "Pasted*" }), QStringList{ "Pasted001.png" });
     test_->folder.imgMap.ContinueAction = false;
 }
 

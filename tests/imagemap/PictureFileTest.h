@@ -57,8 +57,8 @@ inline QByteArray WithSegments(const QByteArray& jpeg, const QByteArray& segment
     return jpeg.first(2) + segments + jpeg.sliced(2);
 }
 
-/** `jpeg` as a camera writes it that was held in the way `orientation`, 1 to 8, stands for. */
-inline QByteArray WithOrientation(const QByteArray& jpeg, int orientation, bool isLittleEndian = false)
+/** What a camera writes of itself that was held in the way `orientation`, 1 to 8, stands for. */
+inline QByteArray ExifBlock(int orientation, bool isLittleEndian = false)
 {
     const auto word = isLittleEndian ? LittleWord : Word;
     const auto doubleWord = [&](int value) -> QByteArray {
@@ -66,8 +66,31 @@ inline QByteArray WithOrientation(const QByteArray& jpeg, int orientation, bool 
     };
     const QByteArray entry = word(0x0112) + word(3) + doubleWord(1) + word(orientation) + word(0);
     const QByteArray directory = word(1) + entry + doubleWord(0);
-    const QByteArray start = QByteArray("Exif\0\0", 6) + (isLittleEndian ? "II" : "MM") + word(42);
-    return WithSegments(jpeg, Segment('\xE1', start + doubleWord(8) + directory));
+    return QByteArray(isLittleEndian ? "II" : "MM") + word(42) + doubleWord(8) + directory;
+}
+
+/** `jpeg` as that camera writes it. */
+inline QByteArray WithOrientation(const QByteArray& jpeg, int orientation, bool isLittleEndian = false)
+{
+    const QByteArray mark("Exif\0\0", 6);
+    return WithSegments(jpeg, Segment('\xE1', mark + ExifBlock(orientation, isLittleEndian)));
+}
+
+/** How a picture with uprightCorners is shown, by what the camera has written. */
+inline void AddOrientationRows()
+{
+    QTest::addColumn<int>("orientation");
+    QTest::addColumn<bool>("isTurned");
+    QTest::addColumn<Corners>("corners");
+    const auto [topLeft, topRight, bottomLeft, bottomRight] = uprightCorners;
+    QTest::newRow("1 upright") << 1 << false << uprightCorners;
+    QTest::newRow("2 mirrored") << 2 << false << Corners{ topRight, topLeft, bottomRight, bottomLeft };
+    QTest::newRow("3 upside down") << 3 << false << Corners{ bottomRight, bottomLeft, topRight, topLeft };
+    QTest::newRow("4 flipped") << 4 << false << Corners{ bottomLeft, bottomRight, topLeft, topRight };
+    QTest::newRow("5 transposed") << 5 << true << Corners{ topLeft, bottomLeft, topRight, bottomRight };
+    QTest::newRow("6 turned clockwise") << 6 << true << Corners{ bottomLeft, topLeft, bottomRight, topRight };
+    QTest::newRow("7 transversed") << 7 << true << Corners{ bottomRight, topRight, bottomLeft, topLeft };
+    QTest::newRow("8 turned back") << 8 << true << Corners{ topRight, bottomRight, topLeft, bottomLeft };
 }
 
 /** The data of a frame in the portions that a GIF carries it in. */

@@ -61,6 +61,40 @@ QByteArray Forged(QByteArray bytes, qsizetype place, const QByteArray& by)
     return bytes.replace(place, by.size(), by);
 }
 
+QByteArray Chunk(const QByteArray& name, const QByteArray& data)
+{
+    constexpr quint32 reversedPolynomial = 0xEDB88320;
+    quint32 sum = ~0U;
+    for (const char byte : QByteArray(name + data)) {
+        sum ^= static_cast<uchar>(byte);
+        for (int bit = 0; bit < 8; ++bit) {
+            sum = sum >> 1 ^ (sum % 2 != 0 ? reversedPolynomial : 0);
+        }
+    }
+    const auto number = [](quint32 value) -> QByteArray {
+        return Word(int(value >> 16)) + Word(int(value & 0xFFFF));
+    };
+    return number(quint32(data.size())) + name + data + number(~sum);
+}
+
+/** A PNG with a block of EXIF, in front of its first chunk `before`. */
+QByteArray ExifPng(const QByteArray& exif, const QByteArray& before = "IDAT")
+{
+    QByteArray png = Written(FourCorners(), "png");
+    return png.insert(png.indexOf(before) - 4, Chunk("eXIf", exif));
+}
+
+/** A WebP with a block of EXIF. */
+QByteArray ExifWebP(const QByteArray& exif)
+{
+    const QByteArray pixels = Written(FourCorners(), "webp").sliced(12);
+    const QByteArray size = LittleWord(39) + '\0' + LittleWord(29) + '\0';
+    const QByteArray header = "VP8X" + LittleWord(10) + LittleWord(0) + QByteArray("\x08\0\0\0", 4) + size;
+    const QByteArray block = "EXIF" + LittleWord(int(exif.size())) + LittleWord(0) + exif;
+    const QByteArray contents = "WEBP" + header + pixels + block;
+    return "RIFF" + LittleWord(int(contents.size())) + LittleWord(0) + contents;
+}
+
 /** A BMP of 8 bits a pixel in runs: `rows` rows of four pixels, and the mark of its end. */
 QByteArray RunsBmp(int rows, bool hasEnd)
 {
@@ -87,6 +121,10 @@ class tst_anypicture : public PictureFileTest
 private Q_SLOTS:
     void everyFormIsRead_data();
     void everyFormIsRead();
+    void exifOrientationIsAppliedAsBrowsersDo_data();
+    void exifOrientationIsAppliedAsBrowsersDo();
+    void otherExifTurnsNothing_data();
+    void otherExifTurnsNothing();
     void whatIsCutOffIsTold_data();
     void whatIsCutOffIsTold();
     void aClaimIsNotTakenOnTrust_data();
@@ -137,6 +175,56 @@ void tst_anypicture::everyFormIsRead()
     QCOMPARE(reading.Problem, QString());
     QCOMPARE(reading.Picture.size(), QSize(40, 30));
     QCOMPARE(reading.Picture.format(), QImage::Format_RGB32);
+    QVERIFY(AreNear(CornersOf(reading.Picture), uprightCorners));
+}
+
+void tst_anypicture::exifOrientationIsAppliedAsBrowsersDo_data()
+{
+    AddOrientationRows();
+}
+
+void tst_anypicture::exifOrientationIsAppliedAsBrowsersDo()
+{
+    QFETCH(const int, orientation);
+    QFETCH(const bool, isTurned);
+    QFETCH(const Corners, corners);
+    for (const bool isLittleEndian : { false, true }) {
+        const PictureReading reading = Read(ExifPng(ExifBlock(orientation, isLittleEndian)));
+        QCOMPARE(reading.Problem, QString());
+        QCOMPARE(reading.Picture.size(), isTurned ? QSize(30, 40) : QSize(40, 30));
+        QVERIFY(AreNear(CornersOf(reading.Picture), corners));
+    }
+}
+
+void tst_anypicture::otherExifTurnsNothing_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray turned = ExifBlock(6);
+    AddRow("behind the pixels", ExifPng(turned, "IEND"));
+    AddRow("marked as in a JPEG", ExifPng(QByteArray("Exif\0\0", 6) + turned));
+    AddRow("orientation 0", ExifPng(ExifBlock(0)));
+    AddRow("orientation 9", ExifPng(ExifBlock(9)));
+    AddRow("nothing", ExifPng({}));
+    AddRow("another tag", ExifPng(Forged(turned, 10, Word(0x010F))));
+    AddRow("another form", ExifPng(Forged(turned, 12, Word(4))));
+    AddRow("directory beyond the end", ExifPng(Forged(turned, 4, QByteArray(4, '\xFF'))));
+    AddRow("more entries than there are", ExifPng(Forged(Forged(turned, 10, Word(0)), 8, Word(0xFFFF))));
+    for (qsizetype length = 1; length < 20; ++length) {
+        const QByteArray name = "cut off after " + QByteArray::number(length);
+        AddRow(name.constData(), ExifPng(turned.first(length)));
+    }
+    if (IsReadable("webp")) {
+        // Browsers leave these as they are.
+        AddRow("webp", ExifWebP(turned));
+    }
+}
+
+void tst_anypicture::otherExifTurnsNothing()
+{
+    QFETCH(const QByteArray, bytes);
+    const PictureReading reading = Read(bytes);
+    QCOMPARE(reading.Problem, QString());
+    QCOMPARE(reading.Picture.size(), QSize(40, 30));
     QVERIFY(AreNear(CornersOf(reading.Picture), uprightCorners));
 }
 

@@ -1,10 +1,10 @@
 #include "EditorTest.h"
+#include "imagemap/PastedPictures.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMimeData>
-#include <QUrl>
 
 namespace {
 
@@ -13,7 +13,7 @@ constexpr QColor otherGround(30, 30, 200);
 
 } // namespace
 
-/** Pictures that come by the new commands, are dropped, pasted, or changed on disk. */
+/** Pictures that come by the new commands, are pasted, or changed on disk. */
 class tst_otherpictures : public EditorTest
 {
     Q_OBJECT
@@ -31,9 +31,9 @@ private Q_SLOTS:
     void whatCannotBeReadCostsNothing();
     void areasAreAskedForBeforeTheyGo();
     void openingIsUndoneAsAnotherPictureIs();
-    void aDroppedPictureIsOpened();
-    void severalDroppedFilesAreLeftAlone();
     void aPastedPictureIsOpenedAndSaved();
+    void aPastedPictureInAPageStays_data();
+    void aPastedPictureInAPageStays();
     void areasArePastedBeforePictures();
     void aPictureChangedOnDiskIsOffered();
     void aPictureReplacedOnDiskIsOffered();
@@ -62,24 +62,8 @@ private:
         test_->editor->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(test_->editor));
     }
-    void Drop(const QList<QUrl>& urls)
-    {
-        QMimeData data;
-        data.setUrls(urls);
-        const QPoint place = test_->editor->rect().center();
-        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(test_->editor, &enter);
-        isTaken_ = enter.isAccepted();
-        if (isTaken_) {
-            QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-            QApplication::sendEvent(test_->editor, &drop);
-        }
-        EditorFixture::Settle();
-    }
     [[nodiscard]] QString Hint() const { return test_->Text("StatusBar1_Panel3"); }
     [[nodiscard]] QColor Shown() const { return test_->Pixels().pixelColor(80, 70); }
-
-    bool isTaken_ = false;
 };
 
 void tst_otherpictures::anotherFormIsOpened()
@@ -151,24 +135,6 @@ void tst_otherpictures::openingIsUndoneAsAnotherPictureIs()
     QCOMPARE(Shown(), otherGround);
 }
 
-void tst_otherpictures::aDroppedPictureIsOpened()
-{
-    Drop({ QUrl::fromLocalFile(Png("other.png")) });
-    QVERIFY(isTaken_);
-    QTRY_COMPARE(test_->Surface()->size(), QSize(120, 90));
-    QCOMPARE(test_->map.Picture(), test_->folder.Path("other.png"));
-}
-
-void tst_otherpictures::severalDroppedFilesAreLeftAlone()
-{
-    const QUrl url = QUrl::fromLocalFile(Png("other.png"));
-    Drop({ url, url });
-    QVERIFY(!isTaken_);
-    Drop({ QUrl("https://example.org/other.png") });
-    QVERIFY(!isTaken_);
-    QVERIFY(test_->map.Picture().isEmpty());
-}
-
 void tst_otherpictures::aPastedPictureIsOpenedAndSaved()
 {
     QVERIFY(!test_->Entry("mnuAPaste")->isEnabled());
@@ -201,6 +167,31 @@ void tst_otherpictures::aPastedPictureIsOpenedAndSaved()
     test_->Entry("mnuAUndo")->trigger();
     QCOMPARE(test_->map.Picture(), kept);
     QCOMPARE(Shown(), ground);
+}
+
+void tst_otherpictures::aPastedPictureInAPageStays_data()
+{
+    QTest::addColumn<int>("form");
+    QTest::newRow("HTML 4") << 0;
+    QTest::newRow("for today's browsers") << 1;
+}
+
+void tst_otherpictures::aPastedPictureInAPageStays()
+{
+    QFETCH(const int, form);
+    QImage picture(120, 90, QImage::Format_RGB32);
+    picture.fill(ground);
+    QGuiApplication::clipboard()->setImage(picture);
+    QTRY_VERIFY(test_->Entry("mnuAPaste")->isEnabled());
+    test_->Entry("mnuAPaste")->trigger();
+    const QString path = test_->map.Picture();
+    test_->DrawRectangle({ 10, 10 }, { 40, 40 });
+    test_->Find<QLineEdit>("txtName")->setText("harbour");
+    test_->document.fileName = test_->folder.Path("page.html");
+    test_->Find<QComboBox>("cmbMarkup")->setCurrentIndex(form);
+    test_->Entry("mnuInsert")->trigger();
+    PastedPictures::Of(test_->map, test_->folder.imgMap.ProgramFolder).End({});
+    QVERIFY(QFile::exists(path));
 }
 
 void tst_otherpictures::areasArePastedBeforePictures()

@@ -214,18 +214,7 @@ void tst_picturefile::linksToPicturesAreFollowed()
 
 void tst_picturefile::exifOrientationIsAppliedAsBrowsersDo_data()
 {
-    QTest::addColumn<int>("orientation");
-    QTest::addColumn<bool>("isTurned");
-    QTest::addColumn<Corners>("corners");
-    const auto [topLeft, topRight, bottomLeft, bottomRight] = uprightCorners;
-    QTest::newRow("1 upright") << 1 << false << uprightCorners;
-    QTest::newRow("2 mirrored") << 2 << false << Corners{ topRight, topLeft, bottomRight, bottomLeft };
-    QTest::newRow("3 upside down") << 3 << false << Corners{ bottomRight, bottomLeft, topRight, topLeft };
-    QTest::newRow("4 flipped") << 4 << false << Corners{ bottomLeft, bottomRight, topLeft, topRight };
-    QTest::newRow("5 transposed") << 5 << true << Corners{ topLeft, bottomLeft, topRight, bottomRight };
-    QTest::newRow("6 turned clockwise") << 6 << true << Corners{ bottomLeft, topLeft, bottomRight, topRight };
-    QTest::newRow("7 transversed") << 7 << true << Corners{ bottomRight, topRight, bottomLeft, topLeft };
-    QTest::newRow("8 turned back") << 8 << true << Corners{ topRight, bottomRight, topLeft, bottomLeft };
+    AddOrientationRows();
 }
 
 void tst_picturefile::exifOrientationIsAppliedAsBrowsersDo()
