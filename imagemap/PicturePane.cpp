@@ -51,6 +51,7 @@ PicturePane::PicturePane(QWidget* parent)
         ui_->PictureDisplay, &PictureSurface::DoubleClicked, this,
         &PicturePane::PictureDisplay_DoubleClicked);
     connect(ui_->PicNosac, &PictureView::ZoomTurned, this, &PicturePane::PicNosac_Zoom);
+    connect(ui_->PicNosac, &PictureView::PinchBegun, this, &PicturePane::PicNosac_Pinch);
     connect(ui_->PicNosac, &PictureView::Resized, this, &PicturePane::PicNosac_Resize);
     connect(ui_->PicNosac, &PictureView::WheelTurned, this, &PicturePane::PicNosac_Wheel);
     connect(ui_->HScroll1, &QScrollBar::valueChanged, this, &PicturePane::HScroll1_Change);
@@ -205,6 +206,13 @@ void PicturePane::PicNosac_Zoom(double factor, QPoint place)
         // In whole per cents, so that 100 is reached again.
         constexpr double parts = 100;
         ZoomAt(std::round(Zoom() * factor * parts) / parts, place);
+    }
+}
+
+void PicturePane::PicNosac_Pinch()
+{
+    if (tool_ != nullptr) {
+        tool_->Abandon();
     }
 }
 

@@ -76,6 +76,7 @@ private:
     [[nodiscard]] bool PictureDisplay_Key(const QKeyEvent& key, bool isPress);
     [[nodiscard]] bool Pan(const QMouseEvent& mouse);
     void PicNosac_Zoom(double factor, QPoint place);
+    void PicNosac_Pinch();
     void PicNosac_Resize();
     void PicNosac_Wheel(QPoint angle);
     void HScroll1_Change(int value);

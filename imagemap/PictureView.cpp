@@ -1,5 +1,6 @@
 #include "imagemap/PictureView.h"
 
+#include <QGestureEvent>
 #include <QNativeGestureEvent>
 #include <QWheelEvent>
 #include <cmath>
@@ -15,6 +16,7 @@ constexpr double eighthsOfANotch = 120;
 PictureView::PictureView(QWidget* parent)
     : QWidget(parent)
 {
+    grabGesture(Qt::PinchGesture);
 }
 
 void PictureView::resizeEvent(QResizeEvent* event)
@@ -33,7 +35,24 @@ bool PictureView::event(QEvent* event)
             return true;
         }
     }
+    if (event->type() == QEvent::Gesture) {
+        auto& gestures = *static_cast<QGestureEvent*>(event);
+        if (const auto* const pinch = dynamic_cast<QPinchGesture*>(gestures.gesture(Qt::PinchGesture))) {
+            Pinch(*pinch);
+            return true;
+        }
+    }
     return QWidget::event(event);
+}
+
+/** Two fingers on the screen itself. */
+void PictureView::Pinch(const QPinchGesture& pinch)
+{
+    if (pinch.state() == Qt::GestureStarted) {
+        Q_EMIT PinchBegun();
+    } else if (pinch.state() == Qt::GestureUpdated) {
+        Q_EMIT ZoomTurned(pinch.scaleFactor(), mapFromGlobal(pinch.centerPoint()).toPoint());
+    }
 }
 
 void PictureView::wheelEvent(QWheelEvent* event)

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class QScrollBar;
+class QPinchGesture;
 
 /** The visible area of the picture; two scroll bars beside it shift what lies inside. */
 class PictureView : public QWidget
@@ -22,8 +22,14 @@ Q_SIGNALS:
     /** The wheel was turned with Ctrl held, or fingers spread: to be so many times as large about `place`. */
     void ZoomTurned(double factor, QPoint place);
 
+    /** Two fingers have come down on the screen: what the first of them began is not meant. */
+    void PinchBegun();
+
 protected:
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void Pinch(const QPinchGesture& pinch);
 };

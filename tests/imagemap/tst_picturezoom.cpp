@@ -29,6 +29,8 @@ private Q_SLOTS:
     void theMiddleButtonPans();
     void theSpaceBarWithTheMousePans();
     void pinchingZoomsBetweenTheFingers();
+    void fingersOnTheScreenZoom();
+    void oneFingerDrawsAndASecondGivesThatUp();
     void figuresAreDrawnAtEveryZoom_data();
     void figuresAreDrawnAtEveryZoom();
     void outlinesStayOnePixelWide();
@@ -39,7 +41,10 @@ private:
     [[nodiscard]] PicturePane* Pane() const { return test_->Find<PicturePane>("picturePane"); }
     void Trigger(const char* name) { test_->Entry(name)->trigger(); }
 
+    void Spread(QPoint middle, int from, int to);
+
     std::unique_ptr<EditorFixture> test_;
+    QPointingDevice* const screen_ = QTest::createTouchDevice();
 };
 
 void tst_picturezoom::init()
@@ -233,6 +238,56 @@ void tst_picturezoom::pinchingZoomsBetweenTheFingers()
         pinch(-0.1);
     }
     QVERIFY(Pane()->Zoom() < 0.4);
+}
+
+/** Spreads two fingers on the picture from `from` pixels between them to `to`, about `middle`. */
+void tst_picturezoom::Spread(QPoint middle, int from, int to)
+{
+    QWidget* const view = test_->Find<QWidget>("PicNosac");
+    const auto place = [middle](int finger, int apart) {
+        return middle + QPoint(finger == 0 ? -apart / 2 : apart / 2, 0);
+    };
+    QTest::touchEvent(view, screen_).press(0, place(0, from), view);
+    QTest::touchEvent(view, screen_).stationary(0).press(1, place(1, from), view);
+    constexpr int steps = 10;
+    for (int i = 1; i <= steps; ++i) {
+        const int apart = from + (to - from) * i / steps;
+        QTest::touchEvent(view, screen_).move(0, place(0, apart), view).move(1, place(1, apart), view);
+    }
+    QTest::touchEvent(view, screen_).release(0, place(0, to), view).release(1, place(1, to), view);
+}
+
+void tst_picturezoom::fingersOnTheScreenZoom()
+{
+    test_->OpenPicture({ 1600, 1200 });
+    auto* const view = test_->Find<QWidget>("PicNosac");
+    const QPoint at(200, 100);
+    const QPointF before = QPointF(test_->Surface()->mapFrom(view, at));
+    Spread(at, 60, 180);
+    // A first step tells that it is a pinch, and is lost.
+    QVERIFY2(std::abs(Pane()->Zoom() - 180 / 72.0) < 0.1, qPrintable(QString::number(Pane()->Zoom())));
+    const QPointF after = QPointF(test_->Surface()->mapFrom(view, at)) / Pane()->Zoom();
+    QVERIFY2(QLineF(before, after).length() < 4, qPrintable(QString::number(QLineF(before, after).length())));
+    Spread(at, 180, 60);
+    QVERIFY2(std::abs(Pane()->Zoom() - 150 / 168.0) < 0.1, qPrintable(QString::number(Pane()->Zoom())));
+}
+
+void tst_picturezoom::oneFingerDrawsAndASecondGivesThatUp()
+{
+    test_->OpenPicture({ 1600, 1200 });
+    test_->ClickButton(5);
+    Spread({ 200, 100 }, 60, 180);
+    EditorFixture::Settle();
+    QVERIFY(!test_->map.HasContent());
+    QVERIFY(!test_->map.IsDrawingInProgress());
+    Pane()->SetZoom(1);
+    QWidget* const view = test_->Find<QWidget>("PicNosac");
+    QTest::touchEvent(view, screen_).press(0, { 20, 20 }, view);
+    QTest::touchEvent(view, screen_).move(0, { 60, 50 }, view);
+    QVERIFY(test_->map.IsDrawingInProgress());
+    QTest::touchEvent(view, screen_).move(0, { 90, 80 }, view);
+    test_->Link("area.htm", [this, view] { QTest::touchEvent(view, screen_).release(0, { 90, 80 }, view); });
+    QCOMPARE(test_->map.Areas().at(0).Coordinates, (QList{ 20, 20, 90, 80 }));
 }
 
 void tst_picturezoom::figuresAreDrawnAtEveryZoom_data()
