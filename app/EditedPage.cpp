@@ -51,5 +51,9 @@ std::unique_ptr<AnchoredRange> EditedPage::Anchor(const TextSpan& place)
 
 void EditedPage::Replace(const QList<TextReplacement>& replacements)
 {
-    editor_.Replace(replacements);
+    QList<TextReplacement> written = replacements;
+    for (TextReplacement& one : written) {
+        one.Text = file_.ToPutIn(one.Text);
+    }
+    editor_.Replace(written);
 }

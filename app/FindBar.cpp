@@ -1,6 +1,7 @@
 #include "app/FindBar.h"
 
 #include "app/SourceEditor.h"
+#include "app/rules/DocumentFile.h"
 #include "shared/Settings.h"
 #include "widgets/OneLineField.h"
 
@@ -42,10 +43,11 @@ QLineEdit* NewField(QWidget* owner, const char* name, const QString& accessibleN
 
 } // namespace
 
-FindBar::FindBar(SourceEditor& editor, Settings& settings)
+FindBar::FindBar(SourceEditor& editor, Settings& settings, const DocumentFile& file)
     : EditorBar(&editor, "barFind", QStringLiteral("Find"))
     , editor_(editor)
     , settings_(settings)
+    , file_(file)
 {
     AddControls();
     HoldOneLine(this);
@@ -216,6 +218,12 @@ SearchTerms FindBar::Terms() const
              .IsRegex = regex_->isChecked() };
 }
 
+/** What comes in place of a match. */
+QString FindBar::NewText(const QString& lines, const TextSpan& match) const
+{
+    return file_.ToPutIn(ReplacementFor(lines, match, Terms(), replace_->text()));
+}
+
 /** The text with line feeds; its positions are those of the document. */
 QString FindBar::Lines() const
 {
@@ -318,7 +326,7 @@ void FindBar::btnReplace_Click()
         Search();
     }
     if (SelectedMatch() >= 0) {
-        editor_.ReplaceSelection(ReplacementFor(Lines(), Selected(), Terms(), replace_->text()));
+        editor_.ReplaceSelection(NewText(Lines(), Selected()));
         Search();
     }
     FindNext();
@@ -328,7 +336,6 @@ void FindBar::btnReplaceAll_Click()
 {
     Search();
     const QString lines = Lines();
-    const SearchTerms terms = Terms();
     QList<TextReplacement> replacements;
     qsizetype counted = 0;
     qsizetype lineEnds = 0;
@@ -340,7 +347,7 @@ void FindBar::btnReplaceAll_Click()
         lineEnds += endsIn(counted, match.Start);
         const qsizetype within = endsIn(match.Start, match.Start + match.Length);
         replacements << TextReplacement{ { match.Start + lineEnds, match.Length + within },
-                                         ReplacementFor(lines, match, terms, replace_->text()) };
+                                         NewText(lines, match) };
         lineEnds += within;
         counted = match.Start + match.Length;
     }

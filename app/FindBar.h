@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <optional>
 
+class DocumentFile;
 class QCheckBox;
 class QGridLayout;
 class QLabel;
@@ -20,7 +21,7 @@ class FindBar : public EditorBar
     Q_OBJECT
 
 public:
-    FindBar(SourceEditor& editor, Settings& settings);
+    FindBar(SourceEditor& editor, Settings& settings, const DocumentFile& file);
 
     /** Shows the bar, with what is selected in its field. */
     void ShowFind();
@@ -48,6 +49,7 @@ private:
     void StartAnew();
 
     [[nodiscard]] SearchTerms Terms() const;
+    [[nodiscard]] QString NewText(const QString& lines, const TextSpan& match) const;
     [[nodiscard]] QString Lines() const;
     [[nodiscard]] TextSpan Within(const QString& lines) const;
     void Search();
@@ -61,6 +63,7 @@ private:
 
     SourceEditor& editor_;
     Settings& settings_;
+    const DocumentFile& file_;
     QLineEdit* find_ = nullptr;
     QLineEdit* replace_ = nullptr;
     QLabel* replaceLabel_ = nullptr;

@@ -22,8 +22,6 @@ namespace {
 constexpr int mostLinesLookedAt = 2000;
 
 /** What was decided about the Tab key; the numbers of the setting. */
-constexpr NumberSetting tabKeySetting{ "Page/TabIndents", 0, 0, 2 };
-
 enum TabKey { Undecided, MovesLines, PutsInTab };
 
 /** The lines that are selected, or the caret's. */
@@ -100,21 +98,21 @@ void PageCommands::mnuPUnindent_Click()
 
 void PageCommands::mnuPTabIndents_Click()
 {
-    settings_.Keep(tabKeySetting, tabEntry_->isChecked() ? MovesLines : PutsInTab);
+    settings_.Keep(Setting::tabIndents, tabEntry_->isChecked() ? MovesLines : PutsInTab);
 }
 
 /** Whoever moves lines wants the Tab key for it, unless that was said otherwise. */
 void PageCommands::UseTabIndents()
 {
-    if (settings_.Value(tabKeySetting) == Undecided) {
-        settings_.Keep(tabKeySetting, MovesLines);
+    if (settings_.Value(Setting::tabIndents) == Undecided) {
+        settings_.Keep(Setting::tabIndents, MovesLines);
     }
     tabEntry_->setChecked(DoesTabIndent());
 }
 
 bool PageCommands::DoesTabIndent() const
 {
-    return settings_.Value(tabKeySetting) == MovesLines;
+    return settings_.Value(Setting::tabIndents) == MovesLines;
 }
 
 /** What the first line that is moved in is moved in by, or the usual. */

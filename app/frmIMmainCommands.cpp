@@ -256,7 +256,7 @@ ViewCommands& frmIMmain::Views()
 FindBar& frmIMmain::Find()
 {
     if (find_ == nullptr) {
-        find_ = new FindBar(*ui_->MapsText1, imgMap_.Remembered);
+        find_ = new FindBar(*ui_->MapsText1, imgMap_.Remembered, file_);
         ui_->MapsText1->SetBar(Qt::BottomEdge, find_);
     }
     return *find_;

@@ -9,7 +9,7 @@ namespace {
  * The elements of the HTML standard (html.spec.whatwg.org) and those that were in use before it. Start tags
  * end paragraphs, items and the like where the standard says so.
  */
-constexpr auto elements = std::to_array<HtmlElement>({
+constexpr auto knownElements = std::to_array<HtmlElement>({
     { "a" },
     { "abbr" },
     { "abbrev" },
@@ -176,8 +176,8 @@ constexpr auto elements = std::to_array<HtmlElement>({
 
 constexpr bool AreElementsInOrder()
 {
-    for (std::size_t i = 1; i < elements.size(); ++i) {
-        if (elements[i - 1].name >= elements[i].name) {
+    for (std::size_t i = 1; i < knownElements.size(); ++i) {
+        if (knownElements[i - 1].name >= knownElements[i].name) {
             return false;
         }
     }
@@ -211,16 +211,16 @@ constexpr bool IsOfTable(HtmlRole role)
 
 std::span<const HtmlElement> HtmlElements()
 {
-    return elements;
+    return knownElements;
 }
 
 const HtmlElement* FindElement(QStringView name)
 {
     const auto* const found =
-        std::partition_point(elements.begin(), elements.end(), [name](const HtmlElement& one) {
+        std::partition_point(knownElements.begin(), knownElements.end(), [name](const HtmlElement& one) {
             return Compare(one.name, name) < 0;
         });
-    return found != elements.end() && Compare(found->name, name) == 0 ? found : nullptr;
+    return found != knownElements.end() && Compare(found->name, name) == 0 ? found : nullptr;
 }
 
 bool IsEndedBy(const HtmlElement& open, const HtmlElement& next)

@@ -40,7 +40,7 @@ inline constexpr FlagSetting fitPicture{ "Map/FitPicture", false };
 
 inline constexpr FlagSetting readUtf8{ "Page/ReadUtf8", false };
 inline constexpr FlagSetting newPagesUtf8{ "Page/NewPagesUtf8", false };
-inline constexpr FlagSetting tabIndents{ "Page/TabIndents", false };
+inline constexpr NumberSetting tabIndents{ "Page/TabIndents", 0, 0, 2 }; ///< not decided, on, off
 inline constexpr FlagSetting completion{ "Page/Completion", false };
 inline constexpr ListSetting recentPages{ "Page/Recent", 10 };
 inline constexpr ListSetting recentPictures{ "Map/Recent", 10 };

@@ -1,5 +1,6 @@
 #include "app/rules/DocumentFile.h"
 
+#include "app/rules/References.h"
 #include "app/rules/TemporaryCopy.h"
 #include "html/DeclaredEncoding.h"
 #include "shared/FileWriting.h"
@@ -127,6 +128,11 @@ void DocumentFile::SetChanged(bool isChanged)
         isChanged_ = isChanged;
         Q_EMIT ChangedMarkSet(isChanged_);
     }
+}
+
+QString DocumentFile::ToPutIn(const QString& markup) const
+{
+    return foundUtf8_ && !isHandledAnew_ ? WithReferences(markup) : markup;
 }
 
 void DocumentFile::Become(const QString& name)

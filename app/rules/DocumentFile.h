@@ -37,6 +37,10 @@ public:
      * no way. */
     [[nodiscard]] std::optional<TextEncoding> FoundUtf8() const { return foundUtf8_; }
 
+    /** What a command puts into the text, as it has to be written there: a page in UTF-8 that is read
+     * otherwise gets references. */
+    [[nodiscard]] QString ToPutIn(const QString& markup) const;
+
     /** Becomes a new document without changes, in an encoding if one is given. */
     void StartNew(std::optional<TextEncoding> encoding = std::nullopt);
 

@@ -8,3 +8,10 @@
  * references, in scripts and styles as what these have instead.
  */
 [[nodiscard]] QList<TextReplacement> ReferencesFor(const QString& text, TextEncoding encoding);
+
+/**
+ * `text`, a piece of markup, with everything beyond ASCII written so. In a page in UTF-8 that is read as
+ * Windows-1252 it reads as it was meant; what comes from the page, and is UTF-8 that was read so, stays as it
+ * is.
+ */
+[[nodiscard]] QString WithReferences(const QString& text);

@@ -30,6 +30,9 @@ private Q_SLOTS:
     void keysInTheBarAreNotForTheText();
     void barLeavesTheEditorsPlaceAndTheStatusBarsHeight();
     void placeAndChangesAreShown();
+    void whatCommandsPutInIsWrittenAsReferences();
+    void whatIsReplacedIsWrittenAsReferences();
+    void whatIsTypedStaysAsItIs();
 };
 
 void tst_encoding::pageInUtf8IsToldOf_data()
@@ -284,6 +287,44 @@ void tst_encoding::placeAndChangesAreShown()
     test_->robot.ChooseFile(Path("page.htm"));
     test_->Press(Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(modified->text(), QString());
+}
+
+void tst_encoding::whatCommandsPutInIsWrittenAsReferences()
+{
+    const QList<TextReplacement> atStart = { { { 0, 0 }, QStringLiteral("<p title='\u00FC'>") } };
+    QVERIFY(OpenFile("page.htm", "gr\xC3\xBC"));
+    test_->window.Page().Replace(atStart);
+    QCOMPARE(Saved(), QByteArray("<p title='&#252;'>gr\xC3\xBC\r\n"));
+    QVERIFY(OpenFile("page.htm", "gr\xC3\xBC"));
+    Answer("btnReadSo");
+    test_->window.Page().Replace(atStart);
+    QCOMPARE(Saved(), QByteArray("<p title='\xC3\xBC'>gr\xC3\xBC"));
+    QVERIFY(OpenFile("page.htm", "gr\xFC"));
+    test_->window.Page().Replace(atStart);
+    QCOMPARE(Saved(), QByteArray("<p title='\xFC'>gr\xFC\r\n"));
+}
+
+static void TypeUmlaut(QWidget* widget)
+{
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_Udiaeresis, QStringLiteral("\u00FC"), Qt::NoModifier);
+}
+
+void tst_encoding::whatIsReplacedIsWrittenAsReferences()
+{
+    QVERIFY(OpenFile("page.htm", "gr\xC3\xBC gr"));
+    test_->Press(Qt::Key_H, Qt::ControlModifier);
+    QTest::keyClicks(test_->Find<QLineEdit>("txtFind"), QStringLiteral("gr"));
+    TypeUmlaut(test_->Find<QLineEdit>("txtReplace"));
+    Click(test_->Find<QPushButton>("btnReplaceAll"));
+    QCOMPARE(Saved(), QByteArray("&#252;\xC3\xBC &#252;\r\n"));
+}
+
+void tst_encoding::whatIsTypedStaysAsItIs()
+{
+    QVERIFY(OpenFile("page.htm", "gr\xC3\xBC"));
+    test_->Press(Qt::Key_Home, Qt::ControlModifier);
+    TypeUmlaut(Editor());
+    QCOMPARE(Saved(), QByteArray("\xFCgr\xC3\xBC\r\n"));
 }
 
 QTEST_MAIN(tst_encoding)

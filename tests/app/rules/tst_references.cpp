@@ -9,6 +9,8 @@ class tst_references : public QObject
 private Q_SLOTS:
     void everyPlaceHasItsWayOfWriting_data();
     void everyPlaceHasItsWayOfWriting();
+    void allBeyondAsciiIsWrittenSo_data();
+    void allBeyondAsciiIsWrittenSo();
 };
 
 void tst_references::everyPlaceHasItsWayOfWriting_data()
@@ -38,6 +40,28 @@ void tst_references::everyPlaceHasItsWayOfWriting()
     }
     QTEST(result, "expected");
     QVERIFY(ReferencesFor(text, TextEncoding::Utf8).isEmpty());
+}
+
+void tst_references::allBeyondAsciiIsWrittenSo_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("ascii") << QStringLiteral("<a b='c'>") << QStringLiteral("<a b='c'>");
+    QTest::newRow("letters") << QStringLiteral("<a b='\u00FC'>\u65E5")
+                             << QStringLiteral("<a b='&#252;'>&#26085;");
+    QTest::newRow("a pair") << QStringLiteral("\U0001F600") << QStringLiteral("&#128512;");
+    QTest::newRow("script and style") << QStringLiteral("<script>'\u00FC'</script><style>'\u00FC'</style>")
+                                      << QStringLiteral("<script>'\\u00fc'</script><style>'\\fc '</style>");
+    // "\u00C3\u00BC" is what the UTF-8 of an "\u00FC" reads like.
+    QTest::newRow("of the page") << QStringLiteral("\u00C3\u00BC\u00FC\u00C3\u00BC")
+                                 << QStringLiteral("\u00C3\u00BC&#252;\u00C3\u00BC");
+    QTest::newRow("half a pair") << QString(QChar(0xDC80)) << QString(QChar(0xDC80));
+}
+
+void tst_references::allBeyondAsciiIsWrittenSo()
+{
+    QFETCH(const QString, text);
+    QTEST(WithReferences(text), "expected");
 }
 
 QTEST_GUILESS_MAIN(tst_references)
