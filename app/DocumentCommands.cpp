@@ -2,10 +2,12 @@
 
 #include "app/SourceEditor.h"
 #include "app/rules/DocumentFile.h"
+#include "app/rules/TodayPageFrame.h"
 #include "widgets/FileDialog.h"
 #include "widgets/WindowHelpers.h"
 
 #include <QFileInfo>
+#include <QLocale>
 
 namespace {
 
@@ -55,6 +57,19 @@ void DocumentCommands::NewDocument()
     } else {
         ClearDocument();
     }
+}
+
+void DocumentCommands::mnuPNewPage_Click()
+{
+    // What could not be saved is still there, and stays.
+    if (file_.IsChanged() && (!MayDiscardChanges() || file_.IsChanged())) {
+        return;
+    }
+    const TodayPageFrame frame = MakeTodayPageFrame(QLocale::system().bcp47Name());
+    file_.StartNew(TextEncoding::Utf8);
+    ShowText(frame.Text);
+    editor_.Select(frame.Caret, 0);
+    editor_.setFocus();
 }
 
 void DocumentCommands::OpenDocument()

@@ -15,6 +15,8 @@ public:
     DocumentCommands(QWidget* window, ImgMap& imgMap, SourceEditor& editor, DocumentFile& file);
 
     void NewDocument();
+    /** Begins a page for today's browsers, in UTF-8. */
+    void mnuPNewPage_Click();
     void OpenDocument();
     /** Opens the file `path`, which was named otherwise than in a dialog. */
     void OpenNamed(const QString& path);

@@ -15,6 +15,10 @@ private Q_SLOTS:
     void newAfterYesSavesFirst();
     void newAfterCancelChangesNothing();
 
+    void newPageForTodayIsSavedInUtf8();
+    void newPageForTodayAsksWhenTheDocumentHasChanged();
+    void newPageForTodayKeepsWhatCannotBeSaved();
+
     void promptNamesTheDocument();
     void promptClosedByEscIsCancelled();
     void promptSavesTheNewDocumentWhereTheUserSays();
@@ -95,6 +99,50 @@ void tst_documents::newAfterCancelChangesNothing()
     QCOMPARE(test_->DocumentName(), Path("page.htm"));
     QVERIFY(test_->window.File().IsChanged());
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("old"));
+}
+
+void tst_documents::newPageForTodayIsSavedInUtf8()
+{
+    test_->ClickMenu("mnuPage", "mnuPNewPage");
+    QCOMPARE(test_->DocumentName(), QString::fromLatin1(newDocument));
+    QVERIFY(!test_->window.File().IsChanged());
+    const QString page = test_->Editor()->Text();
+    QVERIFY(page.startsWith(QStringLiteral("<!DOCTYPE html>\r\n<html lang=\"")));
+    QCOMPARE(
+        test_->Editor()->SelStart(),
+        page.indexOf(QStringLiteral("<body>\r\n")) + qsizetype(qstrlen("<body>\r\n")));
+    // What was typed goes into the body and comes out in UTF-8, without a line end behind the page.
+    test_->Editor()->insertPlainText(QStringLiteral("<p>\u65e5</p>"));
+    test_->robot.ChooseFile(Path("page.htm"));
+    test_->Press(Qt::Key_S, Qt::ControlModifier);
+    const QByteArray bytes = BytesOf(Path("page.htm"));
+    QVERIFY(bytes.contains("<meta charset=\"utf-8\">"));
+    QVERIFY(bytes.contains("<body>\r\n<p>\xe6\x97\xa5</p>\r\n</body>"));
+    QVERIFY(bytes.endsWith("</html>\r\n"));
+    QVERIFY(!bytes.endsWith("\r\n\r\n"));
+}
+
+void tst_documents::newPageForTodayAsksWhenTheDocumentHasChanged()
+{
+    test_->Type("x");
+    test_->robot.AnswerBox(QMessageBox::Cancel);
+    test_->ClickMenu("mnuPage", "mnuPNewPage");
+    QCOMPARE(test_->robot.Boxes().size(), 1);
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
+    test_->robot.AnswerBox(QMessageBox::No);
+    test_->ClickMenu("mnuPage", "mnuPNewPage");
+    QVERIFY(test_->Editor()->Text().startsWith(QStringLiteral("<!DOCTYPE html>")));
+}
+
+void tst_documents::newPageForTodayKeepsWhatCannotBeSaved()
+{
+    MakeUnwritable();
+    test_->robot.AnswerBox(QMessageBox::Yes);
+    test_->robot.AnswerBox(QMessageBox::Ok);
+    test_->ClickMenu("mnuPage", "mnuPNewPage");
+    QCOMPARE(test_->robot.Boxes().size(), 2);
+    QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
+    QVERIFY(test_->window.File().IsChanged());
 }
 
 void tst_documents::promptNamesTheDocument()

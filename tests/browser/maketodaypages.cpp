@@ -3,6 +3,7 @@
 //
 // cartolen-today-pages FOLDER
 
+#include "app/rules/TodayPageFrame.h"
 #include "tests/codegen/TodayPages.h"
 
 #include <QCoreApplication>
@@ -73,6 +74,10 @@ int main(int argc, char* argv[])
         const QString title = QString::fromLatin1(name);
         isWritten = Write(folder.filePath(title), EmptyTodayPage(title).toUtf8()) && isWritten;
     }
+    isWritten = Write(
+                    folder.filePath(QStringLiteral("new.html")),
+                    MakeTodayPageFrame(QStringLiteral("en")).Text.toUtf8()) &&
+                isWritten;
     QJsonObject maps;
     const QList<TodayTestPage> pages = SmallTodayPages() + LargeTodayPages();
     for (const TodayTestPage& page : pages) {
