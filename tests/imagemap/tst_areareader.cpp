@@ -2,6 +2,36 @@
 
 #include <QAccessible>
 
+namespace {
+
+/** Set where screen readers are listened for. */
+constexpr const char* isHeardVariable = "CARTOLEN_IS_HEARD";
+
+/** What screen readers are told of, and of which child of the picture. */
+struct Heard
+{
+    QAccessible::Event kind;
+    int child;
+
+    bool operator==(const Heard&) const = default;
+};
+
+QList<Heard> heard;
+const QObject* spokenOf = nullptr;
+
+void Hear(QAccessibleEvent* event)
+{
+    const bool isOfAreas = event->type() == QAccessible::Focus || event->type() == QAccessible::Selection ||
+                           event->type() == QAccessible::ObjectReorder;
+    // The picture's own focus is Qt's to tell.
+    const bool isOfPictureAlone = event->type() == QAccessible::Focus && event->child() < 0;
+    if (event->object() == spokenOf && isOfAreas && !isOfPictureAlone) {
+        heard << Heard{ event->type(), event->child() };
+    }
+}
+
+} // namespace
+
 /** The areas as a screen reader finds them on the picture. */
 class tst_areareader : public EditorTest
 {
@@ -9,7 +39,11 @@ class tst_areareader : public EditorTest
 
 private Q_SLOTS:
     void init();
-    void cleanup() { End(); }
+    void cleanup()
+    {
+        QAccessible::installUpdateHandler(handlerBefore_);
+        End();
+    }
 
     void areasAreChildrenOfThePicture();
     void eachTellsWhereItIs();
@@ -19,8 +53,13 @@ private Q_SLOTS:
     void goingToAnAreaSelectsIt();
     void areasThatWentAreNoChildren();
     void areasThatComeAreChildren();
+    void theSelectedAreaIsAnnounced();
+    void nothingIsAnnouncedAsFocusedWhileTheFocusIsElsewhere();
+    void areasThatComeAndGoAreAnnounced();
 
 private:
+    QAccessible::UpdateHandler handlerBefore_ = nullptr;
+
     [[nodiscard]] QAccessibleInterface* Picture() const
     {
         return QAccessible::queryAccessibleInterface(test_->Surface());
@@ -40,6 +79,8 @@ void tst_areareader::init()
     test_->DrawCircle({ 60, 40 }, { 90, 40 }, "two.htm");
     test_->editor->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(test_->editor));
+    spokenOf = test_->Surface();
+    handlerBefore_ = QAccessible::installUpdateHandler(&Hear);
 }
 
 void tst_areareader::areasAreChildrenOfThePicture()
@@ -140,6 +181,56 @@ void tst_areareader::areasThatComeAreChildren()
     test_->Entry("mnuASelectAll")->trigger();
     test_->Entry("mnuADuplicate")->trigger();
     QCOMPARE(Picture()->childCount(), 4);
+}
+
+void tst_areareader::theSelectedAreaIsAnnounced()
+{
+    if (!qEnvironmentVariableIsSet(isHeardVariable)) {
+        QSKIP("only a run with a bus for screen readers hears anything");
+    }
+    QTRY_VERIFY(QAccessible::isActive());
+    test_->Entry("mnuASelect")->trigger();
+    test_->Surface()->setFocus();
+    heard.clear();
+    Key(Qt::Key_Tab);
+    const QList<Heard> first = { { QAccessible::Selection, 0 }, { QAccessible::Focus, 0 } };
+    QCOMPARE(heard, first);
+    Key(Qt::Key_Tab);
+    const QList<Heard> second = { { QAccessible::Selection, 1 }, { QAccessible::Focus, 1 } };
+    QCOMPARE(heard, first + second);
+    Key(Qt::Key_Right);
+    QCOMPARE(heard, first + second);
+}
+
+void tst_areareader::nothingIsAnnouncedAsFocusedWhileTheFocusIsElsewhere()
+{
+    if (!qEnvironmentVariableIsSet(isHeardVariable)) {
+        QSKIP("only a run with a bus for screen readers hears anything");
+    }
+    QTRY_VERIFY(QAccessible::isActive());
+    test_->Entry("mnuASelect")->trigger();
+    test_->Find<QWidget>("ListView1")->setFocus();
+    heard.clear();
+    test_->Entry("mnuASelectAll")->trigger();
+    QCOMPARE(heard, (QList<Heard>{ { QAccessible::Selection, 1 } }));
+}
+
+void tst_areareader::areasThatComeAndGoAreAnnounced()
+{
+    if (!qEnvironmentVariableIsSet(isHeardVariable)) {
+        QSKIP("only a run with a bus for screen readers hears anything");
+    }
+    QTRY_VERIFY(QAccessible::isActive());
+    const Heard other{ QAccessible::ObjectReorder, -1 };
+    heard.clear();
+    test_->Entry("mnuASelectAll")->trigger();
+    QCOMPARE(heard.count(other), 0);
+    test_->Entry("mnuADuplicate")->trigger();
+    QCOMPARE(heard.count(other), 1);
+    test_->Entry("mnuAUndo")->trigger();
+    QCOMPARE(heard.count(other), 2);
+    test_->Entry("mnuARedo")->trigger();
+    QCOMPARE(heard.count(other), 3);
 }
 
 QTEST_MAIN(tst_areareader)
