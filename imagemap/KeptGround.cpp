@@ -58,3 +58,15 @@ void KeptGround::Paint(QPainter& painter, const QRect& place, const Painting& pa
     painter.drawImage(shown, picture_, shown.translated(-PlaceOnScreen(toScreen, place_).topLeft()));
     painter.restore();
 }
+
+QImage KeptPart::Of(const QRect& place, const QRect& seen, const Making& make)
+{
+    if (picture_.isNull() || !place_.contains(place)) {
+        place_ = place | seen;
+        if (qint64(place_.width()) * place_.height() > keptAtMost) {
+            place_ = place;
+        }
+        picture_ = make(place_);
+    }
+    return picture_.copy(place.translated(-place_.topLeft()));
+}

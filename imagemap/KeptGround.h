@@ -31,3 +31,19 @@ private:
     QRect place_;         ///< what of the widget it shows
     QTransform toScreen_; ///< from there to the screen, when it was painted
 };
+
+/** The same for what is drawn over pixel by pixel, kept in the pixels of the widget. */
+class KeptPart
+{
+public:
+    using Making = std::function<QImage(const QRect& place)>;
+
+    void Forget() { picture_ = {}; }
+
+    /** What `make` makes of `place`; where it is not kept, of all that is `seen`, which is kept then. */
+    [[nodiscard]] QImage Of(const QRect& place, const QRect& seen, const Making& make);
+
+private:
+    QImage picture_;
+    QRect place_; ///< what of the widget it shows
+};

@@ -79,7 +79,7 @@ PictureSurface::PictureSurface(QWidget* parent)
 
 void PictureSurface::SetPicture(const QImage& picture)
 {
-    ground_.Forget();
+    ForgetGround();
     picture_ = picture;
     figures_.clear();
     rubber_.reset();
@@ -92,7 +92,7 @@ void PictureSurface::SetPicture(const QImage& picture)
 
 void PictureSurface::SetZoom(double zoom)
 {
-    ground_.Forget();
+    ForgetGround();
     zoom_ = zoom;
     resize(Zoomed(picture_.size(), zoom_));
     update();
@@ -101,7 +101,7 @@ void PictureSurface::SetZoom(double zoom)
 void PictureSurface::ShowAreas(const MapAreas& areas)
 {
     if (areas_ != areas) {
-        ground_.Forget();
+        ForgetGround();
         areas_ = areas;
         update();
     }
@@ -143,7 +143,7 @@ void PictureSurface::HideCross()
 
 void PictureSurface::SetForegroundColor(const QColor& color)
 {
-    ground_.Forget();
+    ForgetGround();
     foregroundColor_ = color;
     update();
 }
@@ -159,7 +159,7 @@ void PictureSurface::ShowFigures(const PaintedFigures& figures)
         std::for_each(come, figures.cend(), [this](const PaintedFigure& figure) { UpdateFigure(figure); });
     }
     if (figures_ != figures) {
-        ground_.Forget();
+        ForgetGround();
         figures_ = figures;
     }
 }
@@ -209,14 +209,20 @@ void PictureSurface::paintEvent(QPaintEvent* event)
     PaintOverlay(painter, exposed);
 }
 
+void PictureSurface::ForgetGround()
+{
+    ground_.Forget();
+    underRubber_.Forget();
+}
+
 void PictureSurface::changeEvent(QEvent* event)
 {
     // Colours and font may have changed.
-    ground_.Forget();
+    ForgetGround();
     QWidget::changeEvent(event);
 }
 
-void PictureSurface::PaintGround(QPainter& painter, const QRect& exposed) const
+void PictureSurface::PaintGround(QPainter& painter, const QRect& exposed)
 {
     PaintPicture(painter, exposed);
     if (!areas_.isEmpty()) {
@@ -225,19 +231,25 @@ void PictureSurface::PaintGround(QPainter& painter, const QRect& exposed) const
     }
 }
 
-void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed) const
+void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed)
 {
-    const PaintedFigures figures = FiguresIn(figures_, zoom_, exposed);
     const bool hasRubber = rubber_ && BoundsOf(FigureOnScreen(*rubber_, zoom_)).intersects(exposed);
-    if (zoom_ == 1 && figures.isEmpty() && !hasRubber) {
+    const bool isKept = hasRubber && figures_.size() > keptFrom;
+    if (zoom_ == 1 && !hasRubber && FiguresIn(figures_, zoom_, exposed).isEmpty()) {
         painter.drawImage(exposed, picture_, exposed);
         return;
     }
     // In the picture's own pixels, so that figures look the same at every scaling.
-    QImage part = zoom_ == 1 ? picture_.copy(exposed) : ZoomedPart(picture_, zoom_, exposed);
-    if (!figures.isEmpty()) {
-        PaintFigures(part, exposed.topLeft(), figures, foregroundColor_);
-    }
+    const auto make = [this](const QRect& place) {
+        QImage drawn = zoom_ == 1 ? picture_.copy(place) : ZoomedPart(picture_, zoom_, place);
+        const PaintedFigures figures = FiguresIn(figures_, zoom_, place);
+        if (!figures.isEmpty()) {
+            PaintFigures(drawn, place.topLeft(), figures, foregroundColor_);
+        }
+        return drawn;
+    };
+    const QRect seen = Grown(visibleRegion().boundingRect(), sharedBorder) & rect();
+    QImage part = isKept ? underRubber_.Of(exposed, seen, make) : make(exposed);
     if (hasRubber) {
         PaintRubber(part, exposed.topLeft(), FigureOnScreen(*rubber_, zoom_));
     }

@@ -74,8 +74,9 @@ private:
     void UpdateFigure(const PaintedFigure& figure);
     void UpdateSelection(const SelectionPicture& selection);
     /** The picture with its figures, or with all areas over it. */
-    void PaintGround(QPainter& painter, const QRect& exposed) const;
-    void PaintPicture(QPainter& painter, const QRect& exposed) const;
+    void ForgetGround();
+    void PaintGround(QPainter& painter, const QRect& exposed);
+    void PaintPicture(QPainter& painter, const QRect& exposed);
     void PaintOverlay(QPainter& painter, const QRect& exposed) const;
     /** Where the mouse is in the picture: on another scale than the picture's own in whole pixels. */
     [[nodiscard]] QPointF PlaceOf(const QMouseEvent& event) const;
@@ -89,4 +90,5 @@ private:
     SelectionPicture selection_;
     std::optional<QPoint> cross_;
     KeptGround ground_;
+    KeptPart underRubber_;
 };

@@ -31,6 +31,17 @@ MapAreas Triangles(int count)
     return triangles;
 }
 
+PaintedFigures Boxes(int count)
+{
+    PaintedFigures boxes;
+    for (int i = 0; i < count; ++i) {
+        const int x = 13 * i % 250;
+        const int y = 17 * i % 160;
+        boxes << PaintedFigure{ .kind = kindRectangle, .x1 = x, .y1 = y, .x2 = x + 40, .y2 = y + 30 };
+    }
+    return boxes;
+}
+
 /** The picture with these areas shown whole, painted at once and without anything kept. */
 QImage PaintedAtOnce(const PictureSurface& surface, const MapAreas& areas)
 {
@@ -61,6 +72,7 @@ private Q_SLOTS:
     void otherColoursAreSeen();
     void anotherZoomIsSeen();
     void aPartIsTakenFromItsPlace();
+    void whatIsBeingDrawnIsSeenOverAllFigures();
 
 private:
     [[nodiscard]] QImage Shown() const { return surface_->grab().toImage(); }
@@ -129,6 +141,32 @@ void tst_keptground::aPartIsTakenFromItsPlace()
     const QPoint place = part.topLeft() * surface_->devicePixelRatioF();
     QCOMPARE(shown, whole.copy(QRect(place, shown.size())));
     QCOMPARE(Shown(), whole);
+}
+
+void tst_keptground::whatIsBeingDrawnIsSeenOverAllFigures()
+{
+    const PaintedFigures figures = Boxes(100);
+    const PaintedFigure drawn{ .kind = kindRectangle, .x1 = 20, .y1 = 10, .x2 = 240, .y2 = 150 };
+    surface_->ShowAreas({});
+    surface_->ShowFigures(figures);
+    // One step after the other, the last of which is over what was kept for the first.
+    for (int x = 100; x < drawn.x2; x += 50) {
+        surface_->ShowRubberFigure({ .kind = kindRectangle, .x1 = 20, .y1 = 10, .x2 = x, .y2 = 150 });
+        QVERIFY(!Shown().isNull());
+    }
+    surface_->ShowRubberFigure(drawn);
+    PictureSurface fresh;
+    fresh.SetPicture(MakePicture());
+    fresh.ShowFigures(figures);
+    fresh.ShowRubberFigure(drawn);
+    QCOMPARE(Shown(), fresh.grab().toImage());
+    // Other figures below it are seen at once.
+    surface_->ShowFigures(Boxes(90));
+    fresh.ShowFigures(Boxes(90));
+    QCOMPARE(Shown(), fresh.grab().toImage());
+    surface_->EraseRubberFigure();
+    fresh.EraseRubberFigure();
+    QCOMPARE(Shown(), fresh.grab().toImage());
 }
 
 QTEST_MAIN(tst_keptground)
