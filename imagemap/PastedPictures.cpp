@@ -15,6 +15,8 @@ constexpr QStringView pictureEnding = u".png";
 constexpr QStringView lockEnding = u".lock";
 constexpr QStringView keptEnding = u".kept";
 constexpr int numberDigits = 3;
+/** Of the number; no other file of the folder is touched. */
+constexpr QStringView digitsPattern = u"[0-9][0-9][0-9]";
 constexpr int picturesAtMost = 999;
 
 QString NameOf(const QString& path)
@@ -52,8 +54,8 @@ bool PastedPictures::Contains(const QString& path) const
 QStringList PastedPictures::Names() const
 {
     QStringList names;
-    const QStringList files =
-        QDir(folder_).entryList({ pastedStart + u'*' + pictureEnding, pastedStart + u'*' + lockEnding });
+    const QString name = pastedStart % digitsPattern;
+    const QStringList files = QDir(folder_).entryList({ name + pictureEnding, name + lockEnding });
     for (const QString& file : files) {
         names << NameOf(file);
     }

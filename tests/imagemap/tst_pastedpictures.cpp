@@ -155,7 +155,7 @@ void tst_pastedpictures::leftoversGo()
 
 void tst_pastedpictures::otherFilesStay()
 {
-    const QStringList names = { "Pasted.txt", "picture.png", "preview.htm" };
+    const QStringList names = { "Pasted by me.png", "Pasted.txt", "picture.png", "preview.htm" };
     for (const QString& name : names) {
         QVERIFY(WriteFile(folder_->Path("Temp/" + name), "kept"));
     }
