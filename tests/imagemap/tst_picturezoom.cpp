@@ -279,12 +279,12 @@ void tst_picturezoom::oneFingerDrawsAndASecondGivesThatUp()
     Spread({ 200, 100 }, 60, 180);
     EditorFixture::Settle();
     QVERIFY(!test_->map.HasContent());
-    QVERIFY(!test_->map.IsDrawingInProgress());
+    QVERIFY(!test_->map.Drawing().IsInProgress());
     Pane()->SetZoom(1);
     QWidget* const view = test_->Find<QWidget>("PicNosac");
     QTest::touchEvent(view, screen_).press(0, { 20, 20 }, view);
     QTest::touchEvent(view, screen_).move(0, { 60, 50 }, view);
-    QVERIFY(test_->map.IsDrawingInProgress());
+    QVERIFY(test_->map.Drawing().IsInProgress());
     QTest::touchEvent(view, screen_).move(0, { 90, 80 }, view);
     test_->Link("area.htm", [this, view] { QTest::touchEvent(view, screen_).release(0, { 90, 80 }, view); });
     QCOMPARE(test_->map.Areas().at(0).Coordinates, (QList{ 20, 20, 90, 80 }));
