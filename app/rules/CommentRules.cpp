@@ -7,6 +7,9 @@
 
 namespace {
 
+/** In front of every page, where something is selected. */
+constexpr qsizetype noCaret = -1;
+
 /** A part of a page. */
 struct Region
 {
@@ -104,14 +107,14 @@ TextElement ReadTextElement(HtmlTokens& tokens, HtmlToken& token)
 
 /** How much more of the page `region` has to be, and where it lies; `caret` is the caret where nothing is
  * selected. */
-Surroundings SurroundingsOf(QStringView page, Region region, const std::optional<qsizetype>& caret)
+Surroundings SurroundingsOf(QStringView page, Region region, qsizetype caret)
 {
     using enum Surroundings::Kind;
     HtmlTokens tokens(page);
     for (HtmlToken token; tokens.Next(token) && token.whole.offset <= region.End;) {
         const qsizetype start = token.whole.offset;
         const qsizetype end = token.whole.End();
-        const bool isCaretIn = caret && start < *caret && *caret < end;
+        const bool isCaretIn = start < caret && caret < end;
         if (IsProperComment(token, page) && (isCaretIn || region.IsWithin(start, end))) {
             return { Comment, region, token.whole };
         }
@@ -155,13 +158,12 @@ Region StyleComment(QStringView page, qsizetype start, qsizetype end)
     return { end, end };
 }
 
-QList<TextReplacement>
-ToggleInStyle(QStringView page, const HtmlSpan& style, Region& region, const std::optional<qsizetype>& caret)
+QList<TextReplacement> ToggleInStyle(QStringView page, const HtmlSpan& style, Region& region, qsizetype caret)
 {
     Region comment = StyleComment(page, style.offset, style.End());
     while (comment.Start < region.End) {
         const bool isWhole = comment.End - comment.Start >= 4 && page.first(comment.End).endsWith(u"*/");
-        const bool isCaretIn = caret && comment.Start < *caret && *caret < comment.End;
+        const bool isCaretIn = comment.Start < caret && caret < comment.End;
         if ((isCaretIn || region.IsWithin(comment.Start, comment.End)) && isWhole) {
             region = comment;
             return TakeOffMarks(page, comment.Span(), CommentMarks::Style);
@@ -225,7 +227,7 @@ TextSpan Grown(const Region& region, const QList<TextReplacement>& replacements)
 
 CommentChange ToggleComment(const QString& page, const TextSpan& place)
 {
-    const auto caret = place.Length == 0 ? std::optional(place.Start) : std::nullopt;
+    const qsizetype caret = place.Length == 0 ? place.Start : noCaret;
     Surroundings there = SurroundingsOf(page, RegionOf(page, place), caret);
     Region& region = there.Place;
     CommentChange change;
