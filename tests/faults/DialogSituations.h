@@ -106,7 +106,7 @@ inline QList<Situation> MainWindowDialogs()
 }
 
 /** Dialogs of the image map editor, while there is no area, or the one that the dialog is about. */
-inline QList<Situation> EditorDialogs()
+inline QList<Situation> EditorSituations()
 {
     const auto draw = [](MainWindowFixture&) { DrawRectangle(); };
     const auto clickOk = [](QDialog& dialog) { ClickIn(&dialog, "SSCmdOK"); };

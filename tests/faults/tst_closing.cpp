@@ -85,7 +85,7 @@ bool tst_closing::EndsIn(const Situation& situation, const Act& end)
 
 void tst_closing::programEndsWhileADialogIsOpen_data()
 {
-    AddRows(MainWindowDialogs() + EditorDialogs());
+    AddRows(MainWindowDialogs() + EditorSituations());
 }
 
 void tst_closing::programEndsWhileADialogIsOpen()
@@ -146,7 +146,7 @@ void tst_closing::changedTextIsAskedForWhileADialogIsOpen_data()
               } } },
             { "font", Nothing, [](auto& test) { test.ClickMenu("mnuEdit", "mnuEFont"); } },
         } +
-        EditorDialogs());
+        EditorSituations());
 }
 
 void tst_closing::changedTextIsAskedForWhileADialogIsOpen()
