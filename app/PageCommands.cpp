@@ -120,7 +120,7 @@ QString PageCommands::Indent() const
 {
     QTextBlock block = editor_.document()->begin();
     for (int i = 0; i < mostLinesLookedAt && block.isValid(); ++i, block = block.next()) {
-        const QString indent = IndentOf(block.text());
+        QString indent = IndentOf(block.text());
         if (!indent.isEmpty()) {
             return indent;
         }

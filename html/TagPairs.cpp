@@ -137,7 +137,7 @@ std::vector<HtmlSpan> PairAt(QStringView text, const HtmlState& state, qsizetype
         const bool isCode = token.kind == HtmlToken::Kind::Text &&
                             (token.content == HtmlContent::Script || token.content == HtmlContent::Style);
         if (isAtCaret && isCode) {
-            const std::vector<HtmlSpan> brackets = BracketsAt(text, token, caret);
+            std::vector<HtmlSpan> brackets = BracketsAt(text, token, caret);
             if (!brackets.empty()) {
                 return brackets;
             }
