@@ -3,14 +3,17 @@
 #include "widgets/CommandTable.h"
 
 #include <QLineEdit>
+#include <algorithm>
+#include <array>
 
 namespace {
 
-/** The editing keys that a field has, too: those of the Edit menu, and Redo. */
-bool IsOfEditing(const QWidget* window, QAction* entry)
+/** Whether a field has this editing key, too. */
+bool IsOfEditing(const QKeyEvent& key)
 {
-    return entry->objectName() == u"mnuPRedo" ||
-           window->findChild<QMenu*>(QStringLiteral("mnuEdit"))->actions().contains(entry);
+    using enum QKeySequence::StandardKey;
+    constexpr auto keys = std::to_array({ Undo, Redo, Cut, Copy, Paste, Delete, SelectAll });
+    return std::any_of(keys.begin(), keys.end(), [&key](auto one) { return key.matches(one); });
 }
 
 class CommandKeyFilter : public QObject
@@ -22,8 +25,8 @@ public:
     {
         if (event->type() == QEvent::ShortcutOverride) {
             const QWidget* const window = static_cast<QWidget*>(watched)->window();
-            QAction* const entry = EntryOfKey(window, *static_cast<QKeyEvent*>(event));
-            if (entry != nullptr && !IsOfEditing(window, entry)) {
+            const QKeyEvent& key = *static_cast<QKeyEvent*>(event);
+            if (EntryOfKey(window, key) != nullptr && !IsOfEditing(key)) {
                 event->ignore();
                 return true;
             }

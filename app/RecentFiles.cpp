@@ -38,7 +38,6 @@ RecentFiles::RecentFiles(
     pictures_.Paths = imgMap_.Remembered.Value(pictures_.Kept);
     isKept_ = !pages_.Paths.isEmpty() || !pictures_.Paths.isEmpty();
     menu_.setToolTipsVisible(true);
-    connect(&menu_, &QMenu::aboutToShow, this, &RecentFiles::mnuPRecent_Show);
     const auto noteFile = [this, &file] {
         if (!file.IsNeverSaved()) {
             NotePage(file.Name());

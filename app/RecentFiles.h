@@ -22,10 +22,13 @@ class RecentFiles : public QObject
 public:
     using Open = std::function<void(const QString& path)>;
 
-    /** Fills `menu` whenever it is about to be shown; `openPage` and `openPicture` open what is chosen. */
+    /** What is known is listed in `menu`; `openPage` and `openPicture` open what is chosen. */
     RecentFiles(
         QWidget* window, QMenu& menu, ImgMap& imgMap, const DocumentFile& file, Open openPage,
         Open openPicture);
+
+    /** Lists in the menu what is known now. */
+    void mnuPRecent_Show();
 
     void NotePage(const QString& path);
     /** A picture that was pasted and is in no file of the user's is not noted. */
@@ -41,7 +44,6 @@ private:
         QStringList Paths = {};
     };
 
-    void mnuPRecent_Show();
     void mnuPRecentClear_Click();
     void File_Choose(Kind& kind, const QString& path);
     void AddEntries(Kind& kind, qsizetype firstKey);

@@ -1,6 +1,7 @@
 #include "app/SourceEditor.h"
 
 #include "app/EditorMargins.h"
+#include "app/TagDrops.h"
 #include "app/source/SourceRange.h"
 #include "app/source/TextSnapshot.h"
 #include "app/source/WidestLine.h"
@@ -11,7 +12,6 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMimeData>
 #include <QResizeEvent>
 #include <QTextDocument>
@@ -20,10 +20,14 @@
 
 namespace {
 
-/** The label that is being dragged; nothing when it is something else. */
-const QLabel* DraggedLabel(const QDropEvent& event)
+/** Whether `key` is that of an entry of the menu bar of `editor`'s window. */
+bool IsMenuKey(const SourceEditor& editor, const QKeyEvent& key)
 {
-    return qobject_cast<const QLabel*>(event.source());
+    const bool isCombined = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!isCombined && !key.text().isEmpty() && key.text().front().isPrint()) {
+        return false; // typing must not wait for a look through the menus
+    }
+    return EntryOfKey(editor.window(), key) != nullptr;
 }
 
 } // namespace
@@ -37,6 +41,7 @@ SourceEditor::SourceEditor(QWidget* parent)
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     connect(watch_, &EditWatch::Edited, this, &SourceEditor::Change);
+    new TagDrops(*this);
     LoadText(QString());
 }
 
@@ -216,20 +221,11 @@ bool SourceEditor::event(QEvent* event)
 {
     // Some keys of the menu are also editing keys of the platform (Ctrl+E on X11 goes to the end of the
     // line).
-    if (event->type() == QEvent::ShortcutOverride && IsMenuKey(*static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::ShortcutOverride && IsMenuKey(*this, *static_cast<QKeyEvent*>(event))) {
         event->ignore();
         return false;
     }
     return QPlainTextEdit::event(event);
-}
-
-bool SourceEditor::IsMenuKey(const QKeyEvent& key) const
-{
-    const bool isCombined = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (!isCombined && !key.text().isEmpty() && key.text().front().isPrint()) {
-        return false; // typing must not wait for a look through the menus
-    }
-    return EntryOfKey(window(), key) != nullptr;
 }
 
 void SourceEditor::keyPressEvent(QKeyEvent* event)
@@ -274,32 +270,5 @@ void SourceEditor::insertFromMimeData(const QMimeData* source)
 {
     if (source->hasText()) {
         ReplaceSelection(source->text());
-    }
-}
-
-void SourceEditor::dragEnterEvent(QDragEnterEvent* event)
-{
-    dragMoveEvent(event);
-}
-
-void SourceEditor::dragMoveEvent(QDragMoveEvent* event)
-{
-    event->setDropAction(Qt::CopyAction);
-    event->setAccepted(DraggedLabel(*event) != nullptr);
-}
-
-void SourceEditor::dragLeaveEvent(QDragLeaveEvent* event)
-{
-    event->accept();
-}
-
-void SourceEditor::dropEvent(QDropEvent* event)
-{
-    const QLabel* const label = DraggedLabel(*event);
-    event->setDropAction(Qt::CopyAction);
-    event->setAccepted(label != nullptr);
-    if (label != nullptr) {
-        ReplaceSelection(label->text());
-        setFocus();
     }
 }

@@ -37,6 +37,25 @@ constexpr int belowToolbar = 4;
 /** What the user cannot make the window smaller than: there are its tools, some tags and some source. */
 constexpr QSize leastSize(520, 360);
 
+void PlaceToolbar(const Ui::frmIMmain& ui)
+{
+    ui.Frame1->resize(ui.Frame1->width(), ui.Toolbar1->sizeHint().height());
+    const int top = ui.Frame1->geometry().bottom() + 1 + belowToolbar;
+    ui.SSTab1->move(ui.SSTab1->x(), top);
+    ui.MapsText1->move(ui.MapsText1->x(), top);
+}
+
+/** Makes the source's letters, and the room for the tags beside it, larger on a desktop with large text. */
+void GrowWithText(const Ui::frmIMmain& ui, qreal growth)
+{
+    const int tabWidth = static_cast<int>(ui.SSTab1->width() * growth);
+    ui.SSTab1->resize(tabWidth, ui.SSTab1->height());
+    ui.MapsText1->move(ui.SSTab1->x() + tabWidth, ui.MapsText1->y());
+    QFont source = ui.MapsText1->font();
+    source.setPointSizeF(source.pointSizeF() * growth);
+    ui.MapsText1->setFont(source);
+}
+
 } // namespace
 
 frmIMmain::frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
@@ -51,11 +70,11 @@ frmIMmain::frmIMmain(ImgMap& imgMap, MapDocument& map, Desktop& desktop)
     CreateParts();
     const auto* const panels = new MainPanels(ui_->StatusBar1, desktop_, file_);
     encodings_->AddTo(*ui_->StatusBar1, panels->Height());
-    PlaceToolbar();
+    PlaceToolbar(*ui_);
     // A tag is known by its beginning.
     ui_->lblQTagsO->SetElideMode(Qt::ElideRight);
     ui_->lblQTagsC->SetElideMode(Qt::ElideRight);
-    GrowWithText();
+    GrowWithText(*ui_, TextGrowth(this));
     ConnectControls();
     ui_->MapsText1->setFocus();
 }
@@ -70,26 +89,6 @@ void frmIMmain::ConnectControls()
         connect(new LogoPicture(picture), &LogoPicture::Click, outside_, &OutsideCommands::OpenHomePage);
     }
     ui_->centralWidget->installEventFilter(this);
-}
-
-void frmIMmain::PlaceToolbar()
-{
-    ui_->Frame1->resize(ui_->Frame1->width(), ui_->Toolbar1->sizeHint().height());
-    const int top = ui_->Frame1->geometry().bottom() + 1 + belowToolbar;
-    ui_->SSTab1->move(ui_->SSTab1->x(), top);
-    ui_->MapsText1->move(ui_->MapsText1->x(), top);
-}
-
-/** Makes the source's letters, and the room for the tags beside it, larger on a desktop with large text. */
-void frmIMmain::GrowWithText()
-{
-    const qreal growth = TextGrowth(this);
-    const int tabWidth = static_cast<int>(ui_->SSTab1->width() * growth);
-    ui_->SSTab1->resize(tabWidth, ui_->SSTab1->height());
-    ui_->MapsText1->move(ui_->SSTab1->x() + tabWidth, ui_->MapsText1->y());
-    QFont source = ui_->MapsText1->font();
-    source.setPointSizeF(source.pointSizeF() * growth);
-    ui_->MapsText1->setFont(source);
 }
 
 void frmIMmain::Form_Load()

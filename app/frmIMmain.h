@@ -67,6 +67,7 @@ public:
     [[nodiscard]] EditCommands& Edits();
     [[nodiscard]] OutsideCommands& Outside();
     [[nodiscard]] PageCommands& Pages();
+    [[nodiscard]] RecentFiles& Recent();
     [[nodiscard]] ViewCommands& Views();
     [[nodiscard]] FindBar& Find();
 
@@ -84,8 +85,6 @@ private:
     void Form_Unload();
 
     void CreateParts();
-    void PlaceToolbar();
-    void GrowWithText();
     void KeepLeastSize();
     void ConnectControls();
     template<class Window, class Make> void ShowOnce(QPointer<Window>& window, Make make);

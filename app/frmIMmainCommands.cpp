@@ -132,7 +132,7 @@ constexpr auto commandRows = std::to_array<Row>({
     { Separator, "mnuPSep3" },
     { Entry, "mnuPNewPage", "New Page for &Today", "",
       In<&frmIMmain::Documents, &DocumentCommands::mnuPNewPage_Click> },
-    { Submenu, "mnuPRecent", "R&ecent Files" },
+    { Submenu, "mnuPRecent", "R&ecent Files", "", In<&frmIMmain::Recent, &RecentFiles::mnuPRecent_Show> },
     { EndSubmenu },
     { Separator, "mnuPSep4" },
     { Entry, "mnuPIndent", "&Indent Lines", "", In<&frmIMmain::Pages, &PageCommands::mnuPIndent_Click> },
@@ -214,7 +214,7 @@ void frmIMmain::CreateParts()
         { .Add = ui_->btnAdd, .Delete = ui_->btnDelete, .Save = ui_->btnSave });
     commands_.Create(this, ui_->MenuBar1, ui_->Toolbar1, commandRows);
     recent_ = new RecentFiles(
-        this, *findChild<QMenu*>(QStringLiteral("mnuPRecent")), imgMap_, file_,
+        this, commands_.MenuOf(In<&frmIMmain::Recent, &RecentFiles::mnuPRecent_Show>), imgMap_, file_,
         [this](const QString& path) { documents_->OpenNamed(path); },
         [this](const QString& path) { OpenPicture(path); });
     pages_->SetEntries(
@@ -243,6 +243,11 @@ EditCommands& frmIMmain::Edits()
 OutsideCommands& frmIMmain::Outside()
 {
     return *outside_;
+}
+
+RecentFiles& frmIMmain::Recent()
+{
+    return *recent_;
 }
 
 PageCommands& frmIMmain::Pages()

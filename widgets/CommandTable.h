@@ -60,7 +60,8 @@ private:
     void (*withWindow_)(Window&) = nullptr;
 };
 
-/** A menu, a separator, or a command; a command without a procedure is disabled. */
+/** A menu, a separator, or a command; a command without a procedure is disabled. That of a submenu runs
+ * whenever it is about to be shown. */
 template<class WindowType, class NeedType = NoNeed, class ChoiceType = NoChoice> struct CommandRow
 {
     using Window = WindowType;
@@ -117,10 +118,11 @@ public:
         return *command->entry;
     }
 
-    /** The menu in which the command that runs `run` stands. */
+    /** The submenu that runs `run`, or the menu in which the command that runs it stands. */
     [[nodiscard]] QMenu& MenuOf(Procedure<Window> run) const
     {
-        return *static_cast<QMenu*>(EntryOf(run).parent());
+        const QAction& entry = EntryOf(run);
+        return entry.menu() != nullptr ? *entry.menu() : *static_cast<QMenu*>(entry.parent());
     }
 
     /** Enables or disables the commands that need `need`. */
@@ -205,6 +207,10 @@ private:
                                         : bar->addMenu(QString::fromLatin1(row.caption));
                 menu->setObjectName(QString::fromLatin1(row.name));
                 menu->menuAction()->setObjectName(menu->objectName());
+                command.entry = menu->menuAction();
+                if (row.run.IsThere()) {
+                    QObject::connect(menu, &QMenu::aboutToShow, window, [window, &row] { row.run(*window); });
+                }
                 break;
             case CommandRowKind::EndSubmenu:
                 menu = outer;
