@@ -51,7 +51,10 @@ frmImageMap::frmImageMap(
                               ui_->lblStartPosition2, ui_->lblEndPosition1, ui_->lblEndPosition2,
                               ui_->lblDimensions1, ui_->lblDimensions2, ui_->lblFigures });
     CreateDrawing();
-    CreateKeys();
+    connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, [this] {
+        GoToProgramFolder(imgMap_);
+        help_.ShowTopic(this, helpPage);
+    });
     connect(ui_->picturePane, &PicturePane::ToolUsed, this, &frmImageMap::ShowHint);
     CreateAreaParts();
     connect(&map_, &MapDocument::Cleared, this, &frmImageMap::ShowHint);
@@ -71,6 +74,8 @@ void frmImageMap::CreateDrawing()
         drawing_.get(), &EditorDrawing::FigureCommandsEnabled, this,
         &frmImageMap::Drawing_FigureCommandsEnabled);
     connect(drawing_.get(), &EditorDrawing::MomentChanged, this, &frmImageMap::ShowHint);
+    escape_ = new QShortcut(Qt::Key_Escape, this);
+    connect(escape_, &QShortcut::activated, drawing_.get(), &EditorDrawing::GiveUp);
     connect(
         ui_->ListView1, &AreaList::EditAsked, dialogs_.get(), &EditorDialogs::EditSelectedArea,
         Qt::QueuedConnection);
@@ -92,7 +97,10 @@ void frmImageMap::CreateAreaParts()
     areaTab->setObjectName(QStringLiteral("tabArea"));
     ui_->SSTab1->addTab(areaTab, QStringLiteral("Area"));
     AreaTools& tools = areaCommands_->Tools();
-    connect(&tools, &AreaTools::Taken, this, &frmImageMap::Tools_Taken);
+    connect(&tools, &AreaTools::Taken, this, [this] {
+        drawing_->Protocol().SelectTool(DrawingTool::Cursor);
+        commands_.Check(DrawingTool::None);
+    });
     connect(&tools, &AreaTools::HintGiven, this, [this](const QString& hint) { panels_->ShowHint(hint); });
     connect(&tools, &AreaTools::EditAsked, dialogs_.get(), &EditorDialogs::EditSelectedArea);
     connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
@@ -100,19 +108,6 @@ void frmImageMap::CreateAreaParts()
     insert_ = std::make_unique<InsertCommand>(
         InsertCommand::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, pane, *pictures_,
                               *ui_->ListView1, *ui_->SSTab1, *areaTab });
-}
-
-void frmImageMap::Tools_Taken()
-{
-    drawing_->Protocol().SelectTool(DrawingTool::Cursor);
-    commands_.Check(DrawingTool::None);
-}
-
-void frmImageMap::CreateKeys()
-{
-    connect(new QShortcut(Qt::Key_F1, this), &QShortcut::activated, this, &frmImageMap::ShowPageOfHelp);
-    escape_ = new QShortcut(Qt::Key_Escape, this);
-    connect(escape_, &QShortcut::activated, drawing_.get(), &EditorDrawing::GiveUp);
 }
 
 void frmImageMap::Form_Load()
@@ -220,12 +215,6 @@ void frmImageMap::ShowHelp()
 {
     GoToProgramFolder(imgMap_);
     help_.ShowContents(this);
-}
-
-void frmImageMap::ShowPageOfHelp()
-{
-    GoToProgramFolder(imgMap_);
-    help_.ShowTopic(this, helpPage);
 }
 
 void frmImageMap::DeleteLastFigure()

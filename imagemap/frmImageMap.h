@@ -49,7 +49,6 @@ public:
     void GenerateMap();
     void CloseImageMapEditor();
     void ShowHelp();
-    void ShowPageOfHelp();
     void DeleteLastFigure();
     void EditAreaData();
     void PickFigureColor();
@@ -71,14 +70,12 @@ protected:
 
 private:
     [[nodiscard]] static std::span<const Command> Commands();
-    void CreateKeys();
     void CreateDrawing();
     void CreateAreaParts();
     void CreatePictureCommands();
     void ShowPicture(const QString& path, const QImage& picture);
     void ShowPictureFile(const QString& path);
     void Pictures_Renewed(const QImage& picture);
-    void Tools_Taken();
     void Map_PictureChanged();
     void Drawing_ToolChosen(DrawingTool tool);
     void Drawing_FigureCommandsEnabled(bool enable);
