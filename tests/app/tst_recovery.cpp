@@ -1,46 +1,12 @@
-// What is not saved is kept for the case that the program ends suddenly, and offered at the next start.
+// What is not saved is kept for the case that the program ends suddenly.
 
-#include "tests/app/EncodingFixture.h"
-
-#include "app/recovery/RecoveryStore.h"
-#include "imagemap/frmImageMap.h"
+#include "tests/app/RecoveryFixture.h"
 
 #include <QClipboard>
-#include <QPointer>
 
 using namespace std::chrono_literals;
 
-namespace {
-
-constexpr auto soon = 50ms;
-
-PageCopy LostPage()
-{
-    return { .Name = QStringLiteral("/pages/lost.htm"),
-             .Encoding = TextEncoding::Utf8WithMark,
-             .IsHandledAnew = true,
-             .FoundUtf8 = TextEncoding::Utf8WithMark,
-             .Pieces = { QStringLiteral("<p>\n\u65e5\r\n"), QStringLiteral("lost") } };
-}
-
-MapCopy LostMap()
-{
-    MapDocument map;
-    map.SetPicture(QStringLiteral(CARTOLEN_PICTURE));
-    map.Script().SetMode(JSTextArea);
-    map.ChangeAreas(
-        { { AreaShape::Rectangle, { 1, 2, 30, 40 }, QStringLiteral("r.htm"), {}, {} },
-          { AreaShape::Circle, { 50, 60, 20 }, QStringLiteral("c.htm"), {}, {} } },
-        QStringLiteral("Change"));
-    return { .State = map.State(), .Fields = { { QStringLiteral("txtName"), QStringLiteral("harbour") } } };
-}
-
-constexpr const char* lostPageMessage =
-    "This was not saved before the program ended: the text of [/pages/lost.htm]";
-
-} // namespace
-
-class tst_recovery : public EncodingFixture
+class tst_recovery : public RecoveryFixture
 {
     Q_OBJECT
 
@@ -65,41 +31,9 @@ private Q_SLOTS:
     void pastedPictureGoesAtTheEnd();
     void pastedPictureOfAKeptMapStays();
 
-    void lostTextIsOfferedAndRestored();
-    void lostMapIsOfferedAndRestored();
-    void restoredMapCanBeUndone();
-    void discardedTextIsGone();
-    void closedOfferComesAgain();
-    void offersOutliveTheDocument();
-    void restoringAsksForChangesFirst();
-
 private:
-    [[nodiscard]] QString Folder() const { return Path("Data/Recovery"); }
-    [[nodiscard]] QStringList Files(const char* ending) const
-    {
-        return QDir(Folder()).entryList({ QLatin1Char('*') + QLatin1String(ending) }, QDir::Files);
-    }
-    [[nodiscard]] std::optional<PageCopy> KeptPage() const
-    {
-        const QStringList files = Files(".page");
-        return files.size() == 1 ? ReadPageCopy(Folder() + u'/' + files.constFirst()) : std::nullopt;
-    }
-    [[nodiscard]] std::optional<MapCopy> KeptMap() const
-    {
-        const QStringList files = Files(".map");
-        return files.size() == 1 ? ReadMapCopy(Folder() + u'/' + files.constFirst()) : std::nullopt;
-    }
-    [[nodiscard]] QString KeptText() const
-    {
-        const std::optional<PageCopy> page = KeptPage();
-        return page ? page->Pieces.join(QString()) : QStringLiteral("(nothing)");
-    }
-    frmImageMap* ImageMapEditor() { return test_->window.findChild<frmImageMap*>(); }
-    void OpenImageMapEditor();
-    void DrawArea();
     /** Pastes a picture into the image map editor; its path. */
     QString PastedPicture();
-    template<class... Copies> void StartAfterALossOf(const Copies&... copies);
 };
 
 void tst_recovery::init()
@@ -121,32 +55,6 @@ QString tst_recovery::PastedPicture()
     paste->trigger();
     QGuiApplication::clipboard()->clear();
     return test_->folder.map.Picture();
-}
-
-/** Starts the program after another one that has kept `copies` and was killed. */
-template<class... Copies> void tst_recovery::StartAfterALossOf(const Copies&... copies)
-{
-    test_.reset();
-    test_ = std::make_unique<MainWindowFixture>();
-    test_->folder.imgMap.KeepingInterval = soon;
-    (RecoveryStore(test_->folder.imgMap.ProgramFolder).Keep(copies), ...);
-    QVERIFY(test_->Start());
-}
-
-void tst_recovery::OpenImageMapEditor()
-{
-    test_->Press(Qt::Key_I, Qt::ControlModifier);
-    QVERIFY(ImageMapEditor() != nullptr);
-    QVERIFY(QTest::qWaitForWindowActive(ImageMapEditor()));
-}
-
-/** An area as drawing one leaves it. */
-void tst_recovery::DrawArea()
-{
-    MapDocument& map = test_->folder.map;
-    map.Ledger().CurrentKind = kindRectangle;
-    map.Ledger().AppendFigure();
-    map.LinkNewArea({});
 }
 
 void tst_recovery::typedTextIsKeptAsItIs()
@@ -326,109 +234,6 @@ void tst_recovery::pastedPictureOfAKeptMapStays()
     QVERIFY(KeptMap() && KeptMap()->State.Picture == path);
     QCOMPARE(QDir(Path("Temp")).entryList({ "Pasted*" }), QStringList{ "Pasted001.png" });
     test_->folder.imgMap.ContinueAction = false;
-}
-
-void tst_recovery::lostTextIsOfferedAndRestored()
-{
-    StartAfterALossOf(LostPage());
-    QCOMPARE(Message(), QString::fromLatin1(lostPageMessage));
-    QCOMPARE(Answers(), QStringList({ "btnRestore", "btnDiscard" }));
-    QCOMPARE(Editor()->Text(), QString());
-    const QStringList before = Files(".page");
-    Answer("btnRestore");
-    QCOMPARE(test_->DocumentName(), LostPage().Name);
-    QCOMPARE(Editor()->TextAsLoaded(), LostPage().Pieces.join(QString()));
-    QCOMPARE(Encoding(), QStringLiteral("UTF-8 with mark"));
-    QVERIFY(test_->window.File().IsHandledAnew());
-    QVERIFY(IsChanged());
-    QCOMPARE(Message(), QString());
-    // It is not saved yet, so it is kept as before.
-    QTRY_VERIFY(Files(".page").size() == 1 && Files(".page") != before);
-    QCOMPARE(KeptText(), LostPage().Pieces.join(QString()));
-    test_->Type("x");
-    QTRY_VERIFY(KeptText().startsWith(u'x'));
-}
-
-void tst_recovery::lostMapIsOfferedAndRestored()
-{
-    StartAfterALossOf(LostMap());
-    QCOMPARE(
-        Message(), QStringLiteral("This was not saved before the program ended: an image map with 2 areas"));
-    Answer("btnRestore");
-    QVERIFY(ImageMapEditor() != nullptr);
-    QVERIFY(QTest::qWaitForWindowActive(ImageMapEditor()));
-    QVERIFY(test_->folder.map.State() == LostMap().State);
-    QCOMPARE(::Find<QLineEdit>(ImageMapEditor(), "txtName")->text(), QStringLiteral("harbour"));
-    QVERIFY(::Find<QLabel>(ImageMapEditor(), "lblWidthPic")->text().toInt() > 0);
-    QVERIFY(::Find<QAction>(ImageMapEditor(), "mnuInsert")->isEnabled());
-    QVERIFY(!IsChanged());
-    QTRY_VERIFY(KeptMap() && KeptMap()->State == LostMap().State);
-    test_->robot.AnswerBox(QMessageBox::Yes);
-    QVERIFY(ImageMapEditor()->close());
-    QTRY_VERIFY(!QFile::exists(Folder()));
-}
-
-void tst_recovery::restoredMapCanBeUndone()
-{
-    StartAfterALossOf(LostMap());
-    OpenImageMapEditor();
-    DrawArea();
-    const MapState drawn = test_->folder.map.State();
-    test_->GoToEditor();
-    Answer("btnRestore");
-    QVERIFY(test_->folder.map.State() == LostMap().State);
-    test_->folder.map.History().Undo();
-    QVERIFY(LooksTheSame(test_->folder.map.State(), drawn));
-    test_->folder.map.Clear();
-}
-
-void tst_recovery::discardedTextIsGone()
-{
-    StartAfterALossOf(LostPage());
-    Answer("btnDiscard");
-    QTRY_VERIFY(!QFile::exists(Folder()));
-    QCOMPARE(Message(), QString());
-    QCOMPARE(Editor()->Text(), QString());
-    QVERIFY(!IsChanged());
-}
-
-void tst_recovery::closedOfferComesAgain()
-{
-    StartAfterALossOf(LostPage());
-    Answer("btnCloseMessage");
-    QCOMPARE(Message(), QString());
-    QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
-    QCOMPARE(RecoveryStore(test_->folder.imgMap.ProgramFolder).TakeLeftBehind().size(), 1);
-    test_->folder.imgMap.ContinueAction = false;
-}
-
-void tst_recovery::offersOutliveTheDocument()
-{
-    StartAfterALossOf(LostPage(), LostMap());
-    const QString first = Message();
-    QVERIFY(OpenFile("page.htm", "gr\xC3\xBC\xC3\x9F"));
-    QCOMPARE(Message(), first);
-    Answer("btnDiscard");
-    QVERIFY(Message().startsWith(u"This was not saved"));
-    QVERIFY(Message() != first);
-    Answer("btnDiscard");
-    QCOMPARE(Message(), QStringLiteral("This page is written in UTF-8."));
-    test_->Press(Qt::Key_N, Qt::ControlModifier);
-    QCOMPARE(Message(), QString());
-}
-
-void tst_recovery::restoringAsksForChangesFirst()
-{
-    StartAfterALossOf(LostPage());
-    test_->Type("mine");
-    test_->robot.AnswerBox(QMessageBox::Cancel);
-    Answer("btnRestore");
-    QCOMPARE(Editor()->Text(), QStringLiteral("mine"));
-    QCOMPARE(Message(), QString::fromLatin1(lostPageMessage));
-    test_->robot.AnswerBox(QMessageBox::No);
-    Answer("btnRestore");
-    QCOMPARE(Editor()->TextAsLoaded(), LostPage().Pieces.join(QString()));
-    QCOMPARE(Message(), QString());
 }
 
 QTEST_MAIN(tst_recovery)

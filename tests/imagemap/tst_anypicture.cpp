@@ -1,52 +1,9 @@
-#include "PictureFileTest.h"
-#include "imagemap/picture/AnyPicture.h"
-
-#include <QBuffer>
-#include <QPainter>
+#include "AnyPictureTest.h"
 
 namespace {
 
-constexpr QStringView damaged = u"The picture is cut off or damaged !";
 constexpr QStringView tooLarge = u"The picture has more pixels than can be believed !";
 constexpr QStringView unknown = u"This is no picture in one of the forms JPG, GIF, PNG, BMP, WebP and SVG !";
-
-/** A picture of 40 by 30 pixels with a corner of each colour. */
-QImage FourCorners()
-{
-    QImage picture(40, 30, QImage::Format_RGB32);
-    QPainter painter(&picture);
-    painter.fillRect(0, 0, 20, 15, uprightCorners[0]);
-    painter.fillRect(20, 0, 20, 15, uprightCorners[1]);
-    painter.fillRect(0, 15, 20, 15, uprightCorners[2]);
-    painter.fillRect(20, 15, 20, 15, uprightCorners[3]);
-    return picture;
-}
-
-/** Whether the Qt of this system has a reader for pictures of that form. */
-bool IsReadable(const char* format)
-{
-    return QImageReader::supportedImageFormats().contains(format);
-}
-
-QByteArray Written(const QImage& picture, const char* format)
-{
-    if (!IsReadable(format)) {
-        return {};
-    }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, format, 100)) {
-        qFatal("cannot write %s", format);
-    }
-    return bytes;
-}
-
-QByteArray Svg(const QByteArray& contents, const QByteArray& size = "width='40' height='30'")
-{
-    return "<?xml version='1.0'?>\n<svg xmlns='http://www.w3.org/2000/svg' "
-           "xmlns:xlink='http://www.w3.org/1999/xlink' " +
-           size + ">" + contents + "</svg>\n";
-}
 
 QByteArray FourCornersSvg()
 {
@@ -114,7 +71,7 @@ QByteArray RunsBmp(int rows, bool hasEnd)
 } // namespace
 
 /** Pictures of the forms that only new commands open. */
-class tst_anypicture : public PictureFileTest
+class tst_anypicture : public AnyPictureTest
 {
     Q_OBJECT
 
@@ -136,18 +93,7 @@ private Q_SLOTS:
     void whatIsSeenThroughIsWhite_data();
     void whatIsSeenThroughIsWhite();
     void runsAreFollowedToTheirEnd();
-    void drawingsFetchNothing();
-    void picturesInADrawingAreShown();
-    void drawingsMayUseEntities();
-    void drawingsDoNotUnfoldOutOfProportion_data();
-    void drawingsDoNotUnfoldOutOfProportion();
     void theNameGivesNoScale();
-
-private:
-    PictureReading Read(const QByteArray& bytes, const QString& name = QStringLiteral("picture"))
-    {
-        return ReadAnyPicture(Write(bytes, name));
-    }
 };
 
 void tst_anypicture::everyFormIsRead_data()
@@ -343,79 +289,6 @@ void tst_anypicture::runsAreFollowedToTheirEnd()
     QCOMPARE(Read(RunsBmp(3, true)).Picture.pixelColor(1, 1), QColor(Qt::red));
     QCOMPARE(Read(RunsBmp(3, false)).Problem, QString());
     QCOMPARE(Read(RunsBmp(2, false)).Problem, damaged.toString());
-}
-
-void tst_anypicture::drawingsFetchNothing()
-{
-    if (!IsReadable("svg")) {
-        QSKIP("this system has no reader for drawings");
-    }
-    const QByteArray other = Write(Written(FourCorners(), "png"), "other.png").toUtf8();
-    const QByteArray sheet = Write("rect { fill: red }", "sheet.css").toUtf8();
-    QImage white(40, 30, QImage::Format_RGB32);
-    white.fill(Qt::white);
-    QCOMPARE(Read(Svg("<image width='40' height='30' xlink:href='" + other + "'/>")).Picture, white);
-    QCOMPARE(Read(Svg("<image width='40' height='30' xlink:href='file://" + other + "'/>")).Picture, white);
-    const QByteArray styled = Svg("<rect width='40' height='30' fill='#fff'/>");
-    QCOMPARE(
-        Read(
-            "<?xml-stylesheet type='text/css' href='" + sheet + "'?>" + styled.sliced(styled.indexOf("<svg")))
-            .Picture,
-        white);
-    QCOMPARE(Read(Svg("<script>while (true);</script>")).Picture, white);
-}
-
-void tst_anypicture::picturesInADrawingAreShown()
-{
-    if (!IsReadable("svg")) {
-        QSKIP("this system has no reader for drawings");
-    }
-    const QByteArray inside = Written(FourCorners(), "png").toBase64();
-    const PictureReading reading =
-        Read(Svg("<image width='40' height='30' xlink:href='data:image/png;base64," + inside + "'/>"));
-    QVERIFY(AreNear(CornersOf(reading.Picture), uprightCorners));
-}
-
-void tst_anypicture::drawingsMayUseEntities()
-{
-    if (!IsReadable("svg")) {
-        QSKIP("this system has no reader for drawings");
-    }
-    const QByteArray drawing =
-        "<!DOCTYPE svg [<!ENTITY ns 'http://www.w3.org/2000/svg'><!ENTITY red '#f00'>]>"
-        "<svg xmlns='&ns;' width='9' height='7'>"
-        "<rect width='9' height='7' fill='&red;'/></svg>";
-    const PictureReading reading = Read(drawing);
-    QCOMPARE(reading.Problem, QString());
-    QCOMPARE(reading.Picture.pixelColor(4, 3), QColor(Qt::red));
-}
-
-void tst_anypicture::drawingsDoNotUnfoldOutOfProportion_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-
-    QByteArray doubled = "<g id='a0'><rect width='1' height='1'/></g>";
-    QByteArray entities = "<!DOCTYPE svg [<!ENTITY e0 'xxxxxxxxxx'>";
-    for (int i = 1; i < 40; ++i) {
-        const QByteArray before = QByteArray::number(i - 1);
-        const QByteArray use = "<use xlink:href='#a" + before + "'/>";
-        doubled += "<g id='a" + QByteArray::number(i) + "'>" + use + use + "</g>";
-        entities += "<!ENTITY e" + QByteArray::number(i) + " '&e" + before + ";&e" + before + ";'>";
-    }
-    AddRow("repeated", Svg(doubled));
-    AddRow("itself", Svg("<g id='a'><use xlink:href='#a'/></g>"));
-    AddRow("entities", entities + "]><svg xmlns='http://www.w3.org/2000/svg'><text>&e39;</text></svg>");
-    AddRow("deep", Svg(QByteArray("<g>").repeated(5000) + QByteArray("</g>").repeated(5000)));
-    AddRow("many", Svg(QByteArray("<g/>").repeated(300'000)));
-}
-
-void tst_anypicture::drawingsDoNotUnfoldOutOfProportion()
-{
-    QFETCH(const QByteArray, bytes);
-    if (!IsReadable("svg")) {
-        QSKIP("this system has no reader for drawings");
-    }
-    QCOMPARE(Read(bytes).Problem, damaged.toString());
 }
 
 void tst_anypicture::theNameGivesNoScale()
