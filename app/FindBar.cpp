@@ -218,10 +218,9 @@ SearchTerms FindBar::Terms() const
              .IsRegex = regex_->isChecked() };
 }
 
-/** What comes in place of a match. */
-QString FindBar::NewText(const QString& lines, const TextSpan& match) const
+MatchReplacement FindBar::Replacement(const QString& lines) const
 {
-    return file_.ToPutIn(ReplacementFor(lines, match, Terms(), replace_->text()));
+    return { lines, Terms(), replace_->text() };
 }
 
 /** The text with line feeds; its positions are those of the document. */
@@ -326,7 +325,7 @@ void FindBar::btnReplace_Click()
         Search();
     }
     if (SelectedMatch() >= 0) {
-        editor_.ReplaceSelection(NewText(Lines(), Selected()));
+        editor_.ReplaceSelection(file_.ToPutIn(Replacement(Lines()).Of(Selected())));
         Search();
     }
     FindNext();
@@ -336,6 +335,7 @@ void FindBar::btnReplaceAll_Click()
 {
     Search();
     const QString lines = Lines();
+    const MatchReplacement replacement = Replacement(lines);
     QList<TextReplacement> replacements;
     qsizetype counted = 0;
     qsizetype lineEnds = 0;
@@ -347,7 +347,7 @@ void FindBar::btnReplaceAll_Click()
         lineEnds += endsIn(counted, match.Start);
         const qsizetype within = endsIn(match.Start, match.Start + match.Length);
         replacements << TextReplacement{ { match.Start + lineEnds, match.Length + within },
-                                         NewText(lines, match) };
+                                         file_.ToPutIn(replacement.Of(match)) };
         lineEnds += within;
         counted = match.Start + match.Length;
     }

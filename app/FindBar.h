@@ -49,7 +49,7 @@ private:
     void StartAnew();
 
     [[nodiscard]] SearchTerms Terms() const;
-    [[nodiscard]] QString NewText(const QString& lines, const TextSpan& match) const;
+    [[nodiscard]] MatchReplacement Replacement(const QString& lines) const;
     [[nodiscard]] QString Lines() const;
     [[nodiscard]] TextSpan Within(const QString& lines) const;
     void Search();

@@ -59,9 +59,10 @@ PairMarks::PairMarks(SourceEditor& editor, SyntaxColours& colours)
     rest_.setSingleShot(true);
     rest_.setInterval(untilRest);
     connect(&rest_, &QTimer::timeout, this, &PairMarks::ShowPair);
-    connect(&editor_, &SourceEditor::cursorPositionChanged, this, &PairMarks::Rest);
-    connect(&editor_, &SourceEditor::textChanged, this, &PairMarks::Rest);
-    Rest();
+    // Until then the old marks stay: to take them off at every key would have all painted anew each time.
+    connect(&editor_, &SourceEditor::cursorPositionChanged, &rest_, qOverload<>(&QTimer::start));
+    connect(&editor_, &SourceEditor::textChanged, &rest_, qOverload<>(&QTimer::start));
+    rest_.start();
 }
 
 PairMarks::~PairMarks()
@@ -69,34 +70,39 @@ PairMarks::~PairMarks()
     editor_.SetMarks(SourceEditor::MarkLayer::Pairs, {});
 }
 
-/** What was marked is no pair of the caret any more. */
-void PairMarks::Rest()
-{
-    if (isMarked_) {
-        isMarked_ = false;
-        editor_.SetMarks(SourceEditor::MarkLayer::Pairs, {});
-    }
-    rest_.start();
-}
-
-void PairMarks::ShowPair()
+/** The places that belong to each other at the caret. */
+QList<QTextCursor> PairMarks::Pair()
 {
     const QTextCursor caret = editor_.textCursor();
     const Surrounding around = Around(caret);
     const std::optional<HtmlState> state =
         around.First.isValid() ? colours_.StateAt(around.First) : std::nullopt;
+    QList<QTextCursor> pair;
     if (!state || caret.hasSelection()) {
-        return;
+        return pair;
     }
     const int start = around.First.position();
+    for (const HtmlSpan& place : PairAt(around.Text, *state, caret.position() - start)) {
+        QTextCursor one(editor_.document());
+        one.setPosition(start + static_cast<int>(place.offset));
+        one.setPosition(start + static_cast<int>(place.End()), QTextCursor::KeepAnchor);
+        pair << one;
+    }
+    return pair;
+}
+
+void PairMarks::ShowPair()
+{
+    const QList<QTextCursor> pair = Pair();
+    if (pair.isEmpty() && !isMarked_) {
+        return;
+    }
     const QColor ground = Mixed(
         editor_.palette().color(QPalette::Base), editor_.palette().color(QPalette::Highlight), markShare);
     const QColor text = editor_.palette().color(QPalette::Text);
     QList<QTextEdit::ExtraSelection> marks;
-    for (const HtmlSpan& place : PairAt(around.Text, *state, caret.position() - start)) {
-        QTextEdit::ExtraSelection mark{ QTextCursor(editor_.document()), {} };
-        mark.cursor.setPosition(start + static_cast<int>(place.offset));
-        mark.cursor.setPosition(start + static_cast<int>(place.End()), QTextCursor::KeepAnchor);
+    for (const QTextCursor& place : pair) {
+        QTextEdit::ExtraSelection mark{ place, {} };
         mark.format.setBackground(ground);
         mark.format.setForeground(text);
         marks << mark;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QTextCursor>
 #include <QTimer>
 
 class SourceEditor;
@@ -21,7 +23,7 @@ public:
     Q_DISABLE_COPY_MOVE(PairMarks)
 
 private:
-    void Rest();
+    [[nodiscard]] QList<QTextCursor> Pair();
     void ShowPair();
 
     SourceEditor& editor_;

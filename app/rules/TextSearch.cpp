@@ -1,6 +1,5 @@
 #include "app/rules/TextSearch.h"
 
-#include <QRegularExpression>
 #include <QStringMatcher>
 #include <algorithm>
 
@@ -83,6 +82,33 @@ QRegularExpression Expression(const SearchTerms& terms)
     return QRegularExpression(QStringLiteral("(*LIMIT_MATCH=%1)").arg(mostSteps) + terms.What, options);
 }
 
+/** `lines` as an expression can look at them: halves of pairs, which bytes are held as, would end the search.
+ */
+QString WithoutHalves(const QString& lines)
+{
+    if (lines.isValidUtf16()) {
+        return lines;
+    }
+    QString whole = lines;
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        const bool isPair =
+            whole[i].isHighSurrogate() && i + 1 < whole.size() && whole[i + 1].isLowSurrogate();
+        if (isPair) {
+            ++i;
+        } else if (whole[i].isSurrogate()) {
+            whole[i] = QChar::ReplacementCharacter;
+        }
+    }
+    return whole;
+}
+
+/** Whether nothing was found behind `last` because that would have taken too long. */
+bool IsGivenUp(const QRegularExpression& expression, const QString& lines, const TextSpan& last)
+{
+    const qsizetype from = last.Start + std::max<qsizetype>(last.Length, 1);
+    return from <= lines.size() && !expression.match(lines, from).isValid();
+}
+
 /** Takes a match into `result`; false when there is no room for more. */
 bool Take(SearchResult& result, const QString& lines, const SearchTerms& terms, const TextSpan& match)
 {
@@ -119,19 +145,20 @@ SearchResult FindExpression(const QString& lines, const SearchTerms& terms, cons
         result.Trouble = expression.errorString();
         return result;
     }
+    const QString searched = WithoutHalves(lines);
     const qsizetype end = within.Start + within.Length;
-    QRegularExpressionMatchIterator matches = expression.globalMatch(lines, within.Start);
+    TextSpan last{ within.Start - 1, 0 };
+    QRegularExpressionMatchIterator matches = expression.globalMatch(searched, within.Start);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        if (match.capturedEnd() > end ||
-            !Take(result, lines, terms, { match.capturedStart(), match.capturedLength() })) {
-            break;
+        last = { match.capturedStart(), match.capturedLength() };
+        if (match.capturedEnd() > end || !Take(result, lines, terms, last)) {
+            return result;
         }
     }
-    // What ends a search at its limit is told by the last match alone, which is none.
-    const qsizetype from = result.Matches.isEmpty() ? within.Start : result.Matches.constLast().Start;
-    if (result.Matches.isEmpty() && !expression.match(lines, from).isValid()) {
-        result.Trouble = QStringLiteral("It would take too long to find this.");
+    // A search that ends at its limit looks like one that has come to the end.
+    if (IsGivenUp(expression, searched, last)) {
+        return { {}, false, QStringLiteral("It would take too long to find this.") };
     }
     return result;
 }
@@ -154,23 +181,38 @@ SearchResult FindAll(const QString& lines, const SearchTerms& terms, const TextS
     return FindText(lines, terms, within, [&](qsizetype from) { return matcher.indexIn(lines, from); });
 }
 
-QString
-ReplacementFor(const QString& lines, const TextSpan& match, const SearchTerms& terms, const QString& by)
+MatchReplacement::MatchReplacement(const QString& lines, const SearchTerms& terms, const QString& by)
+    : lines_(lines)
+    , by_(by)
 {
-    if (!terms.IsRegex || !by.contains(u'\\')) {
-        return by;
+    if (terms.IsRegex && by.contains(u'\\')) {
+        searched_ = WithoutHalves(lines);
+        expression_ = Expression(terms);
     }
-    const QRegularExpressionMatch groups = Expression(terms).match(
-        lines, match.Start, QRegularExpression::NormalMatch, QRegularExpression::AnchorAtOffsetMatchOption);
+}
+
+QString MatchReplacement::Of(const TextSpan& match) const
+{
+    if (expression_.pattern().isEmpty()) {
+        return by_;
+    }
+    const QRegularExpressionMatch groups = expression_.match(
+        searched_, match.Start, QRegularExpression::NormalMatch,
+        QRegularExpression::AnchorAtOffsetMatchOption |
+            QRegularExpression::DontCheckSubjectStringMatchOption);
     QString text;
-    for (qsizetype i = 0; i < by.size(); ++i) {
-        if (by[i] != u'\\' || i + 1 == by.size()) {
-            text += by[i];
+    for (qsizetype i = 0; i < by_.size(); ++i) {
+        if (by_[i] != u'\\' || i + 1 == by_.size()) {
+            text += by_[i];
             continue;
         }
-        const QChar escaped = by[++i];
-        if (escaped >= u'0' && escaped <= u'9') {
-            text += groups.captured(escaped.digitValue());
+        const QChar escaped = by_[++i];
+        const int group = escaped >= u'0' && escaped <= u'9' ? escaped.digitValue() : -1;
+        if (group == 0) {
+            text += QStringView(lines_).sliced(match.Start, match.Length);
+        } else if (group > 0) {
+            text += QStringView(lines_).mid(
+                std::max<qsizetype>(groups.capturedStart(group), 0), groups.capturedLength(group));
         } else {
             text += escaped == u'n' ? QChar(u'\n') : escaped == u't' ? QChar(u'\t') : escaped;
         }

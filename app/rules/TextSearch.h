@@ -2,6 +2,8 @@
 
 #include "shared/PageDocument.h"
 
+#include <QRegularExpression>
+
 /** What is looked for. */
 struct SearchTerms
 {
@@ -31,8 +33,20 @@ struct SearchResult
 [[nodiscard]] SearchResult FindAll(const QString& lines, const SearchTerms& terms, const TextSpan& within);
 
 /**
- * What comes in place of a match: `by`, in which a regular expression's "\1" to "\9" stand for its groups,
- * "\0" for the whole match, "\n" and "\t" for a line end and a tab, and "\\" for a backslash.
+ * What comes in place of the matches of `terms` in `lines`, which FindAll() has found: `by`, in which a
+ * regular expression's "\1" to "\9" stand for its groups, "\0" for the whole match, "\n" and "\t" for a line
+ * end and a tab, and "\\" for a backslash.
  */
-[[nodiscard]] QString
-ReplacementFor(const QString& lines, const TextSpan& match, const SearchTerms& terms, const QString& by);
+class MatchReplacement
+{
+public:
+    MatchReplacement(const QString& lines, const SearchTerms& terms, const QString& by);
+
+    [[nodiscard]] QString Of(const TextSpan& match) const;
+
+private:
+    QString lines_;
+    QString by_;
+    QString searched_;              ///< where the expression looks for its groups
+    QRegularExpression expression_; ///< none when `by_` names no groups
+};

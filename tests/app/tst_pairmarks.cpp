@@ -68,7 +68,7 @@ void tst_pairmarks::marksGoWithTheCaret()
     for (int i = 0; i < 4; ++i) {
         test_->Press(Qt::Key_Right);
     }
-    QCOMPARE(Marked(), QString());
+    QTRY_COMPARE(Marked(), QString());
     QTest::qWait(200);
     QCOMPARE(Marked(), QString());
     test_->Press(Qt::Key_End);

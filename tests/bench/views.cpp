@@ -1,6 +1,7 @@
 // Costs of the View menu: what colours and line numbers add to editing.
 
 #include "app/LineNumbers.h"
+#include "app/PairMarks.h"
 #include "app/SourceEditor.h"
 #include "app/SyntaxColours.h"
 #include "tests/bench/Bench.h"
@@ -31,6 +32,7 @@ public:
     {
         if (isRefined) {
             colours_ = std::make_unique<SyntaxColours>(editor);
+            pairs_ = std::make_unique<PairMarks>(editor, *colours_);
             auto* const numbers = new LineNumbers(editor);
             editor.SetBar(Qt::LeftEdge, numbers);
             numbers->show();
@@ -45,6 +47,7 @@ public:
 
 private:
     std::unique_ptr<SyntaxColours> colours_;
+    std::unique_ptr<PairMarks> pairs_;
 };
 
 /** Markup typed in the middle, line after line, from the event to the painted editor. */
