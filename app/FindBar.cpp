@@ -218,9 +218,16 @@ SearchTerms FindBar::Terms() const
              .IsRegex = regex_->isChecked() };
 }
 
-MatchReplacement FindBar::Replacement(const QString& lines) const
+/** What comes in place of `matches`, as it is written there. */
+QList<TextReplacement> FindBar::Replacements(const QString& lines, const QList<TextSpan>& matches) const
 {
-    return { lines, Terms(), replace_->text() };
+    const MatchReplacement replacement(lines, Terms(), replace_->text());
+    QList<TextReplacement> replacements;
+    replacements.reserve(matches.size());
+    for (const TextSpan& match : matches) {
+        replacements << TextReplacement{ match, replacement.Of(match) };
+    }
+    return file_.ToPutIn(lines, replacements);
 }
 
 /** The text with line feeds; its positions are those of the document. */
@@ -325,7 +332,7 @@ void FindBar::btnReplace_Click()
         Search();
     }
     if (SelectedMatch() >= 0) {
-        editor_.ReplaceSelection(file_.ToPutIn(Replacement(Lines()).Of(Selected())));
+        editor_.ReplaceSelection(Replacements(Lines(), { Selected() }).constFirst().Text);
         Search();
     }
     FindNext();
@@ -335,21 +342,20 @@ void FindBar::btnReplaceAll_Click()
 {
     Search();
     const QString lines = Lines();
-    const MatchReplacement replacement = Replacement(lines);
-    QList<TextReplacement> replacements;
+    QList<TextReplacement> replacements = Replacements(lines, result_.Matches);
     qsizetype counted = 0;
     qsizetype lineEnds = 0;
-    for (const TextSpan& match : std::as_const(result_.Matches)) {
+    for (TextReplacement& one : replacements) {
         // In the text a line end counts as two.
         const auto endsIn = [&lines](qsizetype from, qsizetype to) {
             return qsizetype(std::count(lines.cbegin() + from, lines.cbegin() + to, u'\n'));
         };
-        lineEnds += endsIn(counted, match.Start);
-        const qsizetype within = endsIn(match.Start, match.Start + match.Length);
-        replacements << TextReplacement{ { match.Start + lineEnds, match.Length + within },
-                                         file_.ToPutIn(replacement.Of(match)) };
+        const qsizetype end = one.Place.Start + one.Place.Length;
+        lineEnds += endsIn(counted, one.Place.Start);
+        const qsizetype within = endsIn(one.Place.Start, end);
+        one.Place = { one.Place.Start + lineEnds, one.Place.Length + within };
         lineEnds += within;
-        counted = match.Start + match.Length;
+        counted = end;
     }
     editor_.Replace(replacements);
     Search();

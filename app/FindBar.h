@@ -49,7 +49,8 @@ private:
     void StartAnew();
 
     [[nodiscard]] SearchTerms Terms() const;
-    [[nodiscard]] MatchReplacement Replacement(const QString& lines) const;
+    [[nodiscard]] QList<TextReplacement>
+    Replacements(const QString& lines, const QList<TextSpan>& matches) const;
     [[nodiscard]] QString Lines() const;
     [[nodiscard]] TextSpan Within(const QString& lines) const;
     void Search();

@@ -135,6 +135,12 @@ QString DocumentFile::ToPutIn(const QString& markup) const
     return foundUtf8_ && !isHandledAnew_ ? WithReferences(markup) : markup;
 }
 
+QList<TextReplacement>
+DocumentFile::ToPutIn(const QString& text, const QList<TextReplacement>& replacements) const
+{
+    return foundUtf8_ && !isHandledAnew_ ? WithReferences(text, replacements) : replacements;
+}
+
 void DocumentFile::Become(const QString& name)
 {
     name_ = name;

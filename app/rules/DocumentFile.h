@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shared/PageDocument.h"
 #include "shared/TextEncoding.h"
 
 #include <QObject>
@@ -40,6 +41,10 @@ public:
     /** What a command puts into the text, as it has to be written there: a page in UTF-8 that is read
      * otherwise gets references. */
     [[nodiscard]] QString ToPutIn(const QString& markup) const;
+
+    /** The same for what is put into places of the text, which is `text`, in ascending order. */
+    [[nodiscard]] QList<TextReplacement>
+    ToPutIn(const QString& text, const QList<TextReplacement>& replacements) const;
 
     /** Becomes a new document without changes, in an encoding if one is given. */
     void StartNew(std::optional<TextEncoding> encoding = std::nullopt);

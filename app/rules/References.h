@@ -15,3 +15,9 @@
  * is.
  */
 [[nodiscard]] QString WithReferences(const QString& text);
+
+/**
+ * The same for what comes into the page `text`: each piece is written so as it has to be at its place, be it
+ * in a script or style. `replacements` are in ascending order.
+ */
+[[nodiscard]] QList<TextReplacement> WithReferences(const QString& text, QList<TextReplacement> replacements);

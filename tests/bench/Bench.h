@@ -55,6 +55,7 @@ void PrintGrowth(const QString& what, const Cost& cost, const Cost& ofLess, doub
 void BenchStartUp();
 void BenchDocuments();
 void BenchViews();
+void BenchFinding();
 void BenchPictures();
 void BenchAreas();
 

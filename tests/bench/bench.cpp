@@ -177,6 +177,7 @@ int main(int argc, char* argv[])
     BenchStartUp();
     BenchDocuments();
     BenchViews();
+    BenchFinding();
     BenchPictures();
     BenchAreas();
     return 0;

@@ -11,6 +11,7 @@ private Q_SLOTS:
     void everyPlaceHasItsWayOfWriting();
     void allBeyondAsciiIsWrittenSo_data();
     void allBeyondAsciiIsWrittenSo();
+    void piecesAreWrittenAsTheirPlacesWant();
 };
 
 void tst_references::everyPlaceHasItsWayOfWriting_data()
@@ -62,6 +63,22 @@ void tst_references::allBeyondAsciiIsWrittenSo()
 {
     QFETCH(const QString, text);
     QTEST(WithReferences(text), "expected");
+}
+
+void tst_references::piecesAreWrittenAsTheirPlacesWant()
+{
+    const QString page = QStringLiteral("x<script>x</script>x<style>x</style><p title='x'>x");
+    QList<TextReplacement> replacements;
+    for (qsizetype at = page.indexOf(u'x'); at >= 0; at = page.indexOf(u'x', at + 1)) {
+        replacements << TextReplacement{ { at, 1 }, QStringLiteral("\u00FC\u00C3\u00BC") };
+    }
+    QStringList written;
+    for (const TextReplacement& one : WithReferences(page, replacements)) {
+        QCOMPARE(one.Place, replacements[written.size()].Place);
+        written << QString(one.Text).remove(QStringLiteral("\u00C3\u00BC"));
+    }
+    QCOMPARE(written, QStringList({ "&#252;", "\\u00fc", "&#252;", "\\fc ", "&#252;", "&#252;" }));
+    QVERIFY(WithReferences(page, {}).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_references)
