@@ -30,6 +30,7 @@ constexpr auto drawnIcons = std::to_array<DrawnIcon>({
     { QStyle::SP_DialogHelpButton, "button-help" },
     { QStyle::SP_DialogOpenButton, "open" },
     { QStyle::SP_DialogSaveButton, "button-save" },
+    { QStyle::SP_TitleBarCloseButton, "bar-close" },
 });
 
 /** Above and below the text of a row together, in pixels. */

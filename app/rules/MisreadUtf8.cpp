@@ -21,6 +21,15 @@ qsizetype CharacterLength(QByteArrayView bytes)
     return 0;
 }
 
+/** The character that `bytes` at a place of the text were meant for: a mark is none where the page begins. */
+QString MeantBy(QByteArrayView bytes, qsizetype place)
+{
+    if (bytes == QByteArrayView("\xEF\xBB\xBF")) {
+        return place == 0 ? QString() : QString(QChar::ByteOrderMark);
+    }
+    return DecodeText(bytes, TextEncoding::Utf8);
+}
+
 } // namespace
 
 QList<TextReplacement> MisreadUtf8(const QString& text)
@@ -36,10 +45,7 @@ QList<TextReplacement> MisreadUtf8(const QString& text)
         if (length == 0) {
             continue;
         }
-        const bool isMark = i == 0 && bytes.startsWith("\xEF\xBB\xBF");
-        const QString character =
-            isMark ? QString() : DecodeText(QByteArrayView(bytes).first(length), TextEncoding::Utf8);
-        replacements << TextReplacement{ { i, length }, character };
+        replacements << TextReplacement{ { i, length }, MeantBy(QByteArrayView(bytes).first(length), i) };
         i += length - 1;
     }
     return replacements;

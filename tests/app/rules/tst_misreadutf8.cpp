@@ -25,6 +25,7 @@ void tst_misreadutf8::misreadCharactersAreFound_data()
     row("two, three and four bytes", QStringLiteral("\u00FCx\u65E5\u65E5\U0001F600"));
     row("bytes that the code page has no character for", QStringLiteral("\u00C1\u00CD"));
     QTest::newRow("a mark") << QStringLiteral("a") << QStringLiteral("\u00EF\u00BB\u00BFa");
+    row("a mark that marks nothing", QStringLiteral("a\uFEFFb"));
     // What was typed since.
     QTest::newRow("typed letter") << QStringLiteral("\u00FCa\u00FC") << QStringLiteral("\u00FCa\u00C3\u00BC");
     QTest::newRow("typed beyond the code page")
