@@ -1,6 +1,7 @@
 #include "app/FindBar.h"
 
 #include "app/SourceEditor.h"
+#include "app/WrappingLayout.h"
 #include "app/rules/DocumentFile.h"
 #include "shared/Settings.h"
 #include "widgets/OneLineField.h"
@@ -81,7 +82,8 @@ void FindBar::AddControls()
     grid->addWidget(replaceLabel_, 1, 0);
     grid->addWidget(replace_, 1, 1);
     AddButtons(*grid);
-    auto* const ways = new QHBoxLayout;
+    auto* const ways = new WrappingLayout;
+    ways->setSpacing(2 * margin);
     case_ = NewCheck("chkCase", QStringLiteral("&Match case"), &Setting::findCase);
     words_ = NewCheck("chkWords", QStringLiteral("&Whole words"), &Setting::findWords);
     regex_ = NewCheck("chkRegex", QStringLiteral("Regular e&xpression"), &Setting::findRegex);
@@ -89,7 +91,6 @@ void FindBar::AddControls()
     for (QWidget* const way : std::initializer_list<QWidget*>{ case_, words_, regex_, selection_, count_ }) {
         ways->addWidget(way);
     }
-    ways->addStretch(1);
     grid->addLayout(ways, 2, 0, 1, -1);
     grid->setColumnStretch(1, 1);
     connect(find_, &QLineEdit::textChanged, this, &FindBar::txtFind_Change);

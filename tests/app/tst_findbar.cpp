@@ -38,6 +38,7 @@ private Q_SLOTS:
     void goToLineGoesThere();
     void redoTakesUndoBack();
     void nothingIsWrittenUntilAWayIsChosen();
+    void waysOfFindingAreReadInNarrowWindows();
 
 private:
     SourceEditor* Editor() { return test_->Editor(); }
@@ -333,6 +334,24 @@ void tst_findbar::nothingIsWrittenUntilAWayIsChosen()
     QVERIFY(!QFile::exists(Path("Data/Settings.ini")));
     Check("chkCase");
     QVERIFY(QFile::exists(Path("Data/Settings.ini")));
+}
+
+void tst_findbar::waysOfFindingAreReadInNarrowWindows()
+{
+    Fill("one one");
+    Look("one");
+    const auto* const bar = test_->Find<QFrame>("barFind");
+    const int before = bar->height();
+    test_->window.resize(560, 420);
+    QTRY_VERIFY(bar->height() > before);
+    QVERIFY(Editor()->rect().contains(bar->geometry()));
+    for (const char* const way : { "chkCase", "chkWords", "chkRegex", "chkSelection", "lblMatches" }) {
+        const auto* const part = test_->Find<QWidget>(way);
+        QVERIFY2(part->width() >= part->sizeHint().width(), way);
+        QVERIFY2(bar->rect().contains(part->geometry()), way);
+    }
+    test_->window.resize(1000, 700);
+    QTRY_COMPARE(bar->height(), before);
 }
 
 QTEST_MAIN(tst_findbar)

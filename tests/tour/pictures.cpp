@@ -6,6 +6,7 @@
 #include "tests/support/ProgramDriver.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QHash>
@@ -26,7 +27,7 @@ namespace {
 /** The room that a page of the book has for a picture. */
 constexpr int pictureWidth = 680;
 constexpr int mainHeight = 400;
-constexpr int editorHeight = 690;
+constexpr int editorHeight = 740;
 
 /** `picture` in its 256 most frequent colours, which are enough for windows and take a third of the room. */
 QImage WithFewColours(const QImage& picture)
@@ -80,6 +81,9 @@ public:
         program_.NameFilesOnly(true);
         program_.InsertMap();
         ShowPreferences();
+        ShowFinding();
+        ShowProblems();
+        program_.ShowEditor(QStringLiteral("selected"));
     }
 
 private:
@@ -95,6 +99,8 @@ private:
             tabs->setCurrentIndex(1);
             Save(*tabs, "picture-options");
             tabs->setCurrentIndex(0);
+        } else if (step == u"selected") {
+            ShowSelected(window);
         } else if (step == u"link-rectangle") {
             Save(window, "link-dialog");
         } else if (step == u"mode") {
@@ -142,6 +148,49 @@ private:
         QTest::keyClicks(indent, QStringLiteral("10"));
         Save(*options, "preferences");
         options->close();
+    }
+
+    /** The entries of menus are chosen without their menus, which would lie over what is to be seen. */
+    static void Choose(const QWidget& window, const char* entry)
+    {
+        FindPart<QAction>(window, QString::fromLatin1(entry))->trigger();
+    }
+
+    void ShowFinding()
+    {
+        Choose(*main_, "mnuVColours");
+        Choose(*main_, "mnuVLineNumbers");
+        Choose(*main_, "mnuPReplace");
+        QTest::keyClicks(FindPart<QLineEdit>(*main_, QStringLiteral("txtFind")), QStringLiteral("area"));
+        Save(*main_, "find-bar");
+        QTest::mouseClick(FindPart<QAbstractButton>(*main_, QStringLiteral("btnCloseFind")), Qt::LeftButton);
+    }
+
+    void ShowProblems()
+    {
+        auto* const source = FindPart<QWidget>(*main_, QStringLiteral("MapsText1"));
+        // In front of the end of the body.
+        QTest::keyClick(source, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClick(source, Qt::Key_Up);
+        QTest::keyClick(source, Qt::Key_Home);
+        QTest::keyClicks(source, QStringLiteral("<em>My <blnk>harbour</blnk>"));
+        Choose(*main_, "mnuPCheck");
+        Save(*main_, "problems");
+        QTest::mouseClick(
+            FindPart<QAbstractButton>(*main_, QStringLiteral("btnCloseProblems")), Qt::LeftButton);
+    }
+
+    /** The first area selected, all of them shown, and what is told of it. */
+    void ShowSelected(QWidget& editor)
+    {
+        editor.activateWindow();
+        Check(QTest::qWaitForWindowActive(&editor), QStringLiteral("the editor does not become active"));
+        Choose(editor, "mnuVAreas");
+        Choose(editor, "mnuASelect");
+        auto* const surface = FindPart<QWidget>(editor, QStringLiteral("PictureDisplay"));
+        QTest::mouseClick(surface, Qt::LeftButton, {}, program_.At(20, 70));
+        FindPart<QTabWidget>(editor, QStringLiteral("SSTab1"))->setCurrentIndex(2);
+        Save(editor, "selected-area");
     }
 
     /** The picture in half its size, which the editor shows as a whole. */
