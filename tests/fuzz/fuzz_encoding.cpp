@@ -34,14 +34,11 @@ void TryBytes(QByteArrayView bytes)
 
 void TryMisread(QByteArrayView bytes)
 {
-    if (QStringDecoder decoder(QStringDecoder::Utf8); decoder.isValid()) {
-        const QString meant = decoder(bytes);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString meant = decoder(bytes);
+    if (!decoder.hasError()) {
         const QString misread = DecodeText(bytes, TextEncoding::Windows1252);
-        if (!decoder.hasError()) {
-            Demand(
-                WithReplaced(misread, MisreadUtf8(misread)) == meant,
-                "what was misread can be read as meant");
-        }
+        Demand(WithReplaced(misread, MisreadUtf8(misread)) == meant, "what was misread can be read as meant");
     }
 }
 
