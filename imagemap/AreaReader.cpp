@@ -200,9 +200,7 @@ int AreaReader::FocusedArea() const
 
 QRect AreaReader::PlaceOf(const MapArea& area) const
 {
-    const QRect bounds = BoundsOf(area);
-    const double zoom = surface_.Zoom();
-    const QRect place = QRectF(bounds.topLeft() * zoom, QSizeF(bounds.size()) * zoom).toAlignedRect();
+    const QRect place = surface_.FromPicture(BoundsOf(area));
     return { surface_.mapToGlobal(place.topLeft()), place.size() };
 }
 

@@ -98,6 +98,11 @@ void PictureSurface::SetZoom(double zoom)
     update();
 }
 
+QRect PictureSurface::FromPicture(const QRect& pixels) const
+{
+    return QRectF(pixels.topLeft() * zoom_, QSizeF(pixels.size()) * zoom_).toAlignedRect();
+}
+
 void PictureSurface::ShowAreas(const MapAreas& areas)
 {
     if (areas_ != areas) {
@@ -131,6 +136,7 @@ void PictureSurface::ShowCross(QPoint place)
     HideCross();
     cross_ = place;
     update(CrossBounds(place, zoom_));
+    Q_EMIT CrossMoved(place);
 }
 
 void PictureSurface::HideCross()

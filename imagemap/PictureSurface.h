@@ -34,6 +34,9 @@ public:
     /** Where a pixel of the widget lies in the picture. */
     [[nodiscard]] QPointF ToPicture(QPointF place) const { return place / zoom_; }
 
+    /** The pixels of the widget that show those pixels of the picture. */
+    [[nodiscard]] QRect FromPicture(const QRect& pixels) const;
+
     /** Shows these areas closed, filled and numbered over the picture; none to show them as they are drawn.
      */
     void ShowAreas(const MapAreas& areas);
@@ -56,6 +59,8 @@ public:
 Q_SIGNALS:
     /** The keys held with the mouse event that is told of next. */
     void KeysHeld(Qt::KeyboardModifiers keys);
+    /** The cross that keys draw with is at that pixel of the picture. */
+    void CrossMoved(QPoint place);
     /** The press told of last was the second of two. */
     void DoubleClicked(float x, float y);
     void MouseDown(int button, float x, float y);
