@@ -225,10 +225,10 @@ void PicturePane::PicNosac_Zoom(double factor, QPoint place)
     if (Surface().PictureWidth() > 0) {
         // In whole per cents, so that 100 is reached again; steps that are smaller add up.
         constexpr double parts = 100;
-        const auto whole = [](double zoom) { return std::round(zoom * parts) / parts; };
-        const double from = whole(turned_) == Zoom() ? turned_ : Zoom();
+        const auto inPerCents = [](double zoom) { return std::round(zoom * parts) / parts; };
+        const double from = inPerCents(turned_) == Zoom() ? turned_ : Zoom();
         turned_ = std::clamp(from * factor, leastZoom, greatestZoom);
-        ZoomAt(whole(turned_), place);
+        ZoomAt(inPerCents(turned_), place);
     }
 }
 

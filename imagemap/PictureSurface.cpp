@@ -262,11 +262,12 @@ void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed)
     painter.drawImage(exposed, part);
 }
 
-void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed) const
+void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed)
 {
     ClipForLines(painter, rect());
     PaintSelection(
-        painter, selection_, zoom_, palette(), isVisible() ? visibleRegion().boundingRect() : exposed);
+        painter, selection_, zoom_, palette(), isVisible() ? visibleRegion().boundingRect() : exposed,
+        outlines_);
     if (cross_) {
         PaintCross(painter, *cross_, zoom_);
     }

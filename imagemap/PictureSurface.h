@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imagemap/KeptGround.h"
+#include "imagemap/KeptOutlines.h"
 #include "imagemap/drawing/DrawingView.h"
 #include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/drawing/SelectionView.h"
@@ -82,7 +83,7 @@ private:
     void ForgetGround();
     void PaintGround(QPainter& painter, const QRect& exposed);
     void PaintPicture(QPainter& painter, const QRect& exposed);
-    void PaintOverlay(QPainter& painter, const QRect& exposed) const;
+    void PaintOverlay(QPainter& painter, const QRect& exposed);
     /** Where the mouse is in the picture: on another scale than the picture's own in whole pixels. */
     [[nodiscard]] QPointF PlaceOf(const QMouseEvent& event) const;
 
@@ -96,4 +97,5 @@ private:
     std::optional<QPoint> cross_;
     KeptGround ground_;
     KeptPart underRubber_;
+    KeptOutlines outlines_;
 };

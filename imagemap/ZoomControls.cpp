@@ -32,8 +32,8 @@ double ZoomIn(const QString& text)
     static const QRegularExpression form(
         QStringLiteral("^\\s*(\\d{1,3}(?:[, ]\\d{3})+|\\d+)(?:[.,](\\d+))?\\D*$"));
     const QRegularExpressionMatch match = form.match(text);
-    const QString whole = match.captured(1).remove(u',').remove(u' ');
-    return QString(whole + u'.' + match.captured(2)).toDouble() / wholeZoom;
+    const QString digits = match.captured(1).remove(u',').remove(u' ');
+    return QString(digits + u'.' + match.captured(2)).toDouble() / wholeZoom;
 }
 
 } // namespace
