@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QPointer>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -97,7 +98,8 @@ QAccessible::State AreaFace::state() const
         state.multiSelectable = true;
         state.selected = reader_->Selected().contains(number_);
         state.focused = reader_->Surface().hasFocus() && reader_->FocusedArea() == number_;
-        state.offscreen = reader_->Surface().visibleRegion().isEmpty();
+        const PictureSurface& surface = reader_->Surface();
+        state.offscreen = !surface.visibleRegion().intersects(surface.FromPicture(BoundsOf(Area())));
     }
     return state;
 }
@@ -157,13 +159,14 @@ QAccessibleInterface* PictureFace::child(int number) const
 
 QAccessibleInterface* PictureFace::childAt(int x, int y) const
 {
-    // The first area is the topmost.
-    for (int number = 0; number < childCount(); ++number) {
-        if (child(number)->rect().contains(x, y)) {
-            return child(number);
-        }
+    const AreaReader* const reader = Reader();
+    if (reader == nullptr) {
+        return nullptr;
     }
-    return nullptr;
+    const QPointF place = reader->Surface().ToPicture(reader->Surface().mapFromGlobal(QPointF(x, y)));
+    const QPoint pixel(static_cast<int>(std::floor(place.x())), static_cast<int>(std::floor(place.y())));
+    // The first area is the topmost.
+    return child(static_cast<int>(AreasAt(reader->Areas(), pixel).value(0, -1)));
 }
 
 QAccessibleInterface* NewPictureFace(const QString&, QObject* object)
@@ -200,9 +203,7 @@ int AreaReader::FocusedArea() const
 
 QRect AreaReader::PlaceOf(const MapArea& area) const
 {
-    const QRect bounds = BoundsOf(area);
-    const double zoom = surface_.Zoom();
-    const QRect place = QRectF(bounds.topLeft() * zoom, QSizeF(bounds.size()) * zoom).toAlignedRect();
+    const QRect place = surface_.FromPicture(BoundsOf(area));
     return { surface_.mapToGlobal(place.topLeft()), place.size() };
 }
 
@@ -224,6 +225,13 @@ void AreaReader::Tell(const MapAreas& areas, const AreaNumbers& selected)
     if (hasOtherAreas) {
         QAccessibleEvent event(&surface_, QAccessible::ObjectReorder);
         QAccessible::updateAccessibility(&event);
+    }
+    if (selected_.isEmpty()) {
+        for (const qsizetype number : selectedBefore) {
+            if (number < areas_.size()) {
+                Announce(surface_, QAccessible::SelectionRemove, static_cast<int>(number));
+            }
+        }
     }
     const int focused = FocusedArea();
     if (!std::ranges::equal(selected_, selectedBefore) && focused >= 0) {

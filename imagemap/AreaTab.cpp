@@ -50,7 +50,7 @@ AreaTab::AreaTab(const ImgMap& imgMap, AreaEditing& editing, std::function<bool(
     }
     connect(ui_->cmbAreaShape, &QComboBox::activated, this, &AreaTab::cmbAreaShape_Chosen);
     connect(ui_->txtAreaCoords, &QLineEdit::textEdited, this, &AreaTab::txtAreaCoords_Edited);
-    connect(ui_->txtAreaCoords, &QLineEdit::editingFinished, this, &AreaTab::Refresh);
+    connect(ui_->txtAreaCoords, &QLineEdit::editingFinished, this, &AreaTab::txtAreaCoords_Left);
     ConnectText(ui_->cmbAreaLink, &MapArea::Link, u"Change of the Link");
     ConnectText(ui_->cmbAreaTarget, &MapArea::Target, u"Change of the Target");
     ConnectText(ui_->txtAreaMessage, &MapArea::Message, u"Change of the Message");
@@ -117,6 +117,12 @@ void AreaTab::txtAreaCoords_Edited(const QString& text)
         editing_.Replace(areas, u"Change of the Coordinates", QStringLiteral("coordinates"));
         isChanging_ = false;
     }
+}
+
+void AreaTab::txtAreaCoords_Left()
+{
+    editing_.EndJoining();
+    Refresh();
 }
 
 void AreaTab::ShowProblem(const QString& problem)

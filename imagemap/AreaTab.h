@@ -34,6 +34,7 @@ private:
     void ChangeText(TextOfArea member, const QString& text, QStringView what);
     void cmbAreaShape_Chosen(int index);
     void txtAreaCoords_Edited(const QString& text);
+    void txtAreaCoords_Left();
     void ShowProblem(const QString& problem);
 
     AreaEditing& editing_;

@@ -17,6 +17,7 @@ constexpr QStringView tryHint = u"A click on an area tells where it leads";
 
 AreaTools::AreaTools(const Parts& parts, const MapDocument& map, AreaEditing& editing)
     : parts_(parts)
+    , editing_(editing)
     , selection_(editing.Selection())
     , select_(editing, parts_.pane.Surface(), parts_.pane.Surface(), parts_.status)
     , try_(map, parts_.pane.Surface())
@@ -27,6 +28,7 @@ AreaTools::AreaTools(const Parts& parts, const MapDocument& map, AreaEditing& ed
     connect(&select_, &SelectionProtocol::EditAsked, this, &AreaTools::EditAsked, Qt::QueuedConnection);
     connect(
         &select_, &SelectionProtocol::MenuAsked, this, &AreaTools::Select_MenuAsked, Qt::QueuedConnection);
+    connect(&parts_.pane, &PicturePane::MenuKeyPressed, this, &AreaTools::Pane_MenuKeyPressed);
     connect(&try_, &TryProtocol::Hovered, this, &AreaTools::Try_Hovered);
     connect(&try_, &TryProtocol::Followed, this, &AreaTools::Try_Followed);
 }
@@ -96,6 +98,18 @@ void AreaTools::List_MenuAsked(QPoint place)
 void AreaTools::Select_MenuAsked()
 {
     Q_EMIT MenuAsked(QCursor::pos());
+}
+
+void AreaTools::Pane_MenuKeyPressed()
+{
+    if (tool_ != Tool::Select) {
+        return;
+    }
+    // Where what it is for can be seen, else in the middle.
+    const PictureSurface& surface = parts_.pane.Surface();
+    const QRect inSight = surface.visibleRegion().boundingRect();
+    const QRect selected = surface.FromPicture(BoundsOf(editing_.SelectedAreas())) & inSight;
+    Q_EMIT MenuAsked(surface.mapToGlobal((selected.isEmpty() ? inSight : selected).center()));
 }
 
 void AreaTools::Try_Hovered(const QString& link, const QString& toolTip)

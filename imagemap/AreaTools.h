@@ -70,10 +70,12 @@ Q_SIGNALS:
 private:
     void List_MenuAsked(QPoint place);
     void Select_MenuAsked();
+    void Pane_MenuKeyPressed();
     void Try_Hovered(const QString& link, const QString& toolTip);
     void Try_Followed(const QString& link);
 
     Parts parts_;
+    AreaEditing& editing_;
     AreaSelection& selection_;
     SelectionProtocol select_;
     TryProtocol try_;

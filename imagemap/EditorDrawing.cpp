@@ -24,7 +24,8 @@ DrawingMoment EditorDrawing::Moment() const
              .hasFigures = map_.HasContent(),
              .isInProgress = map_.Drawing().IsInProgress(),
              .drawState = map_.Figures().DrawState,
-             .tool = protocol_.Tool() };
+             .tool = protocol_.Tool(),
+             .isPressedInVain = protocol_.IsPressedInVain() };
 }
 
 void EditorDrawing::GiveUp()

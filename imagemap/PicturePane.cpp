@@ -50,6 +50,7 @@ PicturePane::PicturePane(QWidget* parent)
     connect(
         ui_->PictureDisplay, &PictureSurface::DoubleClicked, this,
         &PicturePane::PictureDisplay_DoubleClicked);
+    connect(ui_->PictureDisplay, &PictureSurface::CrossMoved, this, &PicturePane::PictureDisplay_CrossMoved);
     connect(ui_->PicNosac, &PictureView::ZoomTurned, this, &PicturePane::PicNosac_Zoom);
     connect(ui_->PicNosac, &PictureView::PinchBegun, this, &PicturePane::PicNosac_Pinch);
     connect(ui_->PicNosac, &PictureView::Resized, this, &PicturePane::PicNosac_Resize);
@@ -97,6 +98,13 @@ bool PicturePane::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyRelease:
         isDone = isOnPicture && PictureDisplay_Key(*static_cast<QKeyEvent*>(event), false);
         break;
+    case QEvent::FocusOut:
+        // Whoever has the keys next hears of the key that is let go of.
+        isSpaceHeld_ = isSpaceHeld_ && !isOnPicture;
+        break;
+    case QEvent::ContextMenu:
+        isDone = isOnPicture && PictureDisplay_ContextMenu(*static_cast<QContextMenuEvent*>(event));
+        break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
@@ -124,22 +132,34 @@ bool PicturePane::PictureDisplay_Key(const QKeyEvent& key, bool isPress)
     return isTaken;
 }
 
+/** The key for menus; with the mouse its own buttons ask for them. */
+bool PicturePane::PictureDisplay_ContextMenu(const QContextMenuEvent& event)
+{
+    const bool isKey = event.reason() == QContextMenuEvent::Keyboard;
+    if (isKey) {
+        Q_EMIT MenuKeyPressed();
+    }
+    return isKey;
+}
+
 /** Shifts the picture with the mouse: by its middle button, or while the space bar is held. */
 bool PicturePane::Pan(const QMouseEvent& mouse)
 {
     const QPoint place = mouse.globalPosition().toPoint();
-    if (mouse.type() == QEvent::MouseButtonPress) {
+    if (mouse.type() == QEvent::MouseButtonPress && !pan_) {
         const bool isLarger = ui_->HScroll1->isEnabled() || ui_->VScroll1->isEnabled();
         const bool isPan =
             mouse.button() == Qt::MiddleButton || (isSpaceHeld_ && mouse.button() == Qt::LeftButton);
-        panned_ = isLarger && isPan ? std::optional(place) : std::nullopt;
-        return panned_.has_value();
+        pan_ = isLarger && isPan ? std::optional(Panning{ mouse.button(), place }) : std::nullopt;
+        return pan_.has_value();
     }
-    if (!panned_) {
+    // The other buttons go on with what they have begun.
+    const bool isMove = mouse.type() == QEvent::MouseMove;
+    if (!pan_ || (!isMove && mouse.button() != pan_->button)) {
         return false;
     }
-    const QPoint way = place - *panned_;
-    panned_ = mouse.type() == QEvent::MouseMove ? std::optional(place) : std::nullopt;
+    const QPoint way = place - pan_->place;
+    pan_ = isMove ? std::optional(Panning{ pan_->button, place }) : std::nullopt;
     ui_->HScroll1->setValue(ui_->HScroll1->value() - way.x());
     ui_->VScroll1->setValue(ui_->VScroll1->value() - way.y());
     return true;
@@ -203,9 +223,12 @@ void PicturePane::Reveal(const QRect& part)
 void PicturePane::PicNosac_Zoom(double factor, QPoint place)
 {
     if (Surface().PictureWidth() > 0) {
-        // In whole per cents, so that 100 is reached again.
+        // In whole per cents, so that 100 is reached again; steps that are smaller add up.
         constexpr double parts = 100;
-        ZoomAt(std::round(Zoom() * factor * parts) / parts, place);
+        const auto inPerCents = [](double zoom) { return std::round(zoom * parts) / parts; };
+        const double from = inPerCents(turned_) == Zoom() ? turned_ : Zoom();
+        turned_ = std::clamp(from * factor, leastZoom, greatestZoom);
+        ZoomAt(inPerCents(turned_), place);
     }
 }
 
@@ -229,6 +252,11 @@ void PicturePane::PictureDisplay_DoubleClicked(float x, float y)
         tool_->DoubleClick(x, y);
         Q_EMIT ToolUsed();
     }
+}
+
+void PicturePane::PictureDisplay_CrossMoved(QPoint place)
+{
+    Reveal({ place, QSize(1, 1) });
 }
 
 void PicturePane::PictureDisplay_MouseDown(int button, float x, float y)

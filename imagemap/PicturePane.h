@@ -10,6 +10,7 @@ namespace Ui {
 class PicturePane;
 }
 class PictureTool;
+class QContextMenuEvent;
 class QKeyEvent;
 class QMouseEvent;
 
@@ -58,6 +59,9 @@ Q_SIGNALS:
     /** A button was pressed or released on the picture, and the tool is through with it. */
     void ToolUsed();
 
+    /** The key that opens menus was pressed on the picture. */
+    void MenuKeyPressed();
+
     /** The picture is shown larger or smaller than before. */
     void ZoomChanged();
 
@@ -68,11 +72,20 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /** A button that shifts the picture, and where the mouse was last, on the screen. */
+    struct Panning
+    {
+        Qt::MouseButton button;
+        QPoint place;
+    };
+
     void PictureDisplay_MouseDown(int button, float x, float y);
     void PictureDisplay_MouseMove(float x, float y);
     void PictureDisplay_MouseUp(int button, float x, float y);
     void PictureDisplay_DoubleClicked(float x, float y);
     void PictureDisplay_KeysHeld(Qt::KeyboardModifiers keys);
+    void PictureDisplay_CrossMoved(QPoint place);
+    [[nodiscard]] bool PictureDisplay_ContextMenu(const QContextMenuEvent& event);
     [[nodiscard]] bool PictureDisplay_Key(const QKeyEvent& key, bool isPress);
     [[nodiscard]] bool Pan(const QMouseEvent& mouse);
     void PicNosac_Zoom(double factor, QPoint place);
@@ -89,6 +102,7 @@ private:
     PictureTool* tool_ = nullptr;
     bool isToolHeld_ = false;
     bool isSpaceHeld_ = false;
-    std::optional<QPoint> panned_; ///< where the mouse that shifts the picture was last, on the screen
-    QPoint wheelRest_; ///< what the wheel turned beyond whole pixels, in pixels and parts of a notch
+    std::optional<Panning> pan_;
+    double turned_ = 1; ///< the zoom that the wheel was turned to, which is shown in whole per cents
+    QPoint wheelRest_;  ///< what the wheel turned beyond whole pixels, in pixels and parts of a notch
 };

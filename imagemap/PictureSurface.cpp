@@ -98,6 +98,11 @@ void PictureSurface::SetZoom(double zoom)
     update();
 }
 
+QRect PictureSurface::FromPicture(const QRect& pixels) const
+{
+    return QRectF(pixels.topLeft() * zoom_, QSizeF(pixels.size()) * zoom_).toAlignedRect();
+}
+
 void PictureSurface::ShowAreas(const MapAreas& areas)
 {
     if (areas_ != areas) {
@@ -131,6 +136,7 @@ void PictureSurface::ShowCross(QPoint place)
     HideCross();
     cross_ = place;
     update(CrossBounds(place, zoom_));
+    Q_EMIT CrossMoved(place);
 }
 
 void PictureSurface::HideCross()
@@ -256,11 +262,12 @@ void PictureSurface::PaintPicture(QPainter& painter, const QRect& exposed)
     painter.drawImage(exposed, part);
 }
 
-void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed) const
+void PictureSurface::PaintOverlay(QPainter& painter, const QRect& exposed)
 {
     ClipForLines(painter, rect());
     PaintSelection(
-        painter, selection_, zoom_, palette(), isVisible() ? visibleRegion().boundingRect() : exposed);
+        painter, selection_, zoom_, palette(), isVisible() ? visibleRegion().boundingRect() : exposed,
+        outlines_);
     if (cross_) {
         PaintCross(painter, *cross_, zoom_);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "imagemap/KeptGround.h"
+#include "imagemap/KeptOutlines.h"
 #include "imagemap/drawing/DrawingView.h"
 #include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/drawing/SelectionView.h"
@@ -34,6 +35,9 @@ public:
     /** Where a pixel of the widget lies in the picture. */
     [[nodiscard]] QPointF ToPicture(QPointF place) const { return place / zoom_; }
 
+    /** The pixels of the widget that show those pixels of the picture. */
+    [[nodiscard]] QRect FromPicture(const QRect& pixels) const;
+
     /** Shows these areas closed, filled and numbered over the picture; none to show them as they are drawn.
      */
     void ShowAreas(const MapAreas& areas);
@@ -56,6 +60,8 @@ public:
 Q_SIGNALS:
     /** The keys held with the mouse event that is told of next. */
     void KeysHeld(Qt::KeyboardModifiers keys);
+    /** The cross that keys draw with is at that pixel of the picture. */
+    void CrossMoved(QPoint place);
     /** The press told of last was the second of two. */
     void DoubleClicked(float x, float y);
     void MouseDown(int button, float x, float y);
@@ -77,7 +83,7 @@ private:
     void ForgetGround();
     void PaintGround(QPainter& painter, const QRect& exposed);
     void PaintPicture(QPainter& painter, const QRect& exposed);
-    void PaintOverlay(QPainter& painter, const QRect& exposed) const;
+    void PaintOverlay(QPainter& painter, const QRect& exposed);
     /** Where the mouse is in the picture: on another scale than the picture's own in whole pixels. */
     [[nodiscard]] QPointF PlaceOf(const QMouseEvent& event) const;
 
@@ -91,4 +97,5 @@ private:
     std::optional<QPoint> cross_;
     KeptGround ground_;
     KeptPart underRubber_;
+    KeptOutlines outlines_;
 };

@@ -1,5 +1,6 @@
 #include "imagemap/SelectionPainting.h"
 
+#include "imagemap/KeptOutlines.h"
 #include "imagemap/ZoomedPicture.h"
 
 #include <QPainter>
@@ -129,20 +130,31 @@ QRect BoundsOf(const SelectionPicture& selection, double zoom)
                            : bounds.adjusted(-aroundHandles, -aroundHandles, aroundHandles, aroundHandles);
 }
 
-void PaintSelection(
-    QPainter& painter, const SelectionPicture& selection, double zoom, const QPalette& palette,
-    const QRect& visible)
+void PaintOutlines(
+    QPainter& painter, const MapAreas& areas, double zoom, const QColor& color, const QRect& visible)
 {
-    const QColor color = palette.color(QPalette::Highlight);
-    for (const MapArea& area : selection.areas) {
+    for (const MapArea& area : areas) {
         if (IsWhole(area) && OnScreen(BoundsOf(area), zoom).adjusted(-1, -1, 1, 1).intersects(visible)) {
             const QPainterPath outline = OutlineOf(area, zoom);
-            if (selection.areas.size() <= fewAreas) {
+            if (areas.size() <= fewAreas) {
                 PaintTwoTone(painter, outline, color);
             } else {
-                PaintPlain(painter, outline, color, selection.areas.size());
+                PaintPlain(painter, outline, color, areas.size());
             }
         }
+    }
+}
+
+void PaintSelection(
+    QPainter& painter, const SelectionPicture& selection, double zoom, const QPalette& palette,
+    const QRect& visible, KeptOutlines& kept)
+{
+    const QColor color = palette.color(QPalette::Highlight);
+    if (selection.areas.size() <= fewAreas) {
+        kept.Forget();
+        PaintOutlines(painter, selection.areas, zoom, color, visible);
+    } else {
+        kept.Paint(painter, selection, zoom, color, visible);
     }
     painter.setPen(QPen(guideColor, 1));
     for (const QLine& line : selection.guides) {

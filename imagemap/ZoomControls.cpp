@@ -6,9 +6,12 @@
 #include "widgets/WindowHelpers.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QStatusBar>
+#include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -16,9 +19,21 @@ namespace {
 
 constexpr double wholeZoom = 100;
 
+/** In tenths of a per cent at most. */
 QString ZoomText(double zoom)
 {
-    return QStringLiteral("%1 %").arg(std::lround(zoom * wholeZoom));
+    constexpr double tenths = 10;
+    return QStringLiteral("%1 %").arg(std::round(zoom * wholeZoom * tenths) / tenths);
+}
+
+/** The zoom that `text` tells, as "200 %", "12.5" or "3,200 %"; 0 where it tells none. */
+double ZoomIn(const QString& text)
+{
+    static const QRegularExpression form(
+        QStringLiteral("^\\s*(\\d{1,3}(?:[, ]\\d{3})+|\\d+)(?:[.,](\\d+))?\\D*$"));
+    const QRegularExpressionMatch match = form.match(text);
+    const QString digits = match.captured(1).remove(u',').remove(u' ');
+    return QString(digits + u'.' + match.captured(2)).toDouble() / wholeZoom;
 }
 
 } // namespace
@@ -38,10 +53,11 @@ ZoomControls::ZoomControls(PicturePane& pane, QStatusBar& bar)
     for (const int step : zoomSteps) {
         cmbZoom_->addItem(ZoomText(step / wholeZoom));
     }
-    cmbZoom_->setEditText(ZoomText(1));
+    Pane_ZoomChanged();
     cmbZoom_->setEnabled(false);
     bar.addPermanentWidget(cmbZoom_);
     HoldOneLine(&bar);
+    cmbZoom_->installEventFilter(this);
     connect(cmbZoom_, &QComboBox::activated, this, &ZoomControls::cmbZoom_Chosen);
     connect(cmbZoom_->lineEdit(), &QLineEdit::returnPressed, this, &ZoomControls::cmbZoom_Chosen);
     connect(&pane_, &PicturePane::ZoomChanged, this, &ZoomControls::Pane_ZoomChanged);
@@ -102,17 +118,46 @@ void ZoomControls::Pane_RoomChanged()
     Fit();
 }
 
+/** In the field arrows and wheel go on from the zoom in force, which need not be one of the list. */
+bool ZoomControls::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut) {
+        // What was typed and not entered goes, so that the field tells what is.
+        Pane_ZoomChanged();
+    }
+    if (event->type() == QEvent::Wheel) {
+        const int way = static_cast<QWheelEvent*>(event)->angleDelta().y();
+        if (way != 0) {
+            way > 0 ? In() : Out();
+        }
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) {
+        return QObject::eventFilter(watched, event);
+    }
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const bool isArrow = key.key() == Qt::Key_Down || key.key() == Qt::Key_Up;
+    if (!isArrow || (key.modifiers() & ~Qt::KeypadModifier) != 0) {
+        return QObject::eventFilter(watched, event);
+    }
+    // The list grows downwards.
+    key.key() == Qt::Key_Down ? In() : Out();
+    return true;
+}
+
 void ZoomControls::Pane_ZoomChanged()
 {
+    const auto* const above =
+        std::upper_bound(zoomSteps.begin(), zoomSteps.end(), pane_.Zoom() * wholeZoom + 1 / 2.0);
+    cmbZoom_->setCurrentIndex(static_cast<int>(above - zoomSteps.begin()) - 1);
     cmbZoom_->setEditText(ZoomText(pane_.Zoom()));
 }
 
 void ZoomControls::cmbZoom_Chosen()
 {
-    static const QRegularExpression number(QStringLiteral("\\d+([.,]\\d+)?"));
-    const QString typed = number.match(cmbZoom_->currentText()).captured().replace(u',', u'.');
-    const double zoom = typed.toDouble() / wholeZoom;
-    if (zoom > 0) {
+    const double zoom = ZoomIn(cmbZoom_->currentText());
+    // What is told already may be told in fewer figures than it has.
+    if (zoom > 0 && cmbZoom_->currentText() != ZoomText(pane_.Zoom())) {
         SetFitting(false);
         pane_.SetZoom(zoom);
     }

@@ -27,6 +27,8 @@ public:
     /** A picture was opened: it is shown in its own size, or fitted. */
     void BeginPicture();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     /** Fitting was switched on or off. */
     void FittingChanged();

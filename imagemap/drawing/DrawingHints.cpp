@@ -8,6 +8,7 @@ namespace {
 constexpr QStringView openHint = u"First open a picture, a JPG or GIF file";
 constexpr QStringView toolHint = u"Choose Rectangle, Circle or Line to draw an area";
 constexpr QStringView listHint = u"A double click on a row edits its link";
+constexpr QStringView selectToolHint = u"Areas > Select, or the key S, changes what has been drawn";
 constexpr QStringView frozenHint = u"Choose a tool to go on with the figure, Esc gives it up";
 
 struct ToolHints
@@ -40,7 +41,8 @@ QStringView DrawingHint(const DrawingMoment& moment)
             return row.tool == moment.tool;
         });
     if (hints == toolHints.end()) {
-        return moment.isInProgress ? frozenHint : moment.hasFigures ? listHint : toolHint;
+        const QStringView figuresHint = moment.isPressedInVain ? selectToolHint : listHint;
+        return moment.isInProgress ? frozenHint : moment.hasFigures ? figuresHint : toolHint;
     }
     if (!moment.isInProgress) {
         return hints->start;

@@ -10,6 +10,8 @@ struct DrawingMoment
     bool isInProgress = false; ///< a figure is being drawn, or a polygon waits for its next side
     qint16 drawState = drawIdle;
     DrawingTool tool = DrawingTool::Cursor;
+    bool isPressedInVain =
+        false; ///< the picture was pressed on since the cursor was chosen, which does nothing
 };
 
 /** What the mouse does next: what somebody who sees the editor for the first time cannot know. */

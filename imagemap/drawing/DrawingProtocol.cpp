@@ -50,6 +50,7 @@ DrawingProtocol::DrawingProtocol(
 void DrawingProtocol::SelectTool(DrawingTool tool)
 {
     tool_ = tool;
+    isPressedInVain_ = false;
     if (tool == DrawingTool::Cursor) {
         surface_.SetPointer(SurfacePointer::Arrow);
     } else {
@@ -65,6 +66,7 @@ void DrawingProtocol::MouseDown(int button, float x, float y)
         isReleaseVoid_ = false;
     }
     if (tool_ == DrawingTool::Cursor) {
+        isPressedInVain_ = true;
         return;
     }
     if (tool_ == DrawingTool::Line) {

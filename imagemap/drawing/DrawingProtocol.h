@@ -21,6 +21,9 @@ public:
 
     [[nodiscard]] DrawingTool Tool() const { return tool_; }
 
+    /** Whether a button was pressed since the cursor was chosen, with which nothing is drawn. */
+    [[nodiscard]] bool IsPressedInVain() const { return isPressedInVain_; }
+
     /**
      * Chooses a tool. A figure in progress goes on with it, but stays frozen with the neutral cursor until a
      * tool that draws is chosen again.
@@ -50,5 +53,6 @@ private:
     FigureDisplay& display_;
     DrawingTool tool_ = DrawingTool::Cursor;
     bool isLeftHeld_ = false;
+    bool isPressedInVain_ = false;
     bool isReleaseVoid_ = false; ///< what the button held was pressed for is given up
 };

@@ -95,6 +95,19 @@ public:
 
     [[nodiscard]] PicturePane& Pane() { return *pane_; }
 
+    /** Makes the window large enough for the whole picture to be seen. */
+    void SeeAll()
+    {
+        const auto* const view = pane_->findChild<QWidget*>(QStringLiteral("PicNosac"));
+        window_->resize(window_->size() + pane_->Surface().size() - view->size());
+        QCoreApplication::processEvents();
+        window_->resize(window_->size() + pane_->Surface().size() - view->size());
+        QCoreApplication::processEvents();
+        if (pane_->Surface().visibleRegion().boundingRect().size() != pane_->Surface().size()) {
+            qFatal("some of the picture is out of sight");
+        }
+    }
+
     void HoldAllStars()
     {
         folder_.map.ChangeAreas(Stars(), QStringLiteral("made"));
@@ -192,6 +205,7 @@ void BenchMoving()
 {
     constexpr int steps = 20;
     AreaEditor editor(smallPicture);
+    editor.SeeAll();
     editor.HoldAllStars();
     const auto move = [&editor] {
         for (int i = 0; i < steps; ++i) {

@@ -34,9 +34,10 @@ public:
     static void Rows()
     {
         QTest::addColumn<QByteArray>("window");
-        for (const char* const name : { "splash", "main", "links", "editor", "attributes", "link-0", "link-1",
-                                        "link-2", "link-3", "link-4", "script-options", "preferences",
-                                        "help-contents", "help-index", "help-search", "font", "question" }) {
+        for (const char* const name :
+             { "splash", "main", "links", "editor", "attributes", "area", "link-0", "link-1", "link-2",
+               "link-3", "link-4", "script-options", "preferences", "help-contents", "help-index",
+               "help-search", "font", "question" }) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
@@ -81,6 +82,11 @@ private:
         if (name == "editor" || name == "attributes") {
             frmImageMap* const editor = Editor();
             Find<QTabWidget>(editor, "SSTab1")->setCurrentIndex(name == "attributes" ? 1 : 0);
+            return editor;
+        }
+        if (name == "area") {
+            frmImageMap* const editor = Editor();
+            Find<QTabWidget>(editor, "SSTab1")->setCurrentIndex(2);
             return editor;
         }
         if (name.startsWith("link-")) {

@@ -109,6 +109,7 @@ void tst_keyboard::tabFollowsTheEye_data()
     row("editor", "qt_tabwidget_tabbar txtName ListView1");
     row("attributes", "qt_tabwidget_tabbar txtAltDescript txtImgWidth txtImgHeight txtBorder txtHorSp "
                       "txtVertSp cmbAlign cmbMarkup");
+    row("area", "qt_tabwidget_tabbar cmbAreaShape txtAreaCoords cmbAreaLink cmbAreaTarget txtAreaText");
 }
 
 void tst_keyboard::tabFollowsTheEye()

@@ -22,6 +22,7 @@ const QObject* spokenOf = nullptr;
 void Hear(QAccessibleEvent* event)
 {
     const bool isOfAreas = event->type() == QAccessible::Focus || event->type() == QAccessible::Selection ||
+                           event->type() == QAccessible::SelectionRemove ||
                            event->type() == QAccessible::ObjectReorder;
     // The picture's own focus is Qt's to tell.
     const bool isOfPictureAlone = event->type() == QAccessible::Focus && event->child() < 0;
@@ -49,11 +50,14 @@ private Q_SLOTS:
     void eachTellsWhereItIs();
     void placesFollowTheZoom();
     void theTopmostAreaIsFound();
+    void anAreaIsWhereItsShapeIs();
+    void whatIsOutOfSightTellsSo();
     void theFocusFollowsTheSelection();
     void goingToAnAreaSelectsIt();
     void areasThatWentAreNoChildren();
     void areasThatComeAreChildren();
     void theSelectedAreaIsAnnounced();
+    void whatIsSelectedNoMoreIsAnnounced();
     void nothingIsAnnouncedAsFocusedWhileTheFocusIsElsewhere();
     void areasThatComeAndGoAreAnnounced();
 
@@ -131,6 +135,32 @@ void tst_areareader::theTopmostAreaIsFound()
     QCOMPARE(Picture()->childAt(outside.x(), outside.y()), nullptr);
 }
 
+void tst_areareader::anAreaIsWhereItsShapeIs()
+{
+    // In the box of the circle and not in itself.
+    const QPoint besideCircle = test_->Surface()->mapToGlobal(QPoint(88, 68));
+    QVERIFY(Picture()->child(1)->rect().contains(besideCircle));
+    QCOMPARE(Picture()->childAt(besideCircle.x(), besideCircle.y()), nullptr);
+    for (int i = 0; i < 3; ++i) {
+        test_->Entry("mnuVZoomIn")->trigger();
+    }
+    const QPoint inCircle = test_->Surface()->mapToGlobal(QPoint(170, 90));
+    QCOMPARE(Name(Picture()->childAt(inCircle.x(), inCircle.y())), "No: 2 Circle");
+}
+
+void tst_areareader::whatIsOutOfSightTellsSo()
+{
+    QVERIFY(!Picture()->child(0)->state().offscreen);
+    for (int i = 0; i < 11; ++i) {
+        test_->Entry("mnuVZoomIn")->trigger();
+    }
+    test_->Find<QScrollBar>("HScroll1")->setValue(0);
+    test_->Find<QScrollBar>("VScroll1")->setValue(0);
+    QVERIFY(!Picture()->child(0)->state().offscreen);
+    test_->Find<QScrollBar>("HScroll1")->setValue(test_->Find<QScrollBar>("HScroll1")->maximum());
+    QVERIFY(Picture()->child(0)->state().offscreen);
+}
+
 void tst_areareader::theFocusFollowsTheSelection()
 {
     test_->Entry("mnuASelect")->trigger();
@@ -200,6 +230,19 @@ void tst_areareader::theSelectedAreaIsAnnounced()
     QCOMPARE(heard, first + second);
     Key(Qt::Key_Right);
     QCOMPARE(heard, first + second);
+}
+
+void tst_areareader::whatIsSelectedNoMoreIsAnnounced()
+{
+    if (!qEnvironmentVariableIsSet(isHeardVariable)) {
+        QSKIP("only a run with a bus for screen readers hears anything");
+    }
+    QTRY_VERIFY(QAccessible::isActive());
+    test_->Entry("mnuASelectAll")->trigger();
+    heard.clear();
+    Key(Qt::Key_Escape);
+    QCOMPARE(
+        heard, (QList<Heard>{ { QAccessible::SelectionRemove, 0 }, { QAccessible::SelectionRemove, 1 } }));
 }
 
 void tst_areareader::nothingIsAnnouncedAsFocusedWhileTheFocusIsElsewhere()
