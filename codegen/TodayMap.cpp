@@ -109,10 +109,13 @@ TodayArea MakeArea(JSMode mode, const MapArea& area, const References& reference
                     .Message = {},
                     .MessageSize = {},
                     .MessageAlt = {} };
+    if (made.Label.isEmpty()) {
+        made.Label = made.Address; // a link without a text would be a fault of the page
+    }
     if (mode == JSSwitchImages) {
         made.Message = references.ToPicture(area.Message);
         made.MessageSize = references.SizeOf(area.Message);
-        const QString own = area.Text.simplified();
+        const QString own = OneLineOfText(area.Text);
         made.MessageAlt = own.isEmpty() ? NameOfPicture(area.Message) : own;
     } else if (mode != JSDisabled && !OneLineOfMessage(area.Message).isEmpty()) {
         made.Message = area.Message;
@@ -131,7 +134,7 @@ TodayMap MakeTodayMap(JSMode mode, const MapSource& source, const TodayPage& pag
                   .Picture = references.ToPicture(picture),
                   .Own = page.PictureSize,
                   .Shown = ShownSize(source, page.PictureSize),
-                  .AltText = source.AltText.simplified(),
+                  .AltText = OneLineOfText(source.AltText),
                   .AlignClass = AlignClassOf(source.Align),
                   .Default = {},
                   .DefaultSize = {},
@@ -151,7 +154,7 @@ TodayMap MakeTodayMap(JSMode mode, const MapSource& source, const TodayPage& pag
 TodayNotes NotesOn(JSMode mode, const MapSource& source)
 {
     TodayNotes notes;
-    notes.lacksAltText = source.AltText.simplified().isEmpty();
+    notes.lacksAltText = OneLineOfText(source.AltText).isEmpty();
     for (qsizetype i = 0; i < source.Areas.size(); ++i) {
         if (LacksText(source.Areas[i], mode)) {
             notes.areasWithoutText << int(i + 1);

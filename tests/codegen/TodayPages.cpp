@@ -140,6 +140,8 @@ const QStringList& HostileTexts()
         QStringLiteral("http://1.2.3.999/"),
         QStringLiteral("file:///C|/a b"),
         QStringLiteral("::"),
+        QStringLiteral("%20"),
+        QStringLiteral("\u0001"),
     };
     return texts;
 }
