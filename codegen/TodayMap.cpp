@@ -59,7 +59,7 @@ QSize ShownSize(const MapSource& source, QSize own)
 QString SoundTarget(const QString& typed)
 {
     constexpr std::array<QStringView, 4> reserved = { u"_blank", u"_self", u"_parent", u"_top" };
-    QString target = typed.simplified();
+    QString target = OneLineOfText(typed);
     const auto isIt = [&target](QStringView name) { return name.compare(target, Qt::CaseInsensitive) == 0; };
     if (std::any_of(reserved.begin(), reserved.end(), isIt)) {
         return target.toLower();
@@ -109,9 +109,6 @@ TodayArea MakeArea(JSMode mode, const MapArea& area, const References& reference
                     .Message = {},
                     .MessageSize = {},
                     .MessageAlt = {} };
-    if (made.Label.isEmpty()) {
-        made.Label = made.Address; // a link without a text would be a fault of the page
-    }
     if (mode == JSSwitchImages) {
         made.Message = references.ToPicture(area.Message);
         made.MessageSize = references.SizeOf(area.Message);
@@ -119,6 +116,10 @@ TodayArea MakeArea(JSMode mode, const MapArea& area, const References& reference
         made.MessageAlt = own.isEmpty() ? NameOfPicture(area.Message) : own;
     } else if (mode != JSDisabled && !OneLineOfMessage(area.Message).isEmpty()) {
         made.Message = area.Message;
+    }
+    // A place without a name would be a fault of the page.
+    for (const QString& standIn : { made.Address, made.MessageAlt, made.Message }) {
+        made.Label = made.Label.isEmpty() ? standIn : made.Label;
     }
     return made;
 }

@@ -59,6 +59,8 @@ private Q_SLOTS:
     void missingTextsAreNotedWithTheirAreas();
     void linkHasALabelWhateverItIs_data();
     void linkHasALabelWhateverItIs();
+    void placeThatShowsAPictureHasALabel_data();
+    void placeThatShowsAPictureHasALabel();
     void messageOfNothingVisibleIsNone();
     void scriptIsNeededOnlyForMessagesThatChange_data();
     void scriptIsNeededOnlyForMessagesThatChange();
@@ -169,6 +171,8 @@ void tst_todaymap::targetIsOneThatAPageMayUse_data()
     row("window", "side", "target=\"side\"", "target=\"side\"");
     row("reserved", "_other", "target=\"other\"", "target=\"other\"");
     row("blanks", " my  side ", "target=\"my-side\"", "target=\"my side\"");
+    row("nothing that can be read", "\x01", "", "");
+    row("reserved marks alone", "__", "", "");
     row("number", "1", "target=\"w1\"", "target=\"1\"");
 }
 
@@ -268,6 +272,27 @@ void tst_todaymap::linkHasALabelWhateverItIs()
         GenerateTodayMap(JSDisabled, map).contains(label), qPrintable(GenerateTodayMap(JSDisabled, map)));
     const QRegularExpression alt(QStringLiteral("href=.* alt=\"[^\"]+\""));
     QVERIFY(GenerateTodayMapElement(JSDisabled, map).contains(alt));
+}
+
+void tst_todaymap::placeThatShowsAPictureHasALabel_data()
+{
+    QTest::addColumn<QString>("picture");
+    QTest::addColumn<QString>("label");
+    QTest::newRow("name") << "rooms/red_room.png"
+                          << "red room";
+    QTest::newRow("nothing that can be read") << "\x01"
+                                              << "%01";
+}
+
+void tst_todaymap::placeThatShowsAPictureHasALabel()
+{
+    QFETCH(const QString, picture);
+    QFETCH(const QString, label);
+    MapSource source = Source();
+    source.Areas[0].Link.clear();
+    source.Areas[0].Message = picture;
+    QCOMPARE(Made(JSSwitchImages, source).Areas[0].Label, label);
+    QCOMPARE(NotesOn(JSSwitchImages, source).areasWithoutText, QList<int>{ 1 });
 }
 
 void tst_todaymap::messageOfNothingVisibleIsNone()
