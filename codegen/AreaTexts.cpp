@@ -13,7 +13,7 @@ QString Words(const QString& fileName)
     static const QRegularExpression ending(QStringLiteral("(?<=[^.])\\.[^.]*$"));
     QString words = QString(fileName).remove(ending);
     words.replace(u'_', u' ').replace(u'-', u' ');
-    return words.simplified();
+    return OneLineOfText(words);
 }
 
 /** The message as far as screen readers have a use for it; a picture is none. */
@@ -34,13 +34,13 @@ QString NameOfLink(const QString& link)
     const QStringList segments = QString(path).remove(scheme).split(separator, Qt::SkipEmptyParts);
     const bool isHostAlone = hasHost && segments.size() == 1;
     QString name = segments.isEmpty()                   ? QString()
-                   : isHostAlone || path.contains(u'@') ? segments.constLast()
+                   : isHostAlone || path.contains(u'@') ? OneLineOfText(segments.constLast())
                                                         : Words(segments.constLast());
     if (!name.isEmpty()) {
         return name;
     }
     const QString fragment = Words(decoded.section(u'#', 1));
-    return fragment.isEmpty() ? decoded.simplified() : fragment;
+    return fragment.isEmpty() ? OneLineOfText(decoded) : fragment;
 }
 
 QString NameOfPicture(const QString& path)
@@ -52,12 +52,12 @@ QString NameOfPicture(const QString& path)
 
 QString LabelOf(const MapArea& area, JSMode mode)
 {
-    const QString own = area.Text.simplified();
+    const QString own = OneLineOfText(area.Text);
     const QString message = SpokenMessage(area, mode);
     return !own.isEmpty() ? own : !message.isEmpty() ? message : NameOfLink(area.Link);
 }
 
 bool LacksText(const MapArea& area, JSMode mode)
 {
-    return area.Text.simplified().isEmpty() && SpokenMessage(area, mode).isEmpty();
+    return OneLineOfText(area.Text).isEmpty() && SpokenMessage(area, mode).isEmpty();
 }

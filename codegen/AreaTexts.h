@@ -3,7 +3,10 @@
 #include "imagemap/model/JSMode.h"
 #include "imagemap/model/MapArea.h"
 
-/** A text that stands for an address: the name of its file in words, else its host, else the address. */
+/**
+ * A text that stands for an address: the name of its file in words, else its host, else the address. It is
+ * empty for an address of which nothing can be read.
+ */
 [[nodiscard]] QString NameOfLink(const QString& link);
 
 /** The name of a picture's file in words. */
@@ -11,7 +14,7 @@
 
 /**
  * What screen readers say for an area: its own text, else its message where `mode` has one that is a text,
- * else the name of its link.
+ * else the name of its link; empty if none of them can be read.
  */
 [[nodiscard]] QString LabelOf(const MapArea& area, JSMode mode);
 

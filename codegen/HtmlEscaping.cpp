@@ -74,26 +74,40 @@ QString Written(char32_t character, PageCharset charset)
                : QString(u"&#x" % QString::number(uint(character), hexadecimal).toUpper() % u';');
 }
 
+/** Gives `take` every character of the text; a half of a surrogate pair stays one. */
+template<typename Taker> void ForEachCharacter(QStringView text, Taker take)
+{
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool isPair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        take(isPair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : char32_t(text[i].unicode()));
+        i += isPair ? 1 : 0;
+    }
+}
+
 } // namespace
 
 QString EscapedHtml(QStringView text, PageCharset charset)
 {
     QString written;
     written.reserve(text.size());
-    // A half of a surrogate pair stays one here, and is dropped with the other controls.
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        char32_t character = text[i].unicode();
-        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-            character = QChar::surrogateToUcs4(text[i], text[i + 1]);
-            ++i;
-        }
-        if (character <= lastAscii && text[i].isLetterOrNumber()) {
-            written += text[i];
-        } else if (MayStandInPage(character)) {
+    ForEachCharacter(text, [&written, charset](char32_t character) {
+        if (MayStandInPage(character)) {
             written += Written(character, charset);
         }
-    }
+    });
     return written;
+}
+
+QString OneLineOfText(QStringView text)
+{
+    QString kept;
+    kept.reserve(text.size());
+    ForEachCharacter(text, [&kept](char32_t character) {
+        if (MayStandInPage(character)) {
+            kept += QStringView(QChar::fromUcs4(character));
+        }
+    });
+    return kept.simplified();
 }
 
 QStringList LinesOfMessage(QStringView text)
@@ -102,7 +116,7 @@ QStringList LinesOfMessage(QStringView text)
         QStringLiteral("<br\\s*/?>"), QRegularExpression::CaseInsensitiveOption);
     QStringList lines = text.toString().split(lineBreak);
     for (QString& line : lines) {
-        line = line.simplified();
+        line = OneLineOfText(line);
     }
     return lines;
 }

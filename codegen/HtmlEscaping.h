@@ -17,8 +17,11 @@ enum class PageCharset {
  */
 [[nodiscard]] QString EscapedHtml(QStringView text, PageCharset charset);
 
+/** What a page can hold of `text`, on one line with single blanks. */
+[[nodiscard]] QString OneLineOfText(QStringView text);
+
 /** What `text` says in several lines: its parts between "<br>", with single blanks. */
 [[nodiscard]] QStringList LinesOfMessage(QStringView text);
 
-/** The message on one line, for names and descriptions; empty when it holds nothing but blanks. */
+/** The message on one line, for names and descriptions; empty when there is nothing to read in it. */
 [[nodiscard]] QString OneLineOfMessage(QStringView text);

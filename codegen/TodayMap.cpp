@@ -59,7 +59,7 @@ QSize ShownSize(const MapSource& source, QSize own)
 QString SoundTarget(const QString& typed)
 {
     constexpr std::array<QStringView, 4> reserved = { u"_blank", u"_self", u"_parent", u"_top" };
-    QString target = typed.simplified();
+    QString target = OneLineOfText(typed);
     const auto isIt = [&target](QStringView name) { return name.compare(target, Qt::CaseInsensitive) == 0; };
     if (std::any_of(reserved.begin(), reserved.end(), isIt)) {
         return target.toLower();
@@ -112,10 +112,14 @@ TodayArea MakeArea(JSMode mode, const MapArea& area, const References& reference
     if (mode == JSSwitchImages) {
         made.Message = references.ToPicture(area.Message);
         made.MessageSize = references.SizeOf(area.Message);
-        const QString own = area.Text.simplified();
+        const QString own = OneLineOfText(area.Text);
         made.MessageAlt = own.isEmpty() ? NameOfPicture(area.Message) : own;
     } else if (mode != JSDisabled && !OneLineOfMessage(area.Message).isEmpty()) {
         made.Message = area.Message;
+    }
+    // A place without a name would be a fault of the page.
+    for (const QString& standIn : { made.Address, made.MessageAlt, made.Message }) {
+        made.Label = made.Label.isEmpty() ? standIn : made.Label;
     }
     return made;
 }
@@ -131,7 +135,7 @@ TodayMap MakeTodayMap(JSMode mode, const MapSource& source, const TodayPage& pag
                   .Picture = references.ToPicture(picture),
                   .Own = page.PictureSize,
                   .Shown = ShownSize(source, page.PictureSize),
-                  .AltText = source.AltText.simplified(),
+                  .AltText = OneLineOfText(source.AltText),
                   .AlignClass = AlignClassOf(source.Align),
                   .Default = {},
                   .DefaultSize = {},
@@ -151,7 +155,7 @@ TodayMap MakeTodayMap(JSMode mode, const MapSource& source, const TodayPage& pag
 TodayNotes NotesOn(JSMode mode, const MapSource& source)
 {
     TodayNotes notes;
-    notes.lacksAltText = source.AltText.simplified().isEmpty();
+    notes.lacksAltText = OneLineOfText(source.AltText).isEmpty();
     for (qsizetype i = 0; i < source.Areas.size(); ++i) {
         if (LacksText(source.Areas[i], mode)) {
             notes.areasWithoutText << int(i + 1);

@@ -75,6 +75,26 @@ QString PlacesWithoutText(const TodayNotes& notes)
     return picture + (picture.isEmpty() || areas.isEmpty() ? QString() : QStringLiteral(", ")) + areas;
 }
 
+/** Which of the needed blocks are new in a page without a head; older ones are replaced where they are. */
+NeededBlocks PutInFront(const InsertPlace& place, NeededBlocks needed)
+{
+    const auto isNew = [&place](bool isNeeded, const ConstantBlock& block) {
+        return isNeeded && !place.hasHead && !block.IsCurrent() && !block.Older();
+    };
+    return { .style = isNew(needed.style, place.style), .script = isNew(needed.script, place.script) };
+}
+
+QString HintOnFront(NeededBlocks blocks)
+{
+    if (!blocks.style && !blocks.script) {
+        return {};
+    }
+    const QString what = !blocks.script  ? QStringLiteral("Style is")
+                         : !blocks.style ? QStringLiteral("Script is")
+                                         : QStringLiteral("Style and script are");
+    return QStringLiteral(". %1 in line 1, for want of a head").arg(what);
+}
+
 /** Whether visitors see nothing today of what the script of the mode shows. */
 constexpr bool ShowsNothingToday(JSMode mode)
 {
@@ -91,7 +111,7 @@ TodayInsert PrepareTodayInsert(
     const TextSpan selection = page.Selection();
     const InsertPlace place = FindInsertPlace(text, { selection.Start, selection.Length });
     if (place.refusal) {
-        return { .refusal = place.refusal, .insertion = {}, .notes = {}, .isFragment = false };
+        return { .refusal = place.refusal, .insertion = {}, .notes = {}, .inFront = {} };
     }
     QString rest = text;
     rest.remove(place.map.offset, place.map.length);
@@ -111,7 +131,7 @@ TodayInsert PrepareTodayInsert(
     return { .refusal = {},
              .insertion = InsertMap(text, place, markup, needed, QStringLiteral("\r\n")),
              .notes = NotesOn(mode, source),
-             .isFragment = !place.hasHead && (needed.style || needed.script) };
+             .inFront = PutInFront(place, needed) };
 }
 
 bool LacksFolder(const PageDocument& page, const MapSource& source)
@@ -131,9 +151,7 @@ QString TodayHint(const TodayInsert& insert)
     if (!withoutText.isEmpty()) {
         hint += QStringLiteral(". No text for screen readers: ") + withoutText;
     }
-    if (insert.isFragment) {
-        hint += QStringLiteral(". Style and script are in line 1, for want of a head");
-    }
+    hint += HintOnFront(insert.inFront);
     if (insert.notes.hasOddSize) {
         hint += QStringLiteral(". Size is the picture's own");
     }

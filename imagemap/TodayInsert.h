@@ -10,7 +10,7 @@ struct TodayInsert
         refusal; ///< why nothing can be put where the caret is; then there is no more
     MapInsertion insertion;
     TodayNotes notes;
-    bool isFragment = false; ///< style and script stand in front of everything, since the page has no head
+    NeededBlocks inFront; ///< what has been put in front of everything, since the page has no head
 };
 
 /** The picture that a map is made for. */

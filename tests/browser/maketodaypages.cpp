@@ -4,6 +4,7 @@
 // cartolen-today-pages FOLDER
 
 #include "app/rules/TodayPageFrame.h"
+#include "imagemap/model/AreaGeometry.h"
 #include "tests/codegen/TodayPages.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <cstdio>
 
 namespace {
@@ -41,6 +43,34 @@ QJsonArray Described(const MapAreas& areas)
                                   { "message", area.Message } };
     }
     return described;
+}
+
+/** Whether the suite asks on the page with that name what lies where. */
+bool IsLookedThrough(const QString& name)
+{
+    static const QRegularExpression pages(
+        QStringLiteral("^(svg|map)-(links|texts)-(3|40|rtl|larger|special)$"));
+    return pages.match(name).hasMatch();
+}
+
+/**
+ * Pixels all over the picture, three numbers each: x, y, and which area the editor has there, -1 for none.
+ */
+QJsonArray Hits(const MapAreas& areas)
+{
+    constexpr int columnStep = 5; // from one line to the next
+    constexpr int oneOf = 12;
+    const auto topmost = [&areas](int x, int y) {
+        const QList<qsizetype> found = AreasAt(areas, { x, y });
+        return found.isEmpty() ? -1 : int(found.constFirst());
+    };
+    QJsonArray hits;
+    for (int y = 0; y < mapSize.height(); ++y) {
+        for (int x = y * columnStep % oneOf; x < mapSize.width(); x += oneOf) {
+            hits << x << y << topmost(x, y);
+        }
+    }
+    return hits;
 }
 
 bool WritePictures(const QDir& folder)
@@ -78,13 +108,20 @@ int main(int argc, char* argv[])
                     folder.filePath(QStringLiteral("new.html")),
                     MakeTodayPageFrame(QStringLiteral("en")).Text.toUtf8()) &&
                 isWritten;
+    isWritten = Write(folder.filePath(QStringLiteral("old.html")), OldHtmlPage().toUtf8()) && isWritten;
     QJsonObject maps;
+    QJsonObject hits;
     const QList<TodayTestPage> pages = SmallTodayPages() + LargeTodayPages();
     for (const TodayTestPage& page : pages) {
         maps.insert(page.Name, Described(page.Areas));
+        if (IsLookedThrough(page.Name)) {
+            hits.insert(page.Name, Hits(page.Areas));
+        }
         isWritten = Write(folder.filePath(page.Name + u".html"), page.Text.toUtf8()) && isWritten;
     }
-    isWritten =
-        Write(folder.filePath(QStringLiteral("maps.json")), QJsonDocument(maps).toJson()) && isWritten;
+    for (const auto& [name, content] : { std::pair("maps.json", maps), std::pair("hits.json", hits) }) {
+        const QByteArray json = QJsonDocument(content).toJson(QJsonDocument::Compact);
+        isWritten = Write(folder.filePath(QString::fromLatin1(name)), json) && isWritten;
+    }
     return isWritten ? 0 : 1;
 }

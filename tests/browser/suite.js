@@ -247,9 +247,7 @@ try {
     for (const page of pages) {
         await check(`${page}: the markup is sound`, () => markupIsSound(page));
     }
-    for (const scale of [1, 2]) {
-        await checkAtScale(scale);
-    }
+    await Promise.all([1, 2].map(checkAtScale));
 } catch (error) {
     fail('the browser', error);
 }

@@ -1,9 +1,6 @@
-// Where the areas of a map for today's browsers lie, worked out from the editor's own list of them.
+// Where the edges of an area lie, worked out from the editor's own list.
 
 const [rectangleShape, circleShape] = [0, 1];
-
-/** Pixels of the picture between an edge and a point that must be on one side of it. */
-const nearEdge = 1;
 
 export class TodayArea {
     constructor({ shape, coords, link, message }) {
@@ -18,22 +15,13 @@ export class TodayArea {
         return Array.from({ length: numbers.length / 2 }, (_, i) => [numbers[2 * i], numbers[2 * i + 1]]);
     }
 
-    contains(x, y) {
-        if (this.shape === circleShape) {
-            return Math.hypot(x - this.coords[0], y - this.coords[1]) < this.coords[2];
-        }
-        const crossed = this.sides.filter(
-            ([a, b]) => a[1] > y !== b[1] > y && x < a[0] + ((y - a[1]) * (b[0] - a[0])) / (b[1] - a[1]),
-        );
-        return crossed.length % 2 === 1;
-    }
-
-    isNearEdge(x, y) {
+    /** Whether an edge is no further than `margin` pixels of the picture away. */
+    isNearEdge(x, y, margin) {
         if (this.shape === circleShape) {
             const fromCentre = Math.hypot(x - this.coords[0], y - this.coords[1]);
-            return Math.abs(fromCentre - this.coords[2]) <= nearEdge;
+            return Math.abs(fromCentre - this.coords[2]) <= margin;
         }
-        return this.sides.some((side) => distance(x, y, side) <= nearEdge);
+        return this.sides.some((side) => distance(x, y, side) <= margin);
     }
 
     /** A point well inside. */
@@ -49,21 +37,6 @@ export class TodayArea {
         const mean = (i) => corners.reduce((sum, corner) => sum + corner[i], 0) / corners.length;
         return [mean(0), mean(1)];
     }
-}
-
-/** Points all over a picture that are not near an edge, with the number of the area on top there, or -1. */
-export function pointsOf(areas, [width, height], count) {
-    const columns = Math.round(Math.sqrt((count * width) / height));
-    const step = width / columns;
-    const points = [];
-    for (let y = step / 2; y < height; y += step) {
-        for (let x = step / 2; x < width; x += step) {
-            if (!areas.some((area) => area.isNearEdge(x, y))) {
-                points.push([x, y, areas.findIndex((area) => area.contains(x, y))]);
-            }
-        }
-    }
-    return points;
 }
 
 function sidesOf(corners) {

@@ -112,6 +112,39 @@ MapSource ManyAreas(JSMode mode, int count)
     return Source(mode, areas);
 }
 
+/** The same three areas in a picture that is shown half as large again. */
+TodayTestPage LargerPage(const FormAndMode& kind)
+{
+    MapSource source = Source(kind.mode, ThreeAreas(kind.mode));
+    source.Width = QStringLiteral("600");
+    source.Height = QStringLiteral("450");
+    return Page(NameOf(kind.form, kind.mode) + u"-larger", kind, source);
+}
+
+/** Areas as they may become by moving and typing: beside the picture, without an inside, turned over. */
+TodayTestPage OddPage(const FormAndMode& kind)
+{
+    MapAreas areas;
+    const auto add = [&areas, &kind](AreaShape shape, const QList<int>& numbers) {
+        const QString name = QStringLiteral("odd%1").arg(areas.size());
+        areas << Area(shape, numbers, name + u".html", name);
+        areas.last().Message = kind.mode == JSDisabled       ? QString()
+                               : kind.mode == JSSwitchImages ? QStringLiteral("red.png")
+                                                             : name;
+    };
+    add(AreaShape::Rectangle, { -30, -20, 60, 40 });
+    add(AreaShape::Rectangle, { 200, 100, 200, 100 });
+    add(AreaShape::Rectangle, { 380, 280, 300, 200 });
+    add(AreaShape::Circle, { 390, 290, 60 });
+    add(AreaShape::Circle, { 100, 100, 0 });
+    add(AreaShape::Circle, { -200, -200, 20 });
+    add(AreaShape::Polygon, { 10, 10 });
+    add(AreaShape::Polygon, { 10, 10, 90, 90 });
+    add(AreaShape::Polygon, { 150, 10, 150, 10, 150, 10 });
+    add(AreaShape::Polygon, { 100, 100, 200, 200, 200, 100, 100, 200, 150 });
+    return Page(NameOf(kind.form, kind.mode) + u"-odd", kind, Source(kind.mode, areas));
+}
+
 const QStringList& HostileTexts()
 {
     static const QStringList texts = {
@@ -140,6 +173,8 @@ const QStringList& HostileTexts()
         QStringLiteral("http://1.2.3.999/"),
         QStringLiteral("file:///C|/a b"),
         QStringLiteral("::"),
+        QStringLiteral("%20"),
+        QStringLiteral("\u0001"),
     };
     return texts;
 }
@@ -179,6 +214,14 @@ TodayTestPage RightToLeftPage(const FormAndMode& kind)
     return { name, WithTodayMap(page, kind.form, kind.mode, source), source.Areas };
 }
 
+/** A map in a page of HTML 4, which is as valid as it was. */
+TodayTestPage OldPage(const FormAndMode& kind)
+{
+    const MapSource source = Source(kind.mode, ThreeAreas(kind.mode));
+    return { NameOf(kind.form, kind.mode) + u"-in-old",
+             WithTodayMap(OldHtmlPage(), kind.form, kind.mode, source), source.Areas };
+}
+
 TodayTestPage SeveralMaps()
 {
     QString page = EmptyTodayPage(QStringLiteral("several"));
@@ -198,10 +241,17 @@ QString EmptyTodayPage(const QString& title)
         .arg(title);
 }
 
+QString OldHtmlPage()
+{
+    return QStringLiteral("<html>\n<head><title>Harbour</title></head>\n<body>\n"
+                          "<center><font size=2>Old</font></center>\n</body>\n</html>\n");
+}
+
 QString
 WithTodayMap(const QString& page, MarkupForm form, JSMode mode, const MapSource& source, QSize picture)
 {
-    const qsizetype caret = page.indexOf(QStringLiteral("</main>"));
+    const qsizetype mainEnd = page.indexOf(QStringLiteral("</main>"));
+    const qsizetype caret = mainEnd < 0 ? page.indexOf(QStringLiteral("</body>")) : mainEnd;
     const InsertPlace place = FindInsertPlace(page, { caret, 0 });
     const TodayPage context{ .Text = page,
                              .Path = {},
@@ -238,7 +288,7 @@ QList<TodayTestPage> LargeTodayPages()
 {
     QList<TodayTestPage> pages;
     for (const FormAndMode& kind : AllForms()) {
-        pages << RightToLeftPage(kind);
+        pages << RightToLeftPage(kind) << LargerPage(kind) << OddPage(kind) << OldPage(kind);
         for (const int count : { 40, 500 }) {
             pages << Page(
                 QStringLiteral("%1-%2").arg(NameOf(kind.form, kind.mode)).arg(count), kind,

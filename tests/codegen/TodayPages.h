@@ -15,12 +15,15 @@ struct TodayTestPage
 /** Every form and mode with no, one and three areas, and what is special about single ones; a page each. */
 [[nodiscard]] QList<TodayTestPage> SmallTodayPages();
 
-/** What is too much to compare by eye: pages from right to left, many areas, and texts that would break a
- * page. */
+/** What is too much to compare by eye: pages from right to left and in HTML 4, larger pictures, odd areas and
+ * many, and texts that would break a page. */
 [[nodiscard]] QList<TodayTestPage> LargeTodayPages();
 
 /** A page in English without a map. */
 [[nodiscard]] QString EmptyTodayPage(const QString& title);
+
+/** A page in HTML 4 without a map, with all that was usual in its day. */
+[[nodiscard]] QString OldHtmlPage();
 
 /** Puts a map at the end of the body of `page`, as Insert does. */
 [[nodiscard]] QString WithTodayMap(

@@ -4,6 +4,7 @@
 #include "tests/codegen/TodayPages.h"
 
 #include "codegen/TodayBlocks.h"
+#include "html/HtmlTokens.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void pageComesOutToTheCharacter();
     void everyPageOnDiskIsCompared();
     void constantBlocksStandOnceInAPageOfSeveralMaps();
+    void nothingTypedGoesIntoStyleOrScript();
     void scriptIsSmall();
     void pagesAreAsciiWhateverWasTyped();
 };
@@ -84,6 +86,28 @@ void tst_todaypages::constantBlocksStandOnceInAPageOfSeveralMaps()
     QVERIFY(page.indexOf(TodayBlocks::script) < page.indexOf(QStringLiteral("</head>")));
     QCOMPARE(page.count(QStringLiteral("id=\"Shapes\"")), 1);
     QCOMPARE(page.count(QStringLiteral("id=\"Shapes6\"")), 1);
+}
+
+void tst_todaypages::nothingTypedGoesIntoStyleOrScript()
+{
+    int scripts = 0;
+    const QList<TodayTestPage> pages = SmallTodayPages() + LargeTodayPages();
+    for (const TodayTestPage& page : pages) {
+        HtmlTokens tokens(page.Text);
+        for (HtmlToken token; tokens.Next(token);) {
+            if (token.content == HtmlContent::Style) {
+                QCOMPARE(token.whole.In(page.Text), TodayBlocks::style);
+            } else if (token.content == HtmlContent::Script) {
+                QCOMPARE(token.whole.In(page.Text), TodayBlocks::script);
+                ++scripts;
+            }
+            for (const HtmlAttribute& attribute : token.attributes) {
+                const QStringView name = attribute.name.In(page.Text);
+                QVERIFY2(name != u"style" && !name.startsWith(u"on"), qPrintable(page.Name));
+            }
+        }
+    }
+    QVERIFY(scripts > 0);
 }
 
 void tst_todaypages::scriptIsSmall()

@@ -35,7 +35,10 @@ private Q_SLOTS:
     void textsAreWrittenAsThePageIsRead_data();
     void textsAreWrittenAsThePageIsRead();
     void panelNamesMissingTextsAndAClickLeadsThere();
+    void clickOnThePanelLeadsToTheFirstAreaWithoutAText();
     void panelTellsWhatIsLeftOut();
+    void panelTellsWhatAPageWithoutAHeadGetsInFront_data();
+    void panelTellsWhatAPageWithoutAHeadGetsInFront();
     void oldFormTellsWhereItsMessagesAreSeenNoMore_data();
     void oldFormTellsWhereItsMessagesAreSeenNoMore();
 
@@ -298,6 +301,21 @@ void tst_todayinsert::panelNamesMissingTextsAndAClickLeadsThere()
     QCOMPARE(test_->editor->focusWidget(), test_->Find<QWidget>("txtAltDescript"));
 }
 
+void tst_todayinsert::clickOnThePanelLeadsToTheFirstAreaWithoutAText()
+{
+    test_->Find<QLineEdit>("txtAltDescript")->setText(QStringLiteral("A harbour"));
+    test_->DrawRectangle({ 20, 20 }, { 60, 60 });
+    MapAreas areas = test_->map.Areas();
+    areas[0].Text = QStringLiteral("The pier");
+    test_->map.ChangeAreas(areas, QStringLiteral("Text"));
+    DrawAndInsert(1);
+    QVERIFY2(Hint().endsWith(QStringLiteral("No text for screen readers: area 2")), qPrintable(Hint()));
+    test_->SelectRow(0);
+    Click(test_->Find<QWidget>("StatusBar1_Panel3"));
+    QCOMPARE(test_->List()->currentIndex().row(), 1);
+    QCOMPARE(test_->editor->focusWidget(), test_->Find<QWidget>("txtAreaText"));
+}
+
 void tst_todayinsert::panelTellsWhatIsLeftOut()
 {
     test_->Find<QLineEdit>("txtBorder")->setText(QStringLiteral("2"));
@@ -305,6 +323,48 @@ void tst_todayinsert::panelTellsWhatIsLeftOut()
     DrawAndInsert(2);
     QVERIFY(Hint().endsWith(QStringLiteral("Size is the picture's own. Border and spacing are left out")));
     QVERIFY(Page().contains(QStringLiteral("width=\"300\"")));
+}
+
+void tst_todayinsert::panelTellsWhatAPageWithoutAHeadGetsInFront_data()
+{
+    QTest::addColumn<int>("form");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("told");
+    const QString fragment = QStringLiteral("<p>Before</p>\r\n");
+    const QString style = QStringLiteral(". Style is in line 1, for want of a head");
+    const QString both = QStringLiteral(". Style and script are in line 1, for want of a head");
+    const QString script = QStringLiteral(". Script is in line 1, for want of a head");
+    const QString current = fragment + QStringLiteral("<style data-imap=\"1\"></style>\r\n");
+    QTest::newRow("links") << 1 << int(JSDisabled) << fragment << style;
+    QTest::newRow("messages") << 1 << int(JSTextArea) << fragment << both;
+    QTest::newRow("map element") << 2 << int(JSDisabled) << fragment << QString();
+    QTest::newRow("style is there") << 1 << int(JSDisabled) << current << QString();
+    QTest::newRow("style is there, no script") << 1 << int(JSTextArea) << current << script;
+    QTest::newRow("page with a head") << 1 << int(JSTextArea) << QString::fromLatin1(page) << QString();
+}
+
+void tst_todayinsert::panelTellsWhatAPageWithoutAHeadGetsInFront()
+{
+    QFETCH(const int, form);
+    QFETCH(const int, mode);
+    QFETCH(const QString, page);
+    QFETCH(const QString, told);
+    test_->Find<QLineEdit>("txtAltDescript")->setText(QStringLiteral("A harbour"));
+    test_->DrawRectangle({ 20, 20 }, { 120, 90 });
+    MapAreas areas = test_->map.Areas();
+    areas[0].Text = QStringLiteral("The pier");
+    areas[0].Message = QStringLiteral("Ships land here");
+    test_->map.ChangeAreas(areas, QStringLiteral("Text"));
+    test_->map.Script().SetMode(JSMode(mode));
+    SetPage(page);
+    if (!page.contains(QStringLiteral("</body>"))) {
+        test_->document.selection = { page.size(), 0 };
+    }
+    Choose(form);
+    test_->ClickButton(16);
+    const qsizetype dot = Hint().indexOf(u'.');
+    QCOMPARE(dot < 0 ? QString() : Hint().mid(dot), told);
 }
 
 void tst_todayinsert::oldFormTellsWhereItsMessagesAreSeenNoMore_data()
