@@ -215,7 +215,7 @@ Outcome Compare(const QString& name, const QString& page, const Found& expected)
 int main(int argc, char* argv[])
 {
     // Of made pages; in those that somebody wrote the maps have to be those of the tree.
-    constexpr double mostOthers = 0.02;
+    constexpr double mostOthers = 0.005;
     QFile input(argc >= 2 ? QFile::decodeName(argv[1]) : QString());
     if (!input.open(QIODevice::ReadOnly)) {
         return EXIT_FAILURE;
