@@ -8,6 +8,7 @@
 namespace {
 
 constexpr char16_t usualQuote = u'"';
+constexpr QStringView emptyValue = u"\"\"";
 
 bool IsBlank(QChar character)
 {
@@ -40,6 +41,30 @@ qsizetype EndOfAttributes(const PageTag& tag)
     return tag.Attributes().empty() ? tag.Token().name.End() : tag.Attributes().back().whole.End();
 }
 
+bool IsInCapitals(QStringView name)
+{
+    const auto isSmall = [](QChar one) { return one >= u'a' && one <= u'z'; };
+    const auto isLetter = [](QChar one) { return IsAsciiLetter(one.unicode()); };
+    return std::ranges::any_of(name, isLetter) && std::ranges::none_of(name, isSmall);
+}
+
+/** What stands between the attributes of a tag: a line end where each has a line of its own. */
+QString SeparatorOf(const PageTag& tag)
+{
+    const auto& attributes = tag.Attributes();
+    QString separator(u' ');
+    for (std::size_t i = 1; i < attributes.size(); ++i) {
+        const qsizetype end = attributes[i - 1].whole.End();
+        const QStringView between = tag.Page().sliced(end, attributes[i].whole.offset - end);
+        const bool isLine = between.contains(u'\n') || between.contains(u'\r');
+        if (!isLine || !std::ranges::all_of(between, IsBlank)) {
+            return QString(u' ');
+        }
+        separator = between.toString();
+    }
+    return separator;
+}
+
 /** Makes the replacements of one tag. */
 class TagChanger
 {
@@ -47,6 +72,7 @@ public:
     explicit TagChanger(const PageTag& tag)
         : tag_(tag)
         , page_(tag.Page())
+        , style_(StyleOf(tag))
     {
     }
 
@@ -56,7 +82,7 @@ public:
         for (const AttributeWish& wish : wishes) {
             const HtmlAttribute* const attribute = Find(wish.name);
             if (attribute == nullptr) {
-                added += wish.value.isNull() ? QString() : Added(wish);
+                added += wish.value.isNull() ? QString() : style_.separator + Written(wish, style_);
             } else if (wish.value.isNull()) {
                 Remove(wish.name);
             } else if (tag_.ValueOf(*attribute) != wish.value) {
@@ -85,7 +111,7 @@ private:
         if (attribute.quote != 0) {
             changes_ << TextReplacement{ place, EscapedFor(attribute.quote, value) };
         } else if (attribute.equals < 0) {
-            changes_ << TextReplacement{ place, u'=' + Quoted(value, QuoteOf(tag_)) };
+            changes_ << TextReplacement{ place, u'=' + Quoted(value, style_.quote) };
         } else {
             changes_ << TextReplacement{ place, Quoted(value, 0) };
         }
@@ -113,35 +139,6 @@ private:
         return page_.first(at).endsWith(u"\r\n") ? 2 : 1;
     }
 
-    /** What stands between the attributes of this tag: a line end where each has a line of its own. */
-    [[nodiscard]] QString Separator() const
-    {
-        const auto& attributes = tag_.Attributes();
-        QString separator(u' ');
-        for (std::size_t i = 1; i < attributes.size(); ++i) {
-            const qsizetype end = attributes[i - 1].whole.End();
-            const QStringView between = page_.sliced(end, attributes[i].whole.offset - end);
-            const bool isLine = between.contains(u'\n') || between.contains(u'\r');
-            if (!isLine || !std::ranges::all_of(between, IsBlank)) {
-                return QString(u' ');
-            }
-            separator = between.toString();
-        }
-        return separator;
-    }
-
-    [[nodiscard]] QString Added(const AttributeWish& wish) const
-    {
-        const auto& attributes = tag_.Attributes();
-        const bool inCapitals = attributes.empty() ? IsInCapitals(tag_.Token().name.In(page_))
-                                                   : IsInCapitals(attributes.back().name.In(page_));
-        // A slash right behind would become part of a value without quotes.
-        const char16_t quote = QuoteOf(tag_);
-        const bool needsQuote = quote == 0 && page_[EndOfAttributes(tag_)] == u'/';
-        return Separator() %
-               WrittenAttribute(wish.name, wish.value, inCapitals, needsQuote ? usualQuote : quote);
-    }
-
     /** Adds behind the last attribute, as part of what replaces its end if that is changed too. */
     void Add(const QString& added)
     {
@@ -150,7 +147,10 @@ private:
             return one.Place.Start + one.Place.Length == end;
         });
         if (touching == changes_.end()) {
-            changes_ << TextReplacement{ { end, 0 }, added };
+            // Behind a "=" without a value, what is added would become one.
+            const bool needsValue = page_[end - 1] == u'=' && !tag_.Attributes().empty() &&
+                                    tag_.Attributes().back().equals == end - 1;
+            changes_ << TextReplacement{ { end, 0 }, needsValue ? QString(emptyValue % added) : added };
         } else {
             touching->Text += added;
         }
@@ -158,6 +158,7 @@ private:
 
     const PageTag& tag_;
     QStringView page_;
+    TagStyle style_;
     QList<TextReplacement> changes_;
 };
 
@@ -184,16 +185,31 @@ QList<AttributeWish> Fulfilled(const PageTag& tag, const QList<AttributeWish>& w
 
 } // namespace
 
-bool IsInCapitals(QStringView name)
+TagStyle StyleOf(const PageTag& tag)
 {
-    const auto isSmall = [](QChar one) { return one >= u'a' && one <= u'z'; };
-    const auto isLetter = [](QChar one) { return IsAsciiLetter(one.unicode()); };
-    return std::ranges::any_of(name, isLetter) && std::ranges::none_of(name, isSmall);
+    const QStringView page = tag.Page();
+    const auto& attributes = tag.Attributes();
+    const HtmlSpan& lastName = attributes.empty() ? tag.Token().name : attributes.back().name;
+    const qsizetype end = EndOfAttributes(tag);
+    const QStringView ending = page.sliced(end, tag.Token().whole.End() - end);
+    const auto isOfEnding = [](QChar one) { return IsBlank(one) || one == u'/' || one == u'>'; };
+    TagStyle style{ .inCapitals = IsInCapitals(lastName.In(page)),
+                    .quote = QuoteOf(tag),
+                    .separator = SeparatorOf(tag) };
+    if (std::ranges::all_of(ending, isOfEnding)) {
+        style.ending = ending.toString();
+    }
+    // A slash right behind would become part of a value without quotes.
+    if (style.quote == 0 && style.ending.startsWith(u'/')) {
+        style.quote = usualQuote;
+    }
+    return style;
 }
 
-QString WrittenAttribute(const QString& name, const QString& value, bool inCapitals, char16_t quote)
+QString Written(const AttributeWish& attribute, const TagStyle& style)
 {
-    return QString((inCapitals ? name.toUpper() : name) % u'=' % Quoted(value, quote));
+    const QString name = style.inCapitals ? attribute.name.toUpper() : attribute.name;
+    return QString(name % u'=' % Quoted(attribute.value, style.quote));
 }
 
 QString Replaced(QStringView text, const QList<TextReplacement>& replacements, qsizetype offset)

@@ -3,6 +3,8 @@
 #include "mapreader/PageTag.h"
 #include "shared/PageDocument.h"
 
+#include <optional>
+
 /** An attribute that a tag shall have. */
 struct AttributeWish
 {
@@ -26,10 +28,16 @@ ChangeTag(const PageTag& tag, const QList<AttributeWish>& wishes);
 [[nodiscard]] QString
 Replaced(QStringView text, const QList<TextReplacement>& replacements, qsizetype offset = 0);
 
-/** Whether the last names or words are in capitals only. */
-[[nodiscard]] bool IsInCapitals(QStringView name);
+/** How the attributes of a tag are written, for others in it and for tags beside it. */
+struct TagStyle
+{
+    bool inCapitals = false;
+    char16_t quote = u'"';                   ///< 0 for none, where they are not needed
+    QString separator = QStringLiteral(" "); ///< in front of each
+    QString ending = QStringLiteral(">");    ///< behind the last
+};
 
-/** The attribute as it is written behind a blank: in capitals or not, and with that kind of quotes if it can
- * be. */
-[[nodiscard]] QString
-WrittenAttribute(const QString& name, const QString& value, bool inCapitals, char16_t quote);
+[[nodiscard]] TagStyle StyleOf(const PageTag& tag);
+
+/** The attribute as it is written in that style, without its separator. */
+[[nodiscard]] QString Written(const AttributeWish& attribute, const TagStyle& style);

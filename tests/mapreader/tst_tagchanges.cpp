@@ -75,6 +75,9 @@ void tst_tagchanges::onlyWhatIsWishedForChanges_data()
         "<area href=\"b c\" alt=d>");
     row("added behind what goes", "<area href='a' alt='b'>", { "-alt", "title=c" },
         "<area href='a' title='c'>");
+    row("added behind a bare sign", "<area alt= >", { "title=b" }, "<area alt=\"\" title=\"b\" >");
+    row("added behind one that gets a value", "<area alt= >", { "alt=a", "title=b" },
+        "<area alt=a title=\"b\" >");
     row("removed", "<area href=\"a\" alt=\"b\" title=\"c\">", { "-alt" }, "<area href=\"a\" title=\"c\">");
     row("removed at the end", "<area href=a alt=b>", { "-alt" }, "<area href=a>");
     row("removed before a slash", "<area href=a alt=b />", { "-alt" }, "<area href=a />");
