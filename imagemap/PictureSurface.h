@@ -1,7 +1,7 @@
 #pragma once
 
-#include "imagemap/KeptGround.h"
 #include "imagemap/KeptOutlines.h"
+#include "imagemap/PictureGround.h"
 #include "imagemap/drawing/DrawingView.h"
 #include "imagemap/drawing/KeyedDrawing.h"
 #include "imagemap/drawing/SelectionView.h"
@@ -30,10 +30,10 @@ public:
 
     /** Shows a pixel of the picture so many times as large. */
     void SetZoom(double zoom);
-    [[nodiscard]] double Zoom() const override { return zoom_; }
+    [[nodiscard]] double Zoom() const override { return ground_.Drawn().Zoom; }
 
     /** Where a pixel of the widget lies in the picture. */
-    [[nodiscard]] QPointF ToPicture(QPointF place) const { return place / zoom_; }
+    [[nodiscard]] QPointF ToPicture(QPointF place) const { return place / Zoom(); }
 
     /** The pixels of the widget that show those pixels of the picture. */
     [[nodiscard]] QRect FromPicture(const QRect& pixels) const;
@@ -45,13 +45,13 @@ public:
     void ShowCross(QPoint place) override;
     void HideCross() override;
 
-    [[nodiscard]] QColor ForegroundColor() const { return foregroundColor_; }
+    [[nodiscard]] QColor ForegroundColor() const { return ground_.Drawn().ForegroundColor; }
 
     /** The colour of all figures. */
     void SetForegroundColor(const QColor& color);
 
-    [[nodiscard]] int PictureWidth() const override { return picture_.width(); }
-    [[nodiscard]] int PictureHeight() const override { return picture_.height(); }
+    [[nodiscard]] int PictureWidth() const override { return ground_.Drawn().Picture.width(); }
+    [[nodiscard]] int PictureHeight() const override { return ground_.Drawn().Picture.height(); }
     void ShowFigures(const PaintedFigures& figures) override;
     void ShowRubberFigure(const PaintedFigure& figure) override;
     void EraseRubberFigure() override;
@@ -77,25 +77,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void UpdateFigure(const PaintedFigure& figure);
     void UpdateSelection(const SelectionPicture& selection);
-    /** The picture with its figures, or with all areas over it. */
-    void ForgetGround();
-    void PaintGround(QPainter& painter, const QRect& exposed);
-    void PaintPicture(QPainter& painter, const QRect& exposed);
-    void PaintOverlay(QPainter& painter, const QRect& exposed);
-    /** Where the mouse is in the picture: on another scale than the picture's own in whole pixels. */
-    [[nodiscard]] QPointF PlaceOf(const QMouseEvent& event) const;
 
-    QImage picture_;
-    PaintedFigures figures_;
-    std::optional<PaintedFigure> rubber_;
-    QColor foregroundColor_ = Qt::black;
-    double zoom_ = 1;
-    MapAreas areas_;
+    PictureGround ground_;
     SelectionPicture selection_;
     std::optional<QPoint> cross_;
-    KeptGround ground_;
-    KeptPart underRubber_;
     KeptOutlines outlines_;
 };
