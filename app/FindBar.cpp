@@ -344,20 +344,7 @@ void FindBar::btnReplaceAll_Click()
     Search();
     const QString lines = Lines();
     QList<TextReplacement> replacements = Replacements(lines, result_.Matches);
-    qsizetype counted = 0;
-    qsizetype lineEnds = 0;
-    for (TextReplacement& one : replacements) {
-        // In the text a line end counts as two.
-        const auto endsIn = [&lines](qsizetype from, qsizetype to) {
-            return qsizetype(std::count(lines.cbegin() + from, lines.cbegin() + to, u'\n'));
-        };
-        const qsizetype end = one.Place.Start + one.Place.Length;
-        lineEnds += endsIn(counted, one.Place.Start);
-        const qsizetype within = endsIn(one.Place.Start, end);
-        one.Place = { one.Place.Start + lineEnds, one.Place.Length + within };
-        lineEnds += within;
-        counted = end;
-    }
+    CountLineEndsAsTwo(lines, replacements);
     editor_.Replace(replacements);
     Search();
     count_->setText(QStringLiteral("%1 replaced").arg(replacements.size()));

@@ -219,3 +219,20 @@ QString MatchReplacement::Of(const TextSpan& match) const
     }
     return text;
 }
+
+void CountLineEndsAsTwo(const QString& lines, QList<TextReplacement>& replacements)
+{
+    const auto endsIn = [&lines](qsizetype from, qsizetype to) {
+        return qsizetype(std::count(lines.cbegin() + from, lines.cbegin() + to, u'\n'));
+    };
+    qsizetype counted = 0;
+    qsizetype lineEnds = 0;
+    for (TextReplacement& one : replacements) {
+        const qsizetype end = one.Place.Start + one.Place.Length;
+        lineEnds += endsIn(counted, one.Place.Start);
+        const qsizetype within = endsIn(one.Place.Start, end);
+        one.Place = { one.Place.Start + lineEnds, one.Place.Length + within };
+        lineEnds += within;
+        counted = end;
+    }
+}

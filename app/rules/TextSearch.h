@@ -50,3 +50,7 @@ private:
     QString searched_;              ///< where the expression looks for its groups
     QRegularExpression expression_; ///< none when `by_` names no groups
 };
+
+/** Moves the places of `replacements` in `lines`, in ascending order, to where they are when a line end
+ * counts as two characters. */
+void CountLineEndsAsTwo(const QString& lines, QList<TextReplacement>& replacements);
