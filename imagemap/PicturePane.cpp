@@ -50,7 +50,9 @@ PicturePane::PicturePane(QWidget* parent)
     connect(
         ui_->PictureDisplay, &PictureSurface::DoubleClicked, this,
         &PicturePane::PictureDisplay_DoubleClicked);
-    connect(ui_->PictureDisplay, &PictureSurface::CrossMoved, this, &PicturePane::PictureDisplay_CrossMoved);
+    connect(ui_->PictureDisplay, &PictureSurface::CrossMoved, this, [this](QPoint place) {
+        Reveal({ place, QSize(1, 1) });
+    });
     connect(ui_->PicNosac, &PictureView::ZoomTurned, this, &PicturePane::PicNosac_Zoom);
     connect(ui_->PicNosac, &PictureView::PinchBegun, this, &PicturePane::PicNosac_Pinch);
     connect(ui_->PicNosac, &PictureView::Resized, this, &PicturePane::PicNosac_Resize);
@@ -103,7 +105,12 @@ bool PicturePane::eventFilter(QObject* watched, QEvent* event)
         isSpaceHeld_ = isSpaceHeld_ && !isOnPicture;
         break;
     case QEvent::ContextMenu:
-        isDone = isOnPicture && PictureDisplay_ContextMenu(*static_cast<QContextMenuEvent*>(event));
+        // With the mouse its own buttons ask for the menu.
+        isDone =
+            isOnPicture && static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard;
+        if (isDone) {
+            Q_EMIT MenuKeyPressed();
+        }
         break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:
@@ -130,16 +137,6 @@ bool PicturePane::PictureDisplay_Key(const QKeyEvent& key, bool isPress)
         Q_EMIT ToolUsed();
     }
     return isTaken;
-}
-
-/** The key for menus; with the mouse its own buttons ask for them. */
-bool PicturePane::PictureDisplay_ContextMenu(const QContextMenuEvent& event)
-{
-    const bool isKey = event.reason() == QContextMenuEvent::Keyboard;
-    if (isKey) {
-        Q_EMIT MenuKeyPressed();
-    }
-    return isKey;
 }
 
 /** Shifts the picture with the mouse: by its middle button, or while the space bar is held. */
@@ -252,11 +249,6 @@ void PicturePane::PictureDisplay_DoubleClicked(float x, float y)
         tool_->DoubleClick(x, y);
         Q_EMIT ToolUsed();
     }
-}
-
-void PicturePane::PictureDisplay_CrossMoved(QPoint place)
-{
-    Reveal({ place, QSize(1, 1) });
 }
 
 void PicturePane::PictureDisplay_MouseDown(int button, float x, float y)

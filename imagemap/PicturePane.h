@@ -10,7 +10,6 @@ namespace Ui {
 class PicturePane;
 }
 class PictureTool;
-class QContextMenuEvent;
 class QKeyEvent;
 class QMouseEvent;
 
@@ -84,8 +83,6 @@ private:
     void PictureDisplay_MouseUp(int button, float x, float y);
     void PictureDisplay_DoubleClicked(float x, float y);
     void PictureDisplay_KeysHeld(Qt::KeyboardModifiers keys);
-    void PictureDisplay_CrossMoved(QPoint place);
-    [[nodiscard]] bool PictureDisplay_ContextMenu(const QContextMenuEvent& event);
     [[nodiscard]] bool PictureDisplay_Key(const QKeyEvent& key, bool isPress);
     [[nodiscard]] bool Pan(const QMouseEvent& mouse);
     void PicNosac_Zoom(double factor, QPoint place);
