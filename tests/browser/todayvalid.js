@@ -23,7 +23,8 @@ async function askNu() {
     const nu = spawn('java', [...quickStart, '-jar', jar, '--format', 'json', ...pages.map(pathOf)]);
     const answer = await text(nu.stderr);
     assert.match(answer, /^\{/, 'the Nu checker has not run');
-    return JSON.parse(answer).messages.map((finding) => ({ ...finding, page: finding.url.split('/').pop().replace('.html', '') }));
+    const pageOf = ({ url }) => url.split('/').pop().replace('.html', '');
+    return JSON.parse(answer).messages.map((finding) => ({ ...finding, page: pageOf(finding) }));
 }
 
 let nuAnswer;
