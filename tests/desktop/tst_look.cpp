@@ -266,10 +266,9 @@ void tst_look::largeTextIsNotCut_data()
     QTest::addColumn<QByteArray>("window");
     QTest::addColumn<qreal>("points");
     for (const qreal points : { 9.0, 11.0, 13.5, 18.0 }) {
-        for (const char* const name :
-             { "splash", "main", "links", "editor", "attributes", "area", "link-0", "link-1", "link-2",
-               "link-3", "link-4", "script-options", "preferences", "help-contents", "help-index",
-               "help-search", "font", "question" }) {
+        for (const char* const name : { "splash", "main", "links", "editor", "attributes", "link-0", "link-1",
+                                        "link-2", "link-3", "link-4", "script-options", "preferences",
+                                        "help-contents", "help-index", "help-search", "font", "question" }) {
             QTest::addRow("%s at %g", name, points) << QByteArray(name) << points;
         }
     }
