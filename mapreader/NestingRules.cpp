@@ -18,11 +18,11 @@ constexpr auto rules = std::to_array<NestingRule>({
     { "a", Formatting },
     { "address", blockTraits | Transparent },
     { "applet", objectTraits },
-    { "area", voidTraits },
+    { "area", voidTraits | Area },
     { "article", blockTraits },
     { "aside", blockTraits },
     { "b", Formatting },
-    { "base", voidTraits },
+    { "base", voidTraits | Base },
     { "basefont", voidTraits },
     { "bgsound", voidTraits },
     { "big", Formatting },
@@ -65,15 +65,17 @@ constexpr auto rules = std::to_array<NestingRule>({
     { "html", Frame },
     { "i", Formatting },
     { "iframe", textTraits },
-    { "image", voidTraits },
-    { "img", voidTraits },
+    { "image", voidTraits | Picture },
+    { "img", voidTraits | Picture },
     { "input", voidTraits },
     { "keygen", voidTraits },
     { "li", Special | EndsParagraph },
     { "link", voidTraits },
     { "listing", blockTraits },
     { "main", blockTraits },
+    { "map", Map },
     { "marquee", objectTraits },
+    { "math", ForeignRoot },
     { "menu", blockTraits },
     { "meta", voidTraits },
     { "nav", blockTraits },
@@ -104,9 +106,11 @@ constexpr auto rules = std::to_array<NestingRule>({
     { "strong", Formatting },
     { "style", textTraits },
     { "summary", blockTraits },
+    { "svg", ForeignRoot },
     { "table", Special | EndsParagraph | Scope | Table },
     { "tbody", Special | RowGroup },
     { "td", Special | Scope | Marker | Cell },
+    { "template", Template },
     { "textarea", textTraits },
     { "tfoot", Special | RowGroup },
     { "th", Special | Scope | Marker | Cell },
@@ -123,29 +127,35 @@ constexpr auto rules = std::to_array<NestingRule>({
 
 static_assert(std::ranges::is_sorted(rules, {}, &NestingRule::name));
 
-/** Whether `known` comes before `written` in the order of the table. */
-bool IsBefore(std::string_view known, QStringView written)
-{
-    return std::lexicographical_compare(
-        known.begin(), known.end(), written.begin(), written.end(), [](auto one, auto other) {
-            const auto unit = [](auto character) {
-                if constexpr (std::is_same_v<decltype(character), char>) {
-                    return char16_t(character);
-                } else {
-                    return NameCharacter(character.unicode());
-                }
-            };
-            return unit(one) < unit(other);
-        });
-}
+constexpr std::size_t letters = 'z' - 'a' + 1;
+
+/** Where the rules begin whose names begin with each letter, and where the last of them end. */
+constexpr std::array<std::size_t, letters + 1> firstOfLetters = [] {
+    std::array<std::size_t, letters + 1> first{};
+    for (std::size_t letter = 0; letter <= letters; ++letter) {
+        const auto isBefore = [letter](const NestingRule& rule) {
+            return std::size_t(rule.name.front() - 'a') < letter;
+        };
+        first[letter] = std::size_t(std::ranges::count_if(rules, isBefore));
+    }
+    return first;
+}();
+static_assert(rules[firstOfLetters['m' - 'a']].name == "main");
+static_assert(firstOfLetters.front() == 0 && firstOfLetters.back() == rules.size());
 
 } // namespace
 
 const NestingRule* FindNestingRule(QStringView name)
 {
-    const auto* const found = std::partition_point(
-        rules.begin(), rules.end(), [name](const NestingRule& rule) { return IsBefore(rule.name, name); });
-    const bool isIt = found != rules.end() &&
-                      IsName(name, QLatin1String(found->name.data(), qsizetype(found->name.size())));
-    return isIt ? found : nullptr;
+    if (name.isEmpty() || !IsAsciiLetter(name.front().unicode())) {
+        return nullptr;
+    }
+    const auto letter = std::size_t(NameCharacter(name.front().unicode()) - u'a');
+    const auto* const end = rules.data() + firstOfLetters[letter + 1];
+    const auto* const found =
+        std::find_if(rules.data() + firstOfLetters[letter], end, [name](const NestingRule& rule) {
+            return qsizetype(rule.name.size()) == name.size() &&
+                   IsName(name, QLatin1String(rule.name.data(), name.size()));
+        });
+    return found == end ? nullptr : found;
 }
