@@ -1,7 +1,6 @@
 #include "mapreader/MapChanges.h"
 
 #include "mapreader/PageLines.h"
-#include "mapreader/PageShapes.h"
 
 #include <QSet>
 #include <QStringBuilder>
@@ -11,65 +10,8 @@ namespace {
 
 constexpr QStringView nameName = u"name";
 constexpr QStringView idName = u"id";
-constexpr QStringView shapeName = u"shape";
-constexpr QStringView coordsName = u"coords";
 constexpr QStringView usemapName = u"usemap";
 constexpr QStringView endTagOfArea = u"</area>";
-
-QList<AttributeWish> AttributesOf(const PageTag& tag)
-{
-    QList<AttributeWish> attributes;
-    for (const HtmlAttribute& attribute : tag.Attributes()) {
-        if (!attribute.isDuplicate) {
-            attributes << AttributeWish{ NameOf(attribute.name.In(tag.Page())), tag.ValueOf(attribute) };
-        }
-    }
-    return attributes;
-}
-
-/** The value of that name; the null string if there is none. */
-QString ValueIn(const QList<AttributeWish>& attributes, QStringView name)
-{
-    const auto found = std::ranges::find(attributes, name, &AttributeWish::name);
-    return found == attributes.end() ? QString() : found->value;
-}
-
-std::vector<double> NumbersOf(const QString& list)
-{
-    std::vector<double> numbers;
-    for (const PageCoordinate& coordinate : CoordinatesIn(list)) {
-        numbers.push_back(coordinate.number);
-    }
-    return numbers;
-}
-
-/** Whether an attribute of an area says the same in both values, though they may be written in two ways. */
-bool SaysTheSame(const AttributeWish& wish, const QString& value)
-{
-    if (wish.name == shapeName) {
-        return ShapeOfWord(wish.value).shape == ShapeOfWord(value).shape;
-    }
-    return wish.name == coordsName && NumbersOf(wish.value) == NumbersOf(value);
-}
-
-/** What has to be wished of a tag so that it has these attributes and no others. */
-QList<AttributeWish> DifferencesOf(const PageTag& tag, const QList<AttributeWish>& attributes)
-{
-    const QList<AttributeWish> before = AttributesOf(tag);
-    QList<AttributeWish> wishes;
-    for (const AttributeWish& wish : attributes) {
-        const QString value = ValueIn(before, wish.name);
-        if (wish.value != value || wish.value.isNull() != value.isNull()) {
-            wishes << wish;
-        }
-    }
-    for (const AttributeWish& one : before) {
-        if (ValueIn(attributes, one.name).isNull()) {
-            wishes << AttributeWish{ one.name, {} };
-        }
-    }
-    return wishes;
-}
 
 /** Makes the replacements of one map. */
 class MapChanger
@@ -234,12 +176,7 @@ void MapChanger::FillSlots(const QList<AreaWish>& areas)
 std::optional<QList<TextReplacement>> MapChanger::ChangesOf(const AreaWish& area) const
 {
     const PageTag tag = TagOf(area.source);
-    QList<AttributeWish> wishes = DifferencesOf(tag, area.attributes);
-    const QList<AttributeWish> before = AttributesOf(tag);
-    wishes.removeIf([&before](const AttributeWish& wish) {
-        return !wish.value.isNull() && SaysTheSame(wish, ValueIn(before, wish.name));
-    });
-    return ChangeTag(tag, wishes);
+    return ChangeTag(tag, DifferencesOfArea(tag, area.attributes));
 }
 
 void MapChanger::FillSlot(qsizetype slot, const AreaWish& area)

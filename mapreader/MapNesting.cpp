@@ -52,12 +52,13 @@ void MapNesting::Take(const HtmlToken& token, const HtmlState& state)
         return;
     }
     const QStringView name = token.name.In(page_);
-    const bool isRoot = IsName(name, QLatin1String("svg")) || IsName(name, QLatin1String("math"));
+    const NestingRule* const rule = FindNestingRule(name);
+    const NestingTraits traits = rule != nullptr ? rule->traits : NestingTraits();
     const bool isStart = token.kind == HtmlToken::Kind::StartTag;
     const bool isPart = wasForeign_ && (IsIntegrationPoint(name) || !(isStart || IsOfHtml(name)));
-    const bool isForeign = state.foreign.IsForeign() || isRoot || isPart;
+    const bool isForeign = state.foreign.IsForeign() || bool(traits & ForeignRoot) || isPart;
     wasForeign_ = state.foreign.IsForeign();
-    if (TakeTemplate(token, isForeign)) {
+    if (TakeTemplate(token, !isForeign && (traits & Template))) {
         return;
     }
     if (isForeign) {
@@ -65,8 +66,8 @@ void MapNesting::Take(const HtmlToken& token, const HtmlState& state)
         return;
     }
     LeaveForeign();
-    const NestingRule* const rule = FindNestingRule(name);
     isInPage_ = isStart;
+    traits_ = traits;
     if (isStart) {
         TakeStart(token, rule);
     } else {
@@ -75,9 +76,8 @@ void MapNesting::Take(const HtmlToken& token, const HtmlState& state)
 }
 
 /** Whether the token is one of a template, of which only the end matters. */
-bool MapNesting::TakeTemplate(const HtmlToken& token, bool isForeign)
+bool MapNesting::TakeTemplate(const HtmlToken& token, bool isTemplate)
 {
-    const bool isTemplate = !isForeign && IsName(token.name.In(page_), QLatin1String("template"));
     if (isTemplate && token.kind == HtmlToken::Kind::StartTag) {
         ++templates_;
     } else if (isTemplate && templates_ > 0) {
@@ -113,7 +113,7 @@ void MapNesting::Remove(std::size_t index)
 
 void MapNesting::Push(const HtmlToken& token, const NestingRule* rule, bool isForeign)
 {
-    const bool isMap = !isForeign && rule == nullptr && IsName(token.name.In(page_), QLatin1String("map"));
+    const bool isMap = rule != nullptr && (rule->traits & Map);
     open_.push_back({ token.name, rule, isMap ? count_ : -1, isForeign });
     if (isMap) {
         maps_.push_back(count_++);
@@ -148,7 +148,7 @@ void MapNesting::TakeStart(const HtmlToken& token, const NestingRule* rule)
             return;
         }
     } else {
-        EndBeforeStart(token.name.In(page_), traits);
+        EndBeforeStart(rule, traits);
     }
     if (!(traits & (Void | IsText))) {
         Push(token, rule, false);
@@ -168,14 +168,13 @@ bool MapNesting::TakeTablePart(NestingTraits traits)
     return false;
 }
 
-void MapNesting::EndBeforeStart(QStringView name, NestingTraits traits)
+void MapNesting::EndBeforeStart(const NestingRule* rule, NestingTraits traits)
 {
     static const NestingRule* const paragraph = RuleOf(QLatin1String("p"));
     static const NestingRule* const item = RuleOf(QLatin1String("li"));
     static const NestingRule* const link = RuleOf(QLatin1String("a"));
     static const NestingRule* const nobr = RuleOf(QLatin1String("nobr"));
     static const NestingRule* const button = RuleOf(QLatin1String("button"));
-    const NestingRule* const rule = FindNestingRule(name);
     if (rule == item || traits & Term) {
         EndItems(traits);
     }

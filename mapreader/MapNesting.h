@@ -29,6 +29,9 @@ public:
     /** Whether the start tag that was taken last is an element of HTML in the page, and in no template. */
     [[nodiscard]] bool IsInPage() const { return isInPage_; }
 
+    /** What that element is, of `Map`, `Area`, `Picture` and `Base`. */
+    [[nodiscard]] NestingTraits Traits() const { return traits_; }
+
     /** The maps that are open, each by its number in the order in which they began, the innermost last. */
     [[nodiscard]] const std::vector<qsizetype>& Open() const { return maps_; }
 
@@ -52,9 +55,9 @@ private:
     void TakeStart(const HtmlToken& token, const NestingRule* rule);
     void TakeEnd(const HtmlToken& token, const NestingRule* rule);
     void TakeForeign(const HtmlToken& token);
-    bool TakeTemplate(const HtmlToken& token, bool isForeign);
+    bool TakeTemplate(const HtmlToken& token, bool isTemplate);
     [[nodiscard]] bool TakeTablePart(NestingTraits traits);
-    void EndBeforeStart(QStringView name, NestingTraits traits);
+    void EndBeforeStart(const NestingRule* rule, NestingTraits traits);
     void EndItems(NestingTraits traits);
     void EndFormatting(const NestingRule* rule);
     bool MoveFormatting(std::size_t formatting);
@@ -75,4 +78,5 @@ private:
     qsizetype templates_ = 0; ///< how many are open, one in the other
     bool wasForeign_ = false;
     bool isInPage_ = false;
+    NestingTraits traits_;
 };

@@ -9,46 +9,46 @@ namespace {
 
 using enum NestingTrait;
 
-constexpr NestingTraits block = Special | Block | EndsParagraph;
-constexpr NestingTraits object = Special | Block | Scope | Marker;
-constexpr NestingTraits voidOne = Void | Special;
-constexpr NestingTraits textOne = IsText;
+constexpr NestingTraits blockTraits = Special | Block | EndsParagraph;
+constexpr NestingTraits objectTraits = Special | Block | Scope | Marker;
+constexpr NestingTraits voidTraits = Void | Special;
+constexpr NestingTraits textTraits = IsText;
 
 constexpr auto rules = std::to_array<NestingRule>({
     { "a", Formatting },
-    { "address", block | Transparent },
-    { "applet", object },
-    { "area", voidOne },
-    { "article", block },
-    { "aside", block },
+    { "address", blockTraits | Transparent },
+    { "applet", objectTraits },
+    { "area", voidTraits | Area },
+    { "article", blockTraits },
+    { "aside", blockTraits },
     { "b", Formatting },
-    { "base", voidOne },
-    { "basefont", voidOne },
-    { "bgsound", voidOne },
+    { "base", voidTraits | Base },
+    { "basefont", voidTraits },
+    { "bgsound", voidTraits },
     { "big", Formatting },
-    { "blockquote", block },
+    { "blockquote", blockTraits },
     { "body", Frame },
-    { "br", voidOne },
+    { "br", voidTraits },
     { "button", Special | Block | ButtonScope },
     { "caption", Special | Scope | Marker | Caption },
-    { "center", block },
+    { "center", blockTraits },
     { "code", Formatting },
     { "col", Void | ColumnGroup },
     { "colgroup", Special | ColumnGroup },
     { "dd", Special | EndsParagraph | Term },
-    { "details", block },
+    { "details", blockTraits },
     { "dialog", Block | EndsParagraph },
-    { "dir", block },
-    { "div", block | Transparent },
-    { "dl", block },
+    { "dir", blockTraits },
+    { "div", blockTraits | Transparent },
+    { "dl", blockTraits },
     { "dt", Special | EndsParagraph | Term },
     { "em", Formatting },
-    { "embed", voidOne },
-    { "fieldset", block },
-    { "figcaption", block },
-    { "figure", block },
+    { "embed", voidTraits },
+    { "fieldset", blockTraits },
+    { "figcaption", blockTraits },
+    { "figure", blockTraits },
     { "font", Formatting },
-    { "footer", block },
+    { "footer", blockTraits },
     { "form", Special | EndsParagraph },
     { "frame", Frame },
     { "frameset", Frame },
@@ -59,93 +59,103 @@ constexpr auto rules = std::to_array<NestingRule>({
     { "h5", Special | EndsParagraph | Heading },
     { "h6", Special | EndsParagraph | Heading },
     { "head", Frame },
-    { "header", block },
-    { "hgroup", block },
-    { "hr", voidOne | EndsParagraph },
+    { "header", blockTraits },
+    { "hgroup", blockTraits },
+    { "hr", voidTraits | EndsParagraph },
     { "html", Frame },
     { "i", Formatting },
-    { "iframe", textOne },
-    { "image", voidOne },
-    { "img", voidOne },
-    { "input", voidOne },
-    { "keygen", voidOne },
+    { "iframe", textTraits },
+    { "image", voidTraits | Picture },
+    { "img", voidTraits | Picture },
+    { "input", voidTraits },
+    { "keygen", voidTraits },
     { "li", Special | EndsParagraph },
-    { "link", voidOne },
-    { "listing", block },
-    { "main", block },
-    { "marquee", object },
-    { "menu", block },
-    { "meta", voidOne },
-    { "nav", block },
+    { "link", voidTraits },
+    { "listing", blockTraits },
+    { "main", blockTraits },
+    { "map", Map },
+    { "marquee", objectTraits },
+    { "math", ForeignRoot },
+    { "menu", blockTraits },
+    { "meta", voidTraits },
+    { "nav", blockTraits },
     { "nobr", Formatting },
-    { "noembed", textOne },
-    { "noframes", textOne },
+    { "noembed", textTraits },
+    { "noframes", textTraits },
     { "noscript", Special },
-    { "object", object },
-    { "ol", block | ListScope },
+    { "object", objectTraits },
+    { "ol", blockTraits | ListScope },
     { "optgroup", Option },
     { "option", Option },
     { "p", Special | EndsParagraph | Transparent },
-    { "param", voidOne },
-    { "plaintext", textOne | EndsParagraph },
-    { "pre", block },
+    { "param", voidTraits },
+    { "plaintext", textTraits | EndsParagraph },
+    { "pre", blockTraits },
     { "rb", RubyText },
     { "rp", RubyText },
     { "rt", RubyText },
     { "rtc", RubyText },
     { "s", Formatting },
-    { "script", textOne },
-    { "search", block },
-    { "section", block },
+    { "script", textTraits },
+    { "search", blockTraits },
+    { "section", blockTraits },
     { "select", Special | Block },
     { "small", Formatting },
-    { "source", voidOne },
+    { "source", voidTraits },
     { "strike", Formatting },
     { "strong", Formatting },
-    { "style", textOne },
-    { "summary", block },
+    { "style", textTraits },
+    { "summary", blockTraits },
+    { "svg", ForeignRoot },
     { "table", Special | EndsParagraph | Scope | Table },
     { "tbody", Special | RowGroup },
     { "td", Special | Scope | Marker | Cell },
-    { "textarea", textOne },
+    { "template", Template },
+    { "textarea", textTraits },
     { "tfoot", Special | RowGroup },
     { "th", Special | Scope | Marker | Cell },
     { "thead", Special | RowGroup },
-    { "title", textOne },
+    { "title", textTraits },
     { "tr", Special | Row },
-    { "track", voidOne },
+    { "track", voidTraits },
     { "tt", Formatting },
     { "u", Formatting },
-    { "ul", block | ListScope },
-    { "wbr", voidOne },
-    { "xmp", textOne | EndsParagraph },
+    { "ul", blockTraits | ListScope },
+    { "wbr", voidTraits },
+    { "xmp", textTraits | EndsParagraph },
 });
 
 static_assert(std::ranges::is_sorted(rules, {}, &NestingRule::name));
 
-/** Whether `known` comes before `written` in the order of the table. */
-bool IsBefore(std::string_view known, QStringView written)
-{
-    return std::lexicographical_compare(
-        known.begin(), known.end(), written.begin(), written.end(), [](auto one, auto other) {
-            const auto unit = [](auto character) {
-                if constexpr (std::is_same_v<decltype(character), char>) {
-                    return char16_t(character);
-                } else {
-                    return NameCharacter(character.unicode());
-                }
-            };
-            return unit(one) < unit(other);
-        });
-}
+constexpr std::size_t letters = 'z' - 'a' + 1;
+
+/** Where the rules begin whose names begin with each letter, and where the last of them end. */
+constexpr std::array<std::size_t, letters + 1> firstOfLetters = [] {
+    std::array<std::size_t, letters + 1> first{};
+    for (std::size_t letter = 0; letter <= letters; ++letter) {
+        const auto isBefore = [letter](const NestingRule& rule) {
+            return std::size_t(rule.name.front() - 'a') < letter;
+        };
+        first[letter] = std::size_t(std::ranges::count_if(rules, isBefore));
+    }
+    return first;
+}();
+static_assert(rules[firstOfLetters['m' - 'a']].name == "main");
+static_assert(firstOfLetters.front() == 0 && firstOfLetters.back() == rules.size());
 
 } // namespace
 
 const NestingRule* FindNestingRule(QStringView name)
 {
-    const auto* const found = std::partition_point(
-        rules.begin(), rules.end(), [name](const NestingRule& rule) { return IsBefore(rule.name, name); });
-    const bool isIt = found != rules.end() &&
-                      IsName(name, QLatin1String(found->name.data(), qsizetype(found->name.size())));
-    return isIt ? found : nullptr;
+    if (name.isEmpty() || !IsAsciiLetter(name.front().unicode())) {
+        return nullptr;
+    }
+    const auto letter = std::size_t(NameCharacter(name.front().unicode()) - u'a');
+    const auto* const end = rules.data() + firstOfLetters[letter + 1];
+    const auto* const found =
+        std::find_if(rules.data() + firstOfLetters[letter], end, [name](const NestingRule& rule) {
+            return qsizetype(rule.name.size()) == name.size() &&
+                   IsName(name, QLatin1String(rule.name.data(), name.size()));
+        });
+    return found == end ? nullptr : found;
 }

@@ -28,8 +28,14 @@ enum class NestingTrait : quint32 {
     ColumnGroup = 1U << 17U,
     Caption = 1U << 18U,
     Table = 1U << 19U,
-    Frame = 1U << 20U,      ///< of the page, such as `body`; not kept
-    Transparent = 1U << 21U ///< special, but a list item inside ends the one outside
+    Frame = 1U << 20U,       ///< of the page, such as `body`; not kept
+    Transparent = 1U << 21U, ///< special, but a list item inside ends the one outside
+    Map = 1U << 22U,
+    Template = 1U << 23U,
+    ForeignRoot = 1U << 24U, ///< SVG or MathML
+    Area = 1U << 25U,
+    Picture = 1U << 26U,
+    Base = 1U << 27U
 };
 Q_DECLARE_FLAGS(NestingTraits, NestingTrait)
 Q_DECLARE_OPERATORS_FOR_FLAGS(NestingTraits)

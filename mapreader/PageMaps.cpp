@@ -73,17 +73,17 @@ private:
 
 void PageMapsReader::TakeElement(const HtmlToken& token)
 {
-    const QStringView name = token.name.In(page_);
-    if (IsName(name, QLatin1String("area"))) {
+    const NestingTraits traits = nesting_.Traits();
+    if (traits & NestingTrait::Area) {
         read_.areas.push_back(token.whole);
-    } else if (IsName(name, QLatin1String("map"))) {
+    } else if (traits & NestingTrait::Map) {
         TakeMap(token);
-    } else if (IsName(name, QLatin1String("img")) || IsName(name, QLatin1String("image"))) {
+    } else if (traits & NestingTrait::Picture) {
         const QString usemap = ValueOf(page_, token, QLatin1String("usemap"));
         if (!usemap.isNull()) {
             read_.pictures.push_back({ token.whole, usemap });
         }
-    } else if (read_.baseTag.length == 0 && IsName(name, QLatin1String("base"))) {
+    } else if (read_.baseTag.length == 0 && (traits & NestingTrait::Base)) {
         read_.base = ValueOf(page_, token, QLatin1String("href"));
         read_.baseTag = read_.base.isNull() ? HtmlSpan() : token.whole;
     }

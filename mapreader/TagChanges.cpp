@@ -165,12 +165,7 @@ private:
 /** The attributes of a tag as browsers see them, with all wishes fulfilled. */
 QList<AttributeWish> Fulfilled(const PageTag& tag, const QList<AttributeWish>& wishes)
 {
-    QList<AttributeWish> attributes;
-    for (const HtmlAttribute& attribute : tag.Attributes()) {
-        if (!attribute.isDuplicate) {
-            attributes << AttributeWish{ NameOf(attribute.name.In(tag.Page())), tag.ValueOf(attribute) };
-        }
-    }
+    QList<AttributeWish> attributes = AttributesOf(tag);
     for (const AttributeWish& wish : wishes) {
         const auto found = std::ranges::find(attributes, wish.name, &AttributeWish::name);
         if (found == attributes.end()) {

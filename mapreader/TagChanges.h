@@ -1,18 +1,9 @@
 #pragma once
 
-#include "mapreader/PageTag.h"
+#include "mapreader/AttributeWishes.h"
 #include "shared/PageDocument.h"
 
 #include <optional>
-
-/** An attribute that a tag shall have. */
-struct AttributeWish
-{
-    QString name;  ///< in small letters
-    QString value; ///< as browsers shall see it; the null string: there shall be none
-
-    bool operator==(const AttributeWish&) const = default;
-};
 
 /**
  * What has to be replaced in a page so that a tag has the wished attributes, in ascending order; all else in
