@@ -73,7 +73,8 @@ PictureReading Shown(QImage picture)
     return { picture, {} };
 }
 
-PictureReading ReadDrawing(QFile& file)
+/** A page begins like a drawing, but is none whether these can be read or not. */
+PictureReading ReadDrawing(QFile& file, bool isReadable)
 {
     if (file.size() > svgBytesAtMost) {
         return Failure(tooLargeText);
@@ -82,6 +83,9 @@ PictureReading ReadDrawing(QFile& file)
     std::optional<QByteArray> drawing = HarmlessSvg(text);
     if (!drawing) {
         return Failure(text.contains("svg") ? damagedText : unknownText);
+    }
+    if (!isReadable) {
+        return Failure(noReaderText);
     }
     QBuffer buffer(&*drawing);
     if (!buffer.open(QIODevice::ReadOnly)) {
@@ -129,8 +133,9 @@ PictureReading ReadAnyPicture(const QString& path, const QByteArrayList& readabl
     if (form == pictureForms.end()) {
         return Failure(unknownText);
     }
-    if (!readable.contains(form->format)) {
-        return Failure(noReaderText);
+    const bool isReadable = readable.contains(form->format);
+    if (form->check == nullptr) {
+        return ReadDrawing(file, isReadable);
     }
-    return form->check != nullptr ? ReadPixels(file, *form) : ReadDrawing(file);
+    return isReadable ? ReadPixels(file, *form) : Failure(noReaderText);
 }

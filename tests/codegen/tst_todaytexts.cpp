@@ -169,7 +169,7 @@ void tst_todaytexts::fileIsReferredToFromThePagesFolder()
         QVERIFY(made.open(QIODevice::WriteOnly));
     }
     if (reference == QStringLiteral("-typed")) {
-        reference = EncodedAddress(path);
+        reference = EncodedAddress(QDir::toNativeSeparators(path));
     } else if (reference == QStringLiteral("-url")) {
         reference = QStringLiteral("file://") + (path.startsWith(u'/') ? QString() : QStringLiteral("/")) +
                     dir.filePath(QStringLiteral("a%20b.gif"));

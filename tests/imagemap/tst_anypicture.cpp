@@ -230,10 +230,13 @@ void tst_anypicture::aClaimIsNotTakenOnTrust()
 
 void tst_anypicture::aFormWithoutReaderIsTold()
 {
-    const QString path = Write(Written(FourCorners(), "bmp"));
-    const PictureReading reading = ReadAnyPicture(path, { "png", "webp", "svg" });
+    constexpr QStringView noReader = u"Pictures of this form cannot be read on this system !";
+    const PictureReading reading =
+        ReadAnyPicture(Write(Written(FourCorners(), "bmp")), { "png", "webp", "svg" });
     QVERIFY(reading.Picture.isNull());
-    QCOMPARE(reading.Problem, "Pictures of this form cannot be read on this system !");
+    QCOMPARE(reading.Problem, noReader);
+    QCOMPARE(ReadAnyPicture(Write(Svg("")), { "png" }).Problem, noReader);
+    QCOMPARE(ReadAnyPicture(Write("<!DOCTYPE html><html></html>"), { "png" }).Problem, unknown.toString());
 }
 
 void tst_anypicture::otherFilesAreToldFromPictures_data()

@@ -184,6 +184,9 @@ void tst_linkswriting::folderInPlaceOfTheFileIsAnError()
 
 void tst_linkswriting::linkToTheFileStaysALink()
 {
+#ifdef Q_OS_WIN
+    QSKIP("What Windows calls a link is a file of its own");
+#endif
     const QString target = folder_->filePath("elsewhere.dra");
     QVERIFY(WriteBytes(target, QByteArray(writtenSize, 'o') + "behind"));
     QVERIFY(QFile::link(target, Path()));
