@@ -33,18 +33,8 @@ QPoint AlongAxis(QPoint by)
 
 QPoint WayOfKey(int key)
 {
-    switch (key) {
-    case Qt::Key_Left:
-        return { -1, 0 };
-    case Qt::Key_Right:
-        return { 1, 0 };
-    case Qt::Key_Up:
-        return { 0, -1 };
-    case Qt::Key_Down:
-        return { 0, 1 };
-    default:
-        return {};
-    }
+    const auto is = [key](Qt::Key one) { return key == one ? 1 : 0; };
+    return { is(Qt::Key_Right) - is(Qt::Key_Left), is(Qt::Key_Down) - is(Qt::Key_Up) };
 }
 
 } // namespace
@@ -153,6 +143,7 @@ void SelectionProtocol::PickBelow()
     const QPoint away = pressed_ - lastClick_.value_or(pressed_ + QPoint(longStep, longStep) * longStep);
     const bool isAgain = away.manhattanLength() <= std::max(Reach(dragDistance), 0);
     const qsizetype at = isAgain && Selection().OnlyOne() ? hits.indexOf(*Selection().OnlyOne()) : -1;
+    passedOn_ = at >= 0 ? Selection().OnlyOne() : std::nullopt;
     Selection().Select({ hits[(at + 1) % hits.size()] });
 }
 
@@ -266,6 +257,7 @@ void SelectionProtocol::MouseUp(int button, float x, float y)
     if (button != leftButton || drag_ == Drag::None) {
         return;
     }
+    passedOn_.reset();
     if (isUnderWay_) {
         DragTo(PixelOf(x, y));
         Drop();
@@ -307,6 +299,9 @@ void SelectionProtocol::DoubleClick(float x, float y)
     const bool isOnArea = drag_ == Drag::Areas || handle;
     Abandon();
     lastClick_.reset();
+    if (passedOn_ && !handle) {
+        Selection().Select({ *passedOn_ });
+    }
     if (handle && handle->kind == HandleKind::Vertex) {
         Selection().SelectVertex(handle->index);
         editing_.Delete();

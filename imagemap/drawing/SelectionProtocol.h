@@ -81,6 +81,7 @@ private:
     bool isFreshPick_ = false; ///< the press has selected what it was on
     QPoint pressed_;
     std::optional<QPoint> lastClick_;
+    std::optional<qsizetype> passedOn_; ///< from which the last click went on to the next below
     AreaHandle handle_;
     MapAreas before_;  ///< the selected areas as they were when the button was pressed
     MapAreas preview_; ///< and as they would be if it was released now

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void deleteTakesASelectedCornerOut();
     void threeCornersStay();
     void aDoubleClickEditsTheLink();
+    void aDoubleClickEditsWhatWasSelectedNotWhatIsBelow();
     void snappingStopsAtOtherAreas();
     void guidesShowWithoutSnapping();
     void labelsFollow();
@@ -219,6 +220,15 @@ void tst_selectionprotocol::aDoubleClickEditsTheLink()
     QCOMPARE(test_->selection.Numbers(), AreaNumbers{ 2 });
     test_->DoubleClick({ 5, 290 });
     QCOMPARE(asked.size(), 1);
+}
+
+void tst_selectionprotocol::aDoubleClickEditsWhatWasSelectedNotWhatIsBelow()
+{
+    QSignalSpy asked(&test_->tool, &SelectionProtocol::EditAsked);
+    test_->Click({ 80, 50 });
+    test_->DoubleClick({ 80, 50 });
+    QCOMPARE(asked.size(), 1);
+    QCOMPARE(test_->selection.Numbers(), AreaNumbers{ 0 });
 }
 
 void tst_selectionprotocol::snappingStopsAtOtherAreas()
