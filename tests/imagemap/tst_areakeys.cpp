@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTabWidget>
 
 /** What is done in the editor with the keyboard alone, from a tool to the menu of an area. */
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void theMenuKeyOpensNothingWhileAToolDraws();
     void coordinatesEnteredTwiceAreTwoSteps();
     void aVainPressTellsOfSelect();
+    void lettersAreForAnOpenMenu();
 
 private:
     void Press(const QList<QKeyCombination>& keys)
@@ -177,6 +179,23 @@ void tst_areakeys::aVainPressTellsOfSelect()
     test_->ClickButton(5);
     test_->ClickButton(9);
     QCOMPARE(test_->Text("StatusBar1_Panel3"), "A double click on a row edits its link");
+}
+
+void tst_areakeys::lettersAreForAnOpenMenu()
+{
+    test_->OpenPicture();
+    auto* const bar = test_->Find<QMenuBar>("MenuBar1");
+    QMenu* const menu = AreasMenu();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
+    QTRY_VERIFY(menu->isVisible());
+    // It is asked before a command has the key.
+    QKeyEvent letter(QEvent::ShortcutOverride, Qt::Key_S, Qt::NoModifier, QStringLiteral("s"));
+    letter.ignore();
+    QApplication::sendEvent(menu, &letter);
+    QVERIFY(letter.isAccepted());
+    QTest::keyClick(menu, Qt::Key_S);
+    QTRY_VERIFY(!menu->isVisible());
+    QVERIFY(test_->Entry("mnuASelect")->isChecked());
 }
 
 QTEST_MAIN(tst_areakeys)
