@@ -73,6 +73,15 @@ class ChromiumEngine extends PuppeteerEngine {
 
 /** Its zoom is set in its own window, for each page anew. */
 class FirefoxEngine extends PuppeteerEngine {
+    /** Not by the page's own setViewport(), which turns the screen too, and Firefox 140 cannot. */
+    async resize(width, height, scale) {
+        await this.browser.connection.send('browsingContext.setViewport', {
+            context: this.page.mainFrame()._id,
+            viewport: { width, height },
+            devicePixelRatio: scale ?? null,
+        });
+    }
+
     async zoomTo(factor) {
         this.zoom = factor;
     }
