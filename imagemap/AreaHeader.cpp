@@ -1,7 +1,9 @@
 #include "imagemap/AreaHeader.h"
 
-#include <QAbstractItemModel>
+#include "imagemap/AreaListModel.h"
+
 #include <algorithm>
+#include <numeric>
 
 AreaHeader::AreaHeader(QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent)
@@ -37,18 +39,47 @@ int AreaHeader::NeededWidth() const
 
 QSize AreaHeader::sectionSizeFromContents(int column) const
 {
-    const QString caption = model()->headerData(column, Qt::Horizontal).toString();
+    const QString caption = CaptionOf(column);
     const QFontMetrics metrics = fontMetrics();
-    const QSize whole = metrics.size(Qt::TextSingleLine, caption);
+    const QSize inOneLine = metrics.size(Qt::TextSingleLine, caption);
     const auto sizeIn = [&](int width) {
         return metrics.boundingRect(QRect(0, 0, width, 0), Qt::TextWordWrap, caption).size();
     };
+    const auto isTooNarrow = [&](int width) {
+        const QSize size = sizeIn(width);
+        return size.height() > lines_ * metrics.lineSpacing() || size.width() > width;
+    };
     // The narrowest room in which it takes no line more.
-    int width = whole.width() / lines_;
-    while (width < whole.width() &&
-           (sizeIn(width).height() > lines_ * metrics.lineSpacing() || sizeIn(width).width() > width)) {
-        ++width;
+    int width = inOneLine.width() / lines_;
+    for (int most = inOneLine.width(); width < most;) {
+        const int middle = std::midpoint(width, most);
+        isTooNarrow(middle) ? width = middle + 1 : most = middle;
     }
-    const QSize frame = QHeaderView::sectionSizeFromContents(column) - whole;
-    return frame + QSize(width, std::max(sizeIn(width).height(), whole.height()));
+    const QSize frame = FramedSize(caption) - inOneLine;
+    return frame + QSize(width, std::max(sizeIn(width).height(), inOneLine.height()));
+}
+
+void AreaHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int column) const
+{
+    QHeaderView::initStyleOptionForIndex(option, column);
+    option->text = CaptionOf(column);
+}
+
+QString AreaHeader::CaptionOf(int column) const
+{
+    constexpr qsizetype longest = AreaListModel::longestCaption;
+    const QString whole = model()->headerData(column, Qt::Horizontal).toString();
+    return whole.size() > longest ? whole.first(longest) + u'\u2026' : whole;
+}
+
+QSize AreaHeader::FramedSize(const QString& caption) const
+{
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    option.text = caption;
+    // Some styles write the captions of selected columns so.
+    QFont widest = font();
+    widest.setBold(true);
+    option.fontMetrics = QFontMetrics(widest);
+    return style()->sizeFromContents(QStyle::CT_HeaderSection, &option, QSize(), this);
 }

@@ -113,12 +113,14 @@ void AreaListModel::MarkFaults(QSize picture)
 
 QVariant AreaListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
+    if (orientation != Qt::Horizontal || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
         return {};
     }
-    return section == static_cast<int>(AreaColumn::Message)
-               ? map_.Script().MessageHeader()
-               : columnHeaders[static_cast<std::size_t>(section)].toString();
+    const QString caption = section == static_cast<int>(AreaColumn::Message)
+                                ? map_.Script().MessageHeader()
+                                : columnHeaders[static_cast<std::size_t>(section)].toString();
+    const bool isShown = role == Qt::DisplayRole || caption.size() > longestCaption;
+    return isShown ? QVariant(caption) : QVariant();
 }
 
 /** Tells of rows that came, went or changed, and of no others: what is selected stays so. */

@@ -23,6 +23,10 @@ class AreaListModel final : public QAbstractTableModel
     Q_OBJECT
 
 public:
+    /** A caption tells what stands below it; one of more characters no longer does, so it is a tool tip too.
+     */
+    static constexpr qsizetype longestCaption = 120;
+
     explicit AreaListModel(const MapDocument& map, QObject* parent = nullptr);
 
     /** Marks the areas that visitors of a page could not use, on a picture of this size; none without a size.

@@ -19,6 +19,7 @@ private Q_SLOTS:
 
     void headersAreWholeWithoutAScrollBar_data();
     void headersAreWholeWithoutAScrollBar();
+    void aLongDefaultIsShortenedInTheHeaderOnly();
     void lastColumnTakesTheRoomThatIsLeft();
 };
 
@@ -104,6 +105,26 @@ void tst_imagemaplist::headersAreWholeWithoutAScrollBar()
             qPrintable(caption));
     }
     QVERIFY(!test_->List()->horizontalScrollBar()->isVisible());
+}
+
+void tst_imagemaplist::aLongDefaultIsShortenedInTheHeaderOnly()
+{
+    constexpr int lengthOfDefault = 20'000;
+    test_->DrawRectangle({ 10, 10 }, { 40, 40 });
+    test_->map.Script().SetMode(JSTextArea);
+    LinkEntry entry;
+    entry.SetText(LinkField::Link, QStringLiteral("one.htm"));
+    entry.SetText(LinkField::DefaultTextAreaMessage, QString(lengthOfDefault, u'x'));
+    test_->map.RelinkArea(0, entry);
+    const QHeaderView* const header = test_->List()->header();
+    const int message = header->count() - 1;
+    const auto tipOf = [this](int column) {
+        return test_->List()->model()->headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+    };
+    QVERIFY(test_->Headers().at(message).size() > lengthOfDefault);
+    QCOMPARE(tipOf(message).trimmed(), test_->Headers().at(message).trimmed());
+    QCOMPARE(tipOf(0), QString());
+    QVERIFY(header->sectionSizeHint(message) < 2 * test_->List()->viewport()->width());
 }
 
 void tst_imagemaplist::lastColumnTakesTheRoomThatIsLeft()
