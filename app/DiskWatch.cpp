@@ -38,6 +38,7 @@ DiskWatch::DiskWatch(
     settling_.setInterval(settlingTime);
     window->installEventFilter(this);
     connect(&file_, &DocumentFile::Began, this, &DiskWatch::File_Began);
+    connect(&file_, &DocumentFile::TakenUp, this, &DiskWatch::File_TakenUp);
     connect(&file_, &DocumentFile::Saved, this, &DiskWatch::File_Began);
     connect(&settling_, &QTimer::timeout, this, &DiskWatch::Look);
 }
@@ -66,6 +67,13 @@ void DiskWatch::File_Began()
     told_.reset();
     stamp_ = StampOfFile();
     Follow();
+}
+
+/** Nobody has looked at the file since the document was lost. */
+void DiskWatch::File_TakenUp()
+{
+    stamp_ = Stamp();
+    settling_.start(); // its text comes first
 }
 
 /**

@@ -44,6 +44,7 @@ private:
     };
 
     void File_Began();
+    void File_TakenUp();
     void Look();
     void btnReadAgain_Click();
 

@@ -179,7 +179,8 @@ void DocumentCommands::PromptSaveChanges()
         return;
     }
     // A failed save keeps everything but does not stop the caller.
-    if (!path->isEmpty() && IsWritten([this, &path] { return file_.WriteCopy(*path, TextToWrite()); })) {
+    const auto save = [this, &path] { return file_.SaveBeforeLeaving(*path, TextToWrite()); };
+    if (!path->isEmpty() && IsWritten(save)) {
         ClearDocument();
     }
 }

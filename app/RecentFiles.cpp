@@ -44,7 +44,7 @@ RecentFiles::RecentFiles(
         }
     };
     connect(&file, &DocumentFile::NameChanged, this, noteFile);
-    connect(&file, &DocumentFile::Saved, this, noteFile);
+    connect(&file, &DocumentFile::Written, this, &RecentFiles::NotePage);
 }
 
 void RecentFiles::NotePage(const QString& path)

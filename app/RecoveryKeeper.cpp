@@ -16,22 +16,29 @@ namespace {
 /** How long the window may be held up at a time: a part of what a screen takes for a picture. */
 constexpr std::chrono::milliseconds sliceTime(4);
 
-bool HasAnything(const MapState& map)
+bool HasAnything(const MapCopy& map)
 {
-    return map.Figures.FigureCount > 0 || !map.Areas.isEmpty();
+    return map.State.Figures.FigureCount > 0 || !map.State.Areas.isEmpty() || !map.DrawnCorners.isEmpty();
+}
+
+QString WhatIsIn(const MapCopy& map)
+{
+    const qsizetype count = map.State.Areas.size();
+    if (count == 0 && !map.DrawnCorners.isEmpty()) {
+        return QStringLiteral("a polygon that was being drawn");
+    }
+    return count == 1 ? QStringLiteral("an image map with an area")
+                      : QStringLiteral("an image map with %1 areas").arg(count);
 }
 
 QString OfferText(const LeftBehind& left)
 {
     QStringList what;
     if (left.Page) {
-        what << u"the text of [" + left.Page->Name + u']';
+        what << u"the text of [" + left.Page->Document.Name + u']';
     }
     if (left.Map) {
-        const qsizetype count = left.Map->State.Areas.size();
-        what
-            << (count == 1 ? QStringLiteral("an image map with an area")
-                           : QStringLiteral("an image map with %1 areas").arg(count));
+        what << WhatIsIn(*left.Map);
     }
     return QStringLiteral("This was not saved before the program ended: ") +
            what.join(QStringLiteral(", and "));
@@ -57,6 +64,7 @@ RecoveryKeeper::RecoveryKeeper(const Parts& parts, QObject* parent)
         &parts_.Encodings, &EncodingCommands::LossDecided, this, &RecoveryKeeper::Review,
         Qt::QueuedConnection);
     connect(&parts_.Map.History(), &MapHistory::Changed, this, &RecoveryKeeper::Map_HistoryChanged);
+    connect(&parts_.Map.Drawing(), &MapDrawing::SidesChanged, this, &RecoveryKeeper::Map_HistoryChanged);
 }
 
 RecoveryKeeper::~RecoveryKeeper() = default;
@@ -138,10 +146,12 @@ void RecoveryKeeper::slices_Timer()
 PageCopy RecoveryKeeper::CopyOfPage() const
 {
     const DocumentFile& file = parts_.File;
-    return { .Name = file.Name(),
-             .Encoding = file.Encoding(),
-             .IsHandledAnew = file.IsHandledAnew(),
-             .FoundUtf8 = file.FoundUtf8(),
+    return { .Document = { .Name = file.Name(),
+                           .Encoding = file.Encoding(),
+                           .IsHandledAnew = file.IsHandledAnew(),
+                           .FoundUtf8 = file.FoundUtf8(),
+                           .ContentHash = file.ContentHash(),
+                           .IsLineEndAppended = file.IsLineEndAppended() },
              .Pieces = snapshot_->Pieces() };
 }
 
@@ -158,9 +168,10 @@ void RecoveryKeeper::KeepMap()
 {
     const frmImageMap* const editor = parts_.MapEditor();
     MapCopy map{ .State = parts_.Map.State(),
-                 .Fields = editor != nullptr ? editor->Fields().Texts() : keptMap_.Fields };
+                 .Fields = editor != nullptr ? editor->Fields().Texts() : keptMap_.Fields,
+                 .DrawnCorners = parts_.Map.Drawing().Corners() };
     const bool isKept = isMapKept_ && store_.IsKept() && map == keptMap_;
-    if (HasAnything(map.State) && !isKept) {
+    if (HasAnything(map) && !isKept) {
         store_.Keep(map);
         keptMap_ = std::move(map);
         isMapKept_ = true;
@@ -241,7 +252,7 @@ void RecoveryKeeper::btnRestore_Click(const LeftBehind& left)
 
 void RecoveryKeeper::PutBack(const PageCopy& page)
 {
-    parts_.File.TakeUp(page.Name, page.Encoding, page.IsHandledAnew, page.FoundUtf8);
+    parts_.File.TakeUp(page.Document);
     parts_.Documents.ShowText(page.Pieces.join(QString()));
     parts_.File.MarkChanged();
     store_.Keep(page);
@@ -255,6 +266,7 @@ void RecoveryKeeper::PutBack(const MapCopy& map)
     parts_.Map.History().PutBack(map.State);
     if (frmImageMap* const editor = parts_.MapEditor()) {
         editor->Fields().SetTexts(map.Fields);
+        editor->ResumePolygon(map.DrawnCorners);
     }
     KeepMap();
 }

@@ -242,6 +242,13 @@ void frmImageMap::Drawing_FigureCommandsEnabled(bool enable)
     ui_->Check1->setEnabled(enable);
 }
 
+void frmImageMap::ResumePolygon(const QList<QPoint>& corners)
+{
+    if (!corners.isEmpty()) {
+        drawing_->Protocol().ResumePolygon(corners);
+    }
+}
+
 void frmImageMap::Drawing_ToolChosen(DrawingTool tool)
 {
     areaCommands_->Tools().Leave();

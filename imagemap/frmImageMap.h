@@ -57,6 +57,9 @@ public:
     /** Chooses the tool of a menu entry and button. */
     template<DrawingTool tool> void SelectTool() { drawing_->Protocol().SelectTool(tool); }
 
+    /** Goes on with a polygon from its last corner; without corners there is nothing to be done. */
+    void ResumePolygon(const QList<QPoint>& corners);
+
     /** The fields about the whole map. */
     [[nodiscard]] MapFields& Fields() const { return *fields_; }
 

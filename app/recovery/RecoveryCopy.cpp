@@ -13,7 +13,7 @@
 namespace {
 
 constexpr QByteArrayView fileMark = "CartRecv";
-constexpr quint32 formVersion = 1;
+constexpr quint32 formVersion = 2;
 constexpr auto checksumKind = QCryptographicHash::Sha256;
 constexpr qsizetype checksumLength = 32;
 /** Longer ones than this are none of ours: the longest text that can be edited takes less. */
@@ -97,7 +97,7 @@ static QDataStream& operator<<(QDataStream& stream, const MapCopy& copy)
     const MapState& map = copy.State;
     return stream << map.Figures << map.IsLedgerOfAreas << map.Areas << map.AreAreasEdited
                   << static_cast<qint32>(map.Mode) << map.ModeDefault << map.MessageHeader << map.Picture
-                  << copy.Fields;
+                  << copy.Fields << copy.DrawnCorners;
 }
 
 static QDataStream& operator>>(QDataStream& stream, MapCopy& copy)
@@ -105,8 +105,9 @@ static QDataStream& operator>>(QDataStream& stream, MapCopy& copy)
     MapState& map = copy.State;
     qint32 mode = 0;
     stream >> map.Figures >> map.IsLedgerOfAreas >> map.Areas >> map.AreAreasEdited >> mode >>
-        map.ModeDefault >> map.MessageHeader >> map.Picture >> copy.Fields;
-    if (mode < 0 || mode >= qint32(jsModeTexts.size())) {
+        map.ModeDefault >> map.MessageHeader >> map.Picture >> copy.Fields >> copy.DrawnCorners;
+    const bool isMode = mode >= 0 && mode < qint32(jsModeTexts.size());
+    if (!isMode || copy.DrawnCorners.size() > FigureStore::capacity + 1) {
         stream.setStatus(QDataStream::ReadCorruptData);
         return stream;
     }
@@ -128,6 +129,40 @@ static QDataStream& operator>>(QDataStream& stream, TextEncoding& encoding)
         return stream;
     }
     encoding = static_cast<TextEncoding>(value);
+    return stream;
+}
+
+/** One byte tells whether there is a value behind it. */
+template<typename Value>
+static QDataStream& operator<<(QDataStream& stream, const std::optional<Value>& value)
+{
+    stream << value.has_value();
+    return value ? stream << *value : stream;
+}
+
+template<typename Value> static QDataStream& operator>>(QDataStream& stream, std::optional<Value>& value)
+{
+    bool isThere = false;
+    stream >> isThere;
+    if (isThere) {
+        stream >> value.emplace();
+    }
+    return stream;
+}
+
+static QDataStream& operator<<(QDataStream& stream, const LostDocument& document)
+{
+    const std::optional<quint64> hash = document.ContentHash;
+    return stream << document.Name << document.Encoding << document.IsHandledAnew << document.FoundUtf8
+                  << hash << document.IsLineEndAppended;
+}
+
+static QDataStream& operator>>(QDataStream& stream, LostDocument& document)
+{
+    std::optional<quint64> hash;
+    stream >> document.Name >> document.Encoding >> document.IsHandledAnew >> document.FoundUtf8 >> hash >>
+        document.IsLineEndAppended;
+    document.ContentHash = hash;
     return stream;
 }
 
@@ -217,8 +252,7 @@ bool WriteCopy(const QString& path, const PageCopy& copy)
     QByteArray head;
     QDataStream stream(&head, QIODevice::WriteOnly);
     Prepare(stream);
-    stream << copy.Name << copy.Encoding << copy.IsHandledAnew << copy.FoundUtf8.has_value()
-           << copy.FoundUtf8.value_or(TextEncoding::Utf8);
+    stream << copy.Document;
     qint64 length = head.size();
     for (const QString& piece : copy.Pieces) {
         length += BytesOfUnits(piece).size();
@@ -253,14 +287,11 @@ std::optional<PageCopy> ReadPageCopy(const QString& path)
     QDataStream stream(*bytes);
     Prepare(stream);
     PageCopy copy;
-    bool hasFound = false;
-    TextEncoding found = TextEncoding::Utf8;
-    stream >> copy.Name >> copy.Encoding >> copy.IsHandledAnew >> hasFound >> found;
+    stream >> copy.Document;
     const QByteArrayView text = QByteArrayView(*bytes).sliced(stream.device()->pos());
     if (stream.status() != QDataStream::Ok || text.size() % qsizetype(sizeof(QChar)) != 0) {
         return std::nullopt;
     }
-    copy.FoundUtf8 = hasFound ? std::optional(found) : std::nullopt;
     QString whole(text.size() / qsizetype(sizeof(QChar)), Qt::Uninitialized);
     std::copy(text.begin(), text.end(), reinterpret_cast<char*>(whole.data()));
     copy.Pieces << whole;

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "app/rules/DocumentFile.h"
 #include "imagemap/model/MapHistory.h"
-#include "shared/TextEncoding.h"
 
 #include <QMap>
+#include <QPoint>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -11,10 +12,7 @@
 /** The document as it was at one moment. */
 struct PageCopy
 {
-    QString Name; ///< as DocumentFile::Name() has it
-    TextEncoding Encoding = TextEncoding::Windows1252;
-    bool IsHandledAnew = false;
-    std::optional<TextEncoding> FoundUtf8 = {};
+    LostDocument Document = {};
     QStringList Pieces = {}; ///< the text, with its own line ends
 
     bool operator==(const PageCopy&) const = default;
@@ -24,7 +22,8 @@ struct PageCopy
 struct MapCopy
 {
     MapState State;
-    QMap<QString, QString> Fields; ///< what is in the editor's fields, by their names
+    QMap<QString, QString> Fields;   ///< what is in the editor's fields, by their names
+    QList<QPoint> DrawnCorners = {}; ///< of the polygon that was being drawn, if its first side was there
 
     bool operator==(const MapCopy&) const = default;
 };

@@ -168,17 +168,17 @@ std::optional<QString> DocumentFile::Open(const QString& path, Utf8Pages utf8)
     return page->Text;
 }
 
-void DocumentFile::TakeUp(
-    const QString& name, TextEncoding encoding, bool isHandledAnew, std::optional<TextEncoding> foundUtf8)
+void DocumentFile::TakeUp(const LostDocument& was)
 {
-    encoding_ = encoding;
-    foundUtf8_ = foundUtf8;
-    isHandledAnew_ = isHandledAnew;
-    contentHash_.reset();
-    isLineEndAppended_ = false;
-    Become(name);
+    encoding_ = was.Encoding;
+    foundUtf8_ = was.FoundUtf8;
+    isHandledAnew_ = was.IsHandledAnew;
+    contentHash_ = was.ContentHash;
+    isLineEndAppended_ = was.IsLineEndAppended;
+    Become(was.Name);
     Q_EMIT EncodingChanged();
     Q_EMIT Began();
+    Q_EMIT TakenUp();
 }
 
 std::optional<QString> DocumentFile::ReadAgain(TextEncoding encoding)
@@ -229,6 +229,16 @@ std::optional<QString> DocumentFile::Save(const QString& path, const QString& te
         isLineEndAppended_ = !isHandledAnew_;
         Become(path);
         Q_EMIT Saved(text);
+        Q_EMIT Written(path);
+    }
+    return error;
+}
+
+std::optional<QString> DocumentFile::SaveBeforeLeaving(const QString& path, const QString& text)
+{
+    std::optional<QString> error = WriteCopy(path, text);
+    if (!error) {
+        Q_EMIT Written(path);
     }
     return error;
 }

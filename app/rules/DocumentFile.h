@@ -14,6 +14,19 @@ struct FileContent
     std::optional<TextEncoding> FoundUtf8;
 };
 
+/** What a document was before the program ended suddenly, but for its text. */
+struct LostDocument
+{
+    QString Name; ///< as DocumentFile::Name() has it
+    TextEncoding Encoding = TextEncoding::Windows1252;
+    bool IsHandledAnew = false;
+    std::optional<TextEncoding> FoundUtf8 = {};
+    std::optional<size_t> ContentHash = {}; ///< as DocumentFile::ContentHash() has it
+    bool IsLineEndAppended = false;
+
+    bool operator==(const LostDocument&) const = default;
+};
+
 /**
  * The document as a file: its name, whether it has changes, and how its text is read and written. At first it
  * is read and written in Windows-1252, with CR LF line ends and one more of them at its end. Once the user
@@ -59,9 +72,7 @@ public:
     [[nodiscard]] std::optional<QString> Open(const QString& path, Utf8Pages utf8 = Utf8Pages::ReadAsOthers);
 
     /** Becomes the document that it was once, before it was lost; its text comes right after. */
-    void TakeUp(
-        const QString& name, TextEncoding encoding, bool isHandledAnew,
-        std::optional<TextEncoding> foundUtf8);
+    void TakeUp(const LostDocument& was);
 
     /** Reads its file again in `encoding`; nothing, and no change, when that is not possible. */
     [[nodiscard]] std::optional<QString> ReadAgain(TextEncoding encoding);
@@ -85,7 +96,10 @@ public:
      */
     [[nodiscard]] std::optional<QString> Save(const QString& path, const QString& text);
 
-    /** Writes `text` as it would be saved, without becoming that file. */
+    /** Writes `text` for the last time, since it becomes another document: it does not become that file. */
+    [[nodiscard]] std::optional<QString> SaveBeforeLeaving(const QString& path, const QString& text);
+
+    /** Writes `text` as it would be saved, for other programs, without becoming that file. */
     [[nodiscard]] std::optional<QString> WriteCopy(const QString& path, const QString& text) const;
 
     /** Where a copy for another program is written, which takes files with this ending. */
@@ -98,7 +112,11 @@ Q_SIGNALS:
 
     /** It has become another document; its text comes right after. */
     void Began();
+    /** Began() was for one that had been lost. */
+    void TakenUp();
     void Saved(const QString& text);
+    /** The user's text is in this file, whether it has become it or not. */
+    void Written(const QString& path);
 
 private:
     void Become(const QString& name);

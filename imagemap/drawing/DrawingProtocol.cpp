@@ -106,8 +106,20 @@ void DrawingProtocol::CommitSide()
 {
     Ledger().DrawState = drawIdle;
     display_.FinishFigure();
-    Ledger().AppendSide();
+    map_.Drawing().AddSide();
     display_.ShowFigures();
+}
+
+void DrawingProtocol::ResumePolygon(const QList<QPoint>& corners)
+{
+    SelectTool(DrawingTool::Line);
+    for (qsizetype i = 0; i < corners.size(); ++i) {
+        if (i > 0) {
+            FollowMouse(float(corners[i].x()), float(corners[i].y()));
+            CommitSide();
+        }
+        StartFigure(float(corners[i].x()), float(corners[i].y()), FullStoreText::Figures);
+    }
 }
 
 void DrawingProtocol::EndPolygon()

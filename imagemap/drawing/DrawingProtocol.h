@@ -35,6 +35,9 @@ public:
     void MouseUp(int button, float x, float y) override;
     void Abandon() override;
 
+    /** Goes on with a polygon from its last corner, as if the others had just been clicked. */
+    void ResumePolygon(const QList<QPoint>& corners);
+
 private:
     [[nodiscard]] FigureStore& Ledger() const { return map_.Ledger(); }
 

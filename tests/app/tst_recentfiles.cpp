@@ -16,6 +16,7 @@ private Q_SLOTS:
     void nothingIsThereAtFirst();
     void pagesAreListedTheLastFirst();
     void savedPagesAreListed();
+    void pagesSavedWhenTheyAreLeftAreListed();
     void picturesAreListedBehindPages();
     void chosenPageIsOpened();
     void chosenPictureIsOpened();
@@ -111,6 +112,16 @@ void tst_recentfiles::savedPagesAreListed()
     test_->Press(Qt::Key_S, Qt::ControlModifier);
     QVERIFY(QFile::exists(Path("saved.htm")));
     QCOMPARE(Entries().join(u' '), QStringLiteral("Page_1=saved.htm Sep2 Clear"));
+}
+
+void tst_recentfiles::pagesSavedWhenTheyAreLeftAreListed()
+{
+    test_->Type("x");
+    test_->robot.AnswerBox(QMessageBox::Yes);
+    test_->robot.ChooseFile(Path("left.htm"));
+    test_->Press(Qt::Key_N, Qt::ControlModifier);
+    QVERIFY(QFile::exists(Path("left.htm")));
+    QCOMPARE(Entries().join(u' '), QStringLiteral("Page_1=left.htm Sep2 Clear"));
 }
 
 void tst_recentfiles::picturesAreListedBehindPages()

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void nothingIsWrittenWhileNothingIsUnsaved();
     void mapIsKeptUntilItIsDeleted();
     void namesTypedInTheEditorAreKept();
+    void unfinishedPolygonIsKept();
     void textSavedWithoutSomeCharactersIsKeptUntilThatIsDecided_data();
     void textSavedWithoutSomeCharactersIsKeptUntilThatIsDecided();
 
@@ -64,14 +65,14 @@ void tst_recovery::typedTextIsKeptAsItIs()
     test_->Type("xy");
     QTRY_COMPARE(KeptText(), QStringLiteral("xya\nb\n"));
     const std::optional<PageCopy> page = KeptPage();
-    QCOMPARE(page->Name, Path("page.htm"));
-    QVERIFY(page->Encoding == TextEncoding::Utf8);
-    QVERIFY(page->IsHandledAnew);
-    QVERIFY(!page->FoundUtf8);
+    QCOMPARE(page->Document.Name, Path("page.htm"));
+    QVERIFY(page->Document.Encoding == TextEncoding::Utf8);
+    QVERIFY(page->Document.IsHandledAnew);
+    QVERIFY(!page->Document.FoundUtf8);
     test_->Type("z");
     QTRY_COMPARE(KeptText(), QStringLiteral("xyza\nb\n"));
     Choose("UTF-8 with mark");
-    QTRY_VERIFY(KeptPage() && KeptPage()->Encoding == TextEncoding::Utf8WithMark);
+    QTRY_VERIFY(KeptPage() && KeptPage()->Document.Encoding == TextEncoding::Utf8WithMark);
     QCOMPARE(BytesOf(Path("page.htm")), QByteArray("a\nb\n"));
 }
 
@@ -151,6 +152,19 @@ void tst_recovery::namesTypedInTheEditorAreKept()
     QVERIFY(ImageMapEditor()->close());
 }
 
+void tst_recovery::unfinishedPolygonIsKept()
+{
+    OpenImageMapEditor();
+    MapDocument& map = test_->folder.map;
+    ImageMapEditor()->ResumePolygon({ { 10, 20 }, { 60, 30 }, { 40, 70 } });
+    QCOMPARE(map.Figures().FigureCount, 2);
+    QTRY_VERIFY(KeptMap());
+    QCOMPARE(KeptMap()->DrawnCorners, QList<QPoint>({ { 10, 20 }, { 60, 30 }, { 40, 70 } }));
+    QVERIFY(KeptMap()->State == map.State());
+    map.Drawing().GiveUp();
+    QTRY_VERIFY(!QFile::exists(Folder()));
+}
+
 void tst_recovery::textSavedWithoutSomeCharactersIsKeptUntilThatIsDecided_data()
 {
     QTest::addColumn<QByteArray>("button");
@@ -191,7 +205,7 @@ void tst_recovery::textThatCouldNotBeSavedAtTheEndIsKept()
     test_->robot.AnswerBox(QMessageBox::Ok);
     QVERIFY(EndsProgram([this] { test_->Press(Qt::Key_E, Qt::ControlModifier); }));
     QCOMPARE(KeptText(), QStringLiteral("xold"));
-    QCOMPARE(KeptPage()->Name, Path("pages/page.htm"));
+    QCOMPARE(KeptPage()->Document.Name, Path("pages/page.htm"));
     QVERIFY(Files(".lock").isEmpty());
     test_->folder.imgMap.ContinueAction = false;
 }

@@ -6,10 +6,10 @@ namespace {
 
 PageCopy LostPage()
 {
-    return { .Name = QStringLiteral("/pages/lost.htm"),
-             .Encoding = TextEncoding::Utf8WithMark,
-             .IsHandledAnew = true,
-             .FoundUtf8 = TextEncoding::Utf8WithMark,
+    return { .Document = { .Name = QStringLiteral("/pages/lost.htm"),
+                           .Encoding = TextEncoding::Utf8WithMark,
+                           .IsHandledAnew = true,
+                           .FoundUtf8 = TextEncoding::Utf8WithMark },
              .Pieces = { QStringLiteral("<p>\n\u65e5\r\n"), QStringLiteral("lost") } };
 }
 
@@ -25,6 +25,8 @@ MapCopy LostMap()
     return { .State = map.State(), .Fields = { { QStringLiteral("txtName"), QStringLiteral("harbour") } } };
 }
 
+/** Longer than the program waits before it looks at a file, in milliseconds. */
+constexpr int waitForNothing = 500;
 constexpr const char* lostPageMessage =
     "This was not saved before the program ended: the text of [/pages/lost.htm]";
 
@@ -41,6 +43,9 @@ private Q_SLOTS:
     void lostTextIsOfferedAndRestored();
     void lostMapIsOfferedAndRestored();
     void restoredMapCanBeUndone();
+    void unfinishedPolygonGoesOnWhereItWas();
+    void fileChangedSinceTheLossIsTold_data();
+    void fileChangedSinceTheLossIsTold();
     void discardedTextIsGone();
     void closedOfferComesAgain();
     void offersOutliveTheDocument();
@@ -68,7 +73,7 @@ void tst_recoveryoffers::lostTextIsOfferedAndRestored()
     QCOMPARE(Editor()->Text(), QString());
     const QStringList before = Files(".page");
     Answer("btnRestore");
-    QCOMPARE(test_->DocumentName(), LostPage().Name);
+    QCOMPARE(test_->DocumentName(), LostPage().Document.Name);
     QCOMPARE(Editor()->TextAsLoaded(), LostPage().Pieces.join(QString()));
     QCOMPARE(Encoding(), QStringLiteral("UTF-8 with mark"));
     QVERIFY(test_->window.File().IsHandledAnew());
@@ -112,6 +117,62 @@ void tst_recoveryoffers::restoredMapCanBeUndone()
     test_->folder.map.History().Undo();
     QVERIFY(LooksTheSame(test_->folder.map.State(), drawn));
     test_->folder.map.Clear();
+}
+
+void tst_recoveryoffers::unfinishedPolygonGoesOnWhereItWas()
+{
+    MapDocument none;
+    none.SetPicture(QStringLiteral(CARTOLEN_PICTURE));
+    StartAfterALossOf(MapCopy{
+        .State = none.State(), .Fields = {}, .DrawnCorners = { { 10, 20 }, { 60, 30 }, { 40, 70 } } });
+    QCOMPARE(
+        Message(),
+        QStringLiteral("This was not saved before the program ended: a polygon that was being drawn"));
+    Answer("btnRestore");
+    QVERIFY(QTest::qWaitForWindowActive(ImageMapEditor()));
+    QVERIFY(::Find<QAction>(ImageMapEditor(), "mnuFigNum_7")->isChecked());
+    auto* const picture = ::Find<QWidget>(ImageMapEditor(), "PictureDisplay");
+    QTest::mouseMove(picture, { 15, 75 });
+    QTest::mouseClick(picture, Qt::LeftButton, {}, { 15, 75 });
+    const MapDocument& map = test_->folder.map;
+    QCOMPARE(map.Drawing().Corners(), QList<QPoint>({ { 10, 20 }, { 60, 30 }, { 40, 70 }, { 15, 75 } }));
+    QTest::keyClick(ImageMapEditor(), Qt::Key_Escape);
+    QVERIFY(!map.Drawing().IsInProgress());
+    QTRY_VERIFY(!QFile::exists(Folder()));
+}
+
+void tst_recoveryoffers::fileChangedSinceTheLossIsTold_data()
+{
+    QTest::addColumn<QByteArray>("now");
+    QTest::addColumn<bool>("isTold");
+    QTest::newRow("as it was") << QByteArray("<p>\r\n") << false;
+    QTest::newRow("changed") << QByteArray("<p>other\r\n") << true;
+    QTest::newRow("gone") << QByteArray() << false;
+}
+
+void tst_recoveryoffers::fileChangedSinceTheLossIsTold()
+{
+    QFETCH(const QByteArray, now);
+    QFETCH(const bool, isTold);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("page.htm"));
+    DocumentFile file;
+    QVERIFY(WriteBytes(path, "<p>\r\n") && file.Open(path));
+    PageCopy lost{ .Document = { .Name = path, .ContentHash = file.ContentHash() },
+                   .Pieces = { QStringLiteral("<p>mine") } };
+    QVERIFY(now.isEmpty() ? QFile::remove(path) : WriteBytes(path, now));
+    StartAfterALossOf(lost);
+    Answer("btnRestore");
+    QCOMPARE(Editor()->TextAsLoaded(), QStringLiteral("<p>mine"));
+    const auto tells = [this] { return Message().startsWith(QStringLiteral("Another program has changed")); };
+    if (isTold) {
+        QTRY_VERIFY(tells());
+        QCOMPARE(Answers(), QStringList({ "btnReadAgain", "btnKeepMine" }));
+        Answer("btnKeepMine");
+    } else {
+        QVERIFY(!QTest::qWaitFor(tells, waitForNothing));
+    }
+    QVERIFY(IsChanged());
 }
 
 void tst_recoveryoffers::discardedTextIsGone()

@@ -8,10 +8,12 @@
 /** A page with everything in it that a text can hold. */
 inline PageCopy SomePage()
 {
-    PageCopy page{ .Name = QStringLiteral("/home/me/gr\u00fc\u00dfe \u65e5.htm"),
-                   .Encoding = TextEncoding::Utf8WithMark,
-                   .IsHandledAnew = true,
-                   .FoundUtf8 = TextEncoding::Utf8 };
+    PageCopy page{ .Document = { .Name = QStringLiteral("/home/me/gr\u00fc\u00dfe \u65e5.htm"),
+                                 .Encoding = TextEncoding::Utf8WithMark,
+                                 .IsHandledAnew = true,
+                                 .FoundUtf8 = TextEncoding::Utf8,
+                                 .ContentHash = 42,
+                                 .IsLineEndAppended = true } };
     page.Pieces << QStringLiteral("a\r\nb\n\u65e5\r") + QChar(0xD83D) + QChar(0xDE00) + QChar(0) +
                        QChar(0xDC80);
     return page;
@@ -37,7 +39,9 @@ inline MapCopy SomeMap()
         map.LinkNewArea(entry);
     }
     map.DeleteLastFigure();
-    return { .State = map.State(), .Fields = { { QStringLiteral("txtName"), QStringLiteral("harbour") } } };
+    return { .State = map.State(),
+             .Fields = { { QStringLiteral("txtName"), QStringLiteral("harbour") } },
+             .DrawnCorners = { { 1, 2 }, { 30, 40 } } };
 }
 
 inline QByteArray BytesOfFile(const QString& path)

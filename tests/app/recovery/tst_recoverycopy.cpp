@@ -50,9 +50,9 @@ void tst_recoverycopy::pageComesBackAsItWas()
     QVERIFY(read);
     QVERIFY(*read == page);
 
-    page.FoundUtf8.reset();
-    page.Encoding = TextEncoding::Windows1252;
-    page.IsHandledAnew = false;
+    page.Document.FoundUtf8.reset();
+    page.Document.Encoding = TextEncoding::Windows1252;
+    page.Document.IsHandledAnew = false;
     QVERIFY(WriteCopy(Path(), page));
     QVERIFY(ReadPageCopy(Path()) == page);
 }

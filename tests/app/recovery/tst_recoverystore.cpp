@@ -148,7 +148,7 @@ void tst_recoverystore::whatIsNotAnsweredIsOfferedAgain()
 {
     LeaveBehind();
     PageCopy other = SomePage();
-    other.Name = QStringLiteral("other.htm");
+    other.Document.Name = QStringLiteral("other.htm");
     LeaveBehind(other);
     for (int start = 0; start < 3; ++start) {
         RecoveryStore store(folder_->path());
@@ -193,7 +193,7 @@ void tst_recoverystore::twoRunningProgramsLeaveEachOtherAlone()
     RecoveryStore first(folder_->path());
     RecoveryStore second(folder_->path());
     PageCopy other = SomePage();
-    other.Name = QStringLiteral("other.htm");
+    other.Document.Name = QStringLiteral("other.htm");
     first.Keep(SomePage());
     second.Keep(other);
     first.Wait();
