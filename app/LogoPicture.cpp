@@ -3,13 +3,13 @@
 #include <QIcon>
 #include <QLabel>
 #include <QMouseEvent>
+#include <algorithm>
+#include <cmath>
 
 namespace {
 
 /** A window darker than this is a dark one. */
 constexpr int middleLightness = 128;
-/** How many times as fine as it is shown the logo is drawn. */
-constexpr qreal logoFineness = 3;
 
 } // namespace
 
@@ -25,8 +25,17 @@ void LogoPicture::Show()
 {
     const bool isDark = picture_->window()->palette().color(QPalette::Window).lightness() < middleLightness;
     const QIcon logo(isDark ? QStringLiteral(":/icons/logo-dark.svg") : QStringLiteral(":/icons/logo.svg"));
-    // Fine enough for every screen: the label makes it as small as it is shown.
-    picture_->setPixmap(logo.pixmap(picture_->minimumSize(), logoFineness));
+    fineness_ = NeededFineness();
+    picture_->setPixmap(logo.pixmap(picture_->minimumSize(), fineness_));
+}
+
+/** Fine enough for the screen that it is on; the label makes it as small as it is shown. */
+int LogoPicture::NeededFineness() const
+{
+    const QSizeF least = picture_->minimumSize();
+    const qreal growth =
+        std::max({ picture_->width() / least.width(), picture_->height() / least.height(), 1.0 });
+    return static_cast<int>(std::ceil(growth * picture_->devicePixelRatioF()));
 }
 
 void LogoPicture::Picture_MouseUp(const QMouseEvent& event)
@@ -38,7 +47,8 @@ void LogoPicture::Picture_MouseUp(const QMouseEvent& event)
 
 bool LogoPicture::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::PaletteChange) {
+    const bool isCoarse = event->type() == QEvent::Paint && NeededFineness() > fineness_;
+    if (event->type() == QEvent::PaletteChange || isCoarse) {
         Show();
     } else if (event->type() == QEvent::MouseButtonRelease) {
         Picture_MouseUp(*static_cast<QMouseEvent*>(event));

@@ -23,6 +23,8 @@ protected:
 private:
     void Picture_MouseUp(const QMouseEvent& event);
     void Show();
+    [[nodiscard]] int NeededFineness() const;
 
     QLabel* picture_;
+    int fineness_ = 0; ///< how many times as fine as its smallest size it is drawn
 };
