@@ -39,7 +39,7 @@ QString Joined(const QList<int>& numbers)
 }
 
 /** Left above right and top above bottom, and at least a pixel of each. */
-QList<int> RectangleCoords(const QList<int>& numbers, Scale scale)
+QList<int> RectangleCoords(const QList<int>& numbers, Scale scale, QSize)
 {
     if (numbers.size() < 4) {
         return {};
@@ -49,7 +49,7 @@ QList<int> RectangleCoords(const QList<int>& numbers, Scale scale)
     return { left, top, std::max(right, left + 1), std::max(bottom, top + 1) };
 }
 
-QList<int> CircleCoords(const QList<int>& numbers, Scale scale)
+QList<int> CircleCoords(const QList<int>& numbers, Scale scale, QSize)
 {
     if (numbers.size() < 3) {
         return {};
@@ -60,7 +60,7 @@ QList<int> CircleCoords(const QList<int>& numbers, Scale scale)
 }
 
 /** At least three corners, the last one as often as it takes. */
-QList<int> PolygonCoords(const QList<int>& numbers, Scale scale)
+QList<int> PolygonCoords(const QList<int>& numbers, Scale scale, QSize)
 {
     constexpr qsizetype leastNumbers = 6;
     QList<int> coords;
@@ -73,17 +73,24 @@ QList<int> PolygonCoords(const QList<int>& numbers, Scale scale)
     return coords;
 }
 
+/** The corners of the picture, since a shape that needs none is no shape in older browsers. */
+QList<int> DefaultCoords(const QList<int>&, Scale, QSize shown)
+{
+    return { 0, 0, shown.width(), shown.height() };
+}
+
 struct AreaWord
 {
     AreaShape shape;
     QStringView word;
-    QList<int> (*coords)(const QList<int>& numbers, Scale scale);
+    QList<int> (*coords)(const QList<int>& numbers, Scale scale, QSize shown);
 };
 
 constexpr std::array<AreaWord, areaShapeNames.size()> areaWords = { {
     { AreaShape::Rectangle, u"rect", RectangleCoords },
     { AreaShape::Circle, u"circle", CircleCoords },
     { AreaShape::Polygon, u"poly", PolygonCoords },
+    { AreaShape::Default, u"rect", DefaultCoords },
 } };
 static_assert(std::equal(
     areaWords.begin(), areaWords.end(), areaShapeNames.begin(),
@@ -92,7 +99,7 @@ static_assert(std::equal(
 QString AreaTag(const TodayMap& map, const TodayArea& area)
 {
     const AreaWord& row = areaWords[static_cast<std::size_t>(area.Shape)];
-    const QList<int> coords = row.coords(area.Coordinates, ScaleOf(map));
+    const QList<int> coords = row.coords(area.Coordinates, ScaleOf(map), map.Shown);
     if (coords.isEmpty()) {
         return {};
     }
@@ -112,8 +119,11 @@ QString GenerateTodayMapElement(JSMode, const TodayMap& map)
     }
     const QString more = u" usemap=\"#" % map.Name % u'"' % Attribute(u"class", map.AlignClass, map.Charset);
     QString text = u"<p>" % PictureTag(map, more) % u"</p>\n<map name=\"" % map.Name % u"\">\n";
-    for (const TodayArea& area : map.Areas) {
-        text += AreaTag(map, area);
+    // What is left to the whole picture comes behind all others, which it would cover.
+    for (const bool isLast : { false, true }) {
+        for (const TodayArea& area : map.Areas) {
+            text += (area.Shape == AreaShape::Default) == isLast ? AreaTag(map, area) : QString();
+        }
     }
     return text % u"</map>\n";
 }

@@ -23,22 +23,17 @@ constexpr std::array<ShapeWord, areaShapeNames.size()> shapeWords = { {
     { AreaShape::Rectangle, u"RECT" },
     { AreaShape::Circle, u"CIRCLE" },
     { AreaShape::Polygon, u"POLYGON" },
+    { AreaShape::Default, u"DEFAULT" },
 } };
 static_assert(std::equal(
     shapeWords.begin(), shapeWords.end(), areaShapeNames.begin(),
     [](const ShapeWord& word, const AreaShapeName& name) { return word.shape == name.shape; }));
 
 constexpr QStringView lineEnd = u"\r\n";
-constexpr QStringView mapEnd = u"</MAP>\r\n<!-- End Image Map-->";
 
 QString Lines(QStringView text)
 {
     return text.toString().replace(u'\n', QLatin1String("\r\n"));
-}
-
-QString OpeningComments()
-{
-    return u"<!-- This Image Map was created by Cartolen -->\r\n<!-- " % homePage % u" -->" % lineEnd;
 }
 
 QString OptionalPiece(QStringView name, const QString& value)
@@ -60,8 +55,10 @@ QString ImageLine(const MapSource& source)
 QString AreaLine(const MapArea& area, const QString& handlers)
 {
     const QString target = area.Target.isEmpty() ? QString() : QString(u" TARGET=\"" % area.Target % u'"');
-    return u"<AREA SHAPE=" % shapeWords[static_cast<std::size_t>(area.Shape)].word % u" COORDS=\"" %
-           CoordinatesText(area) % u"\" HREF=\"" % area.Link % u'"' % target % handlers % u'>' % lineEnd;
+    const QString coords =
+        area.Shape == AreaShape::Default ? QString() : QString(u" COORDS=\"" % CoordinatesText(area) % u'"');
+    return u"<AREA SHAPE=" % ShapeWordOf(area.Shape) % coords % u" HREF=\"" % area.Link % u'"' % target %
+           handlers % u'>' % lineEnd;
 }
 
 /** The part every mode shares: the picture, the map and its areas, up to the end comment. */
@@ -72,7 +69,7 @@ QString MapBlock(const MapSource& source, HandlerPiece handlers)
     for (const MapArea& area : source.Areas) {
         text += AreaLine(area, handlers(area, ++number));
     }
-    return text + mapEnd;
+    return text % u"</MAP>" % lineEnd % mapEndMark;
 }
 
 QString StatusBarHandlers(const MapArea& area, qsizetype)
@@ -107,15 +104,25 @@ QString ScriptPicture(const MapSource& source, QString path)
 
 } // namespace
 
+QString OpeningOfMap()
+{
+    return u"<!-- This Image Map was created by Cartolen -->\r\n<!-- " % homePage % u" -->" % lineEnd;
+}
+
+QStringView ShapeWordOf(AreaShape shape)
+{
+    return shapeWords[static_cast<std::size_t>(shape)].word;
+}
+
 QString GenerateStandardMap(const MapSource& source)
 {
-    return OpeningComments() + MapBlock(source, StatusBarHandlers);
+    return OpeningOfMap() + MapBlock(source, StatusBarHandlers);
 }
 
 QString GenerateSwitchingImagesMap(const MapSource& source)
 {
     const QString defaultPicture = ScriptPicture(source, source.ModeDefault);
-    QString text = OpeningComments() % Lines(MapScripts::switchingImagesHead) % u"origimage.src = \"" %
+    QString text = OpeningOfMap() % Lines(MapScripts::switchingImagesHead) % u"origimage.src = \"" %
                    defaultPicture % u"\";" % lineEnd;
     qsizetype number = 0;
     for (const MapArea& area : source.Areas) {
@@ -130,7 +137,7 @@ QString GenerateSwitchingImagesMap(const MapSource& source)
 
 QString GenerateTextAreaMap(const MapSource& source)
 {
-    QString text = OpeningComments() % Lines(MapScripts::textAreaHead) % u"  TAreaTips[1] = \"" %
+    QString text = OpeningOfMap() % Lines(MapScripts::textAreaHead) % u"  TAreaTips[1] = \"" %
                    source.ModeDefault % u"\";" % lineEnd;
     qsizetype number = 1;
     for (const MapArea& area : source.Areas) {
@@ -145,7 +152,7 @@ QString GenerateTextAreaMap(const MapSource& source)
 
 QString GenerateToolTipMap(const MapSource& source)
 {
-    return OpeningComments() % Lines(MapScripts::toolTips) % MapBlock(source, ToolTipHandlers) % lineEnd %
+    return OpeningOfMap() % Lines(MapScripts::toolTips) % MapBlock(source, ToolTipHandlers) % lineEnd %
            lineEnd;
 }
 

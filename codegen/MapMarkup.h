@@ -22,6 +22,15 @@ struct MapSource
     MapAreas Areas;
 };
 
+/** The two lines of comment that a map in HTML 4 begins with. */
+[[nodiscard]] QString OpeningOfMap();
+
+/** The comment behind its areas. */
+inline constexpr QStringView mapEndMark = u"<!-- End Image Map-->";
+
+/** The word for a shape in HTML 4. */
+[[nodiscard]] QStringView ShapeWordOf(AreaShape shape);
+
 /** The map with, for an area that has a message, handlers for the browser's status bar. */
 [[nodiscard]] QString GenerateStandardMap(const MapSource& source);
 

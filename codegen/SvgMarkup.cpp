@@ -31,7 +31,7 @@ QString Numbered(QStringView name, int value)
     return u' ' % name % u"=\"" % QString::number(value) % u'"';
 }
 
-QString RectangleMarkup(const QList<int>& numbers)
+QString RectangleMarkup(const QList<int>& numbers, QSize)
 {
     const int left = std::min(numbers[0], numbers[2]);
     const int top = std::min(numbers[1], numbers[3]);
@@ -40,13 +40,13 @@ QString RectangleMarkup(const QList<int>& numbers)
            Numbered(u"height", std::max(numbers[1], numbers[3]) - top) % u"/>";
 }
 
-QString CircleMarkup(const QList<int>& numbers)
+QString CircleMarkup(const QList<int>& numbers, QSize)
 {
     return u"<circle" % Numbered(u"cx", numbers[0]) % Numbered(u"cy", numbers[1]) %
            Numbered(u"r", std::abs(numbers[2])) % u"/>";
 }
 
-QString PolygonMarkup(const QList<int>& numbers)
+QString PolygonMarkup(const QList<int>& numbers, QSize)
 {
     QString points;
     for (qsizetype i = 0; i + 1 < numbers.size(); i += 2) {
@@ -56,26 +56,33 @@ QString PolygonMarkup(const QList<int>& numbers)
     return u"<polygon points=\"" % points % u"\"/>";
 }
 
+/** The whole picture. */
+QString WholePictureMarkup(const QList<int>&, QSize picture)
+{
+    return RectangleMarkup({ 0, 0, picture.width(), picture.height() }, picture);
+}
+
 struct ShapeMarkup
 {
     AreaShape shape;
     qsizetype leastNumbers;
-    QString (*write)(const QList<int>& numbers);
+    QString (*write)(const QList<int>& numbers, QSize picture);
 };
 
 constexpr std::array<ShapeMarkup, areaShapeNames.size()> shapeMarkups = { {
     { AreaShape::Rectangle, 4, RectangleMarkup },
     { AreaShape::Circle, 3, CircleMarkup },
     { AreaShape::Polygon, 0, PolygonMarkup },
+    { AreaShape::Default, 0, WholePictureMarkup },
 } };
 static_assert(std::equal(
     shapeMarkups.begin(), shapeMarkups.end(), areaShapeNames.begin(),
     [](const ShapeMarkup& row, const AreaShapeName& name) { return row.shape == name.shape; }));
 
-QString ShapeOf(const TodayArea& area)
+QString ShapeOf(const TodayArea& area, QSize picture)
 {
     const ShapeMarkup& row = shapeMarkups[static_cast<std::size_t>(area.Shape)];
-    return area.Coordinates.size() < row.leastNumbers ? QString() : row.write(area.Coordinates);
+    return area.Coordinates.size() < row.leastNumbers ? QString() : row.write(area.Coordinates, picture);
 }
 
 /** The area with a window's name as SVG has it, which is one of XML. */
@@ -114,7 +121,7 @@ QString AreaMarkup(const TodayMap& map, qsizetype index, const SvgMode& mode)
     const QString spoken =
         Attribute(u"aria-label", area.Label, map.Charset) %
         (isDescribed ? Attribute(u"aria-describedby", MessageId(map, index), map.Charset) : QString());
-    const QString content = TipOf(map, area, mode) % ShapeOf(area);
+    const QString content = TipOf(map, area, mode) % ShapeOf(area, map.Own);
     if (!area.Address.isEmpty()) {
         return u"<a" % LinkAttributes(WithXmlTarget(area), map.Charset) % spoken % u'>' % content % u"</a>\n";
     }
@@ -133,7 +140,11 @@ QString AreasMarkup(const TodayMap& map, const SvgMode& mode)
         };
     }
     QString text;
-    const QList<qsizetype> order = PaintingOrder(shapes);
+    QList<qsizetype> order = PaintingOrder(shapes);
+    // What is left to the whole picture lies below all others.
+    std::stable_partition(order.begin(), order.end(), [&shapes](qsizetype index) {
+        return shapes[index].Shape == AreaShape::Default;
+    });
     for (const qsizetype index : order) {
         text += AreaMarkup(map, index, mode);
     }

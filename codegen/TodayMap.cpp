@@ -152,6 +152,15 @@ TodayMap MakeTodayMap(JSMode mode, const MapSource& source, const TodayPage& pag
     return map;
 }
 
+QString AlignOfClass(const QString& name)
+{
+    const auto* const found =
+        std::find_if(alignClasses.begin(), alignClasses.end(), [&name](const AlignClass& row) {
+            return row.name == name;
+        });
+    return found == alignClasses.end() || name.isEmpty() ? QString() : found->align.toString();
+}
+
 TodayNotes NotesOn(JSMode mode, const MapSource& source)
 {
     TodayNotes notes;

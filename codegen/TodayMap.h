@@ -63,6 +63,9 @@ struct TodayNotes
 
 [[nodiscard]] TodayNotes NotesOn(JSMode mode, const MapSource& source);
 
+/** An alignment of HTML 4 that becomes that class of the constant style; empty for none of its classes. */
+[[nodiscard]] QString AlignOfClass(const QString& name);
+
 /** The picture under shapes that are links; lines end in LF. Without areas, the picture alone. */
 [[nodiscard]] QString GenerateTodayMap(JSMode mode, const TodayMap& map);
 

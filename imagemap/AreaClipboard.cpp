@@ -77,7 +77,7 @@ MapAreas AreasOnClipboard()
         const QJsonArray packedAreas = QJsonDocument::fromJson(packed).array();
         for (const auto& value : packedAreas) {
             const MapArea area = Unpacked(value.toObject());
-            if (IsWhole(area)) {
+            if (IsWhole(area) || area.Shape == AreaShape::Default) {
                 areas << area;
             }
         }

@@ -22,6 +22,7 @@ QIcon IconOf(AreaShape shape)
         ":/icons/area-rectangle.svg",
         ":/icons/area-circle.svg",
         ":/icons/area-polygon.svg",
+        ":/icons/area-default.svg",
     };
     return QIcon(QString::fromLatin1(files[static_cast<std::size_t>(shape)]));
 }

@@ -49,6 +49,8 @@ QPainterPath OutlineOf(const MapArea& area, double zoom)
         outline.closeSubpath();
         break;
     }
+    case AreaShape::Default:
+        break;
     }
     return outline;
 }

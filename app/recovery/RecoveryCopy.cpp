@@ -21,8 +21,10 @@ constexpr qint64 longestFile = (qint64(1) << 31) - 1;
 
 enum class CopyKind : quint32 { Page = 1, Map = 2 };
 
-/** The numbers of a `MapArea` that each shape has at least; a polygon has pairs. */
-constexpr std::array<qsizetype, areaShapeNames.size()> leastCoordinates = { 4, 3, 2 };
+/** The numbers of a `MapArea` that each shape has at least; a polygon has pairs. One that cannot be drawn has
+ * none.
+ */
+constexpr std::array<qsizetype, areaShapeNames.size()> leastCoordinates = { 4, 3, 2, 0 };
 
 void Prepare(QDataStream& stream)
 {
@@ -61,7 +63,7 @@ static QDataStream& operator>>(QDataStream& stream, MapArea& area)
     const qsizetype least = leastCoordinates[static_cast<std::size_t>(area.Shape)];
     const bool isWhole =
         area.Shape == AreaShape::Polygon ? count >= least && count % least == 0 : count == least;
-    if (!isShape || !isWhole) {
+    if (!isShape || (!isWhole && count > 0)) {
         stream.setStatus(QDataStream::ReadCorruptData);
     }
     return stream;

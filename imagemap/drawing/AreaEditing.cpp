@@ -143,7 +143,8 @@ bool AreaEditing::SelectNext(int step)
 bool AreaEditing::SelectNextVertex(int step)
 {
     const std::optional<qsizetype> number = selection_.OnlyOne();
-    if (!number || map_.Areas().at(*number).Shape != AreaShape::Polygon) {
+    if (!number || map_.Areas().at(*number).Shape != AreaShape::Polygon ||
+        !IsWhole(map_.Areas().at(*number))) {
         return false;
     }
     const auto count = static_cast<int>(CornersOf(map_.Areas().at(*number)).size());

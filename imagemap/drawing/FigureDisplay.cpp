@@ -58,6 +58,8 @@ void AppendArea(PaintedFigures& figures, const MapArea& area)
         }
         break;
     }
+    case AreaShape::Default:
+        break;
     }
 }
 

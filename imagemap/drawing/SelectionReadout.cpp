@@ -2,11 +2,20 @@
 
 #include "imagemap/model/AreaGeometry.h"
 
+namespace {
+
+bool IsOneCircle(const MapAreas& areas)
+{
+    return areas.size() == 1 && areas.constFirst().Shape == AreaShape::Circle && IsWhole(areas.constFirst());
+}
+
+} // namespace
+
 QString NoteOf(const MapAreas& areas)
 {
     const QRect bounds = BoundsOf(areas);
     const QString place = QStringLiteral("%1, %2").arg(bounds.left()).arg(bounds.top());
-    if (areas.size() == 1 && areas.constFirst().Shape == AreaShape::Circle) {
+    if (IsOneCircle(areas)) {
         const QList<int>& circle = areas.constFirst().Coordinates;
         return QStringLiteral("%1, %2: %3").arg(circle[0]).arg(circle[1]).arg(circle[2]);
     }
@@ -19,7 +28,7 @@ void ShowPlaceOf(DrawingStatus& status, const MapAreas& areas)
         return;
     }
     const QRect bounds = BoundsOf(areas);
-    const bool isCircle = areas.size() == 1 && areas.constFirst().Shape == AreaShape::Circle;
+    const bool isCircle = IsOneCircle(areas);
     status.SetLabel(DrawingLabel::StartPosition1, QString::number(bounds.left()) + u',');
     status.SetLabel(DrawingLabel::StartPosition2, QString::number(bounds.top()));
     status.SetLabel(DrawingLabel::EndPosition1, QString::number(bounds.right()) + u',');

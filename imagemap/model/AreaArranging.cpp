@@ -95,6 +95,9 @@ MapAreas Aligned(MapAreas areas, const AreaNumbers& which, Alignment alignment)
         return areas;
     }
     const QRect model = BoundsOf(areas.at(which.constFirst()));
+    if (model.isNull()) {
+        return areas;
+    }
     for (const qsizetype number : which) {
         MapArea& area = areas[number];
         if (number != which.constFirst() && IsWhole(area)) {

@@ -60,6 +60,8 @@ QString ProblemOfCount(AreaShape shape, qsizetype count)
         return count == circleNumbers
                    ? QString()
                    : QStringLiteral("A circle takes three numbers: across, down and its radius");
+    case AreaShape::Default:
+        return count == 0 ? QString() : QStringLiteral("A default area takes no numbers");
     case AreaShape::Polygon:
         break;
     }
@@ -100,6 +102,9 @@ MapArea Converted(const MapArea& area, AreaShape shape)
     case AreaShape::Polygon:
         converted.Coordinates =
             area.Shape == AreaShape::Circle ? RoundPolygon(area.Coordinates) : CornersAsPolygon(bounds);
+        break;
+    case AreaShape::Default:
+        converted.Coordinates.clear();
         break;
     }
     return converted;

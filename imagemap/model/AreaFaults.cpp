@@ -6,6 +6,21 @@
 
 namespace {
 
+constexpr QStringView noLink = u"This area has no link";
+
+/** What is wrong with an area that cannot be drawn. */
+QStringList FaultsWithoutPlace(const MapArea& area)
+{
+    QStringList faults;
+    if (area.Shape != AreaShape::Default) {
+        faults << QStringLiteral("This area has no coordinates that it could be drawn by");
+    }
+    if (area.Link.isEmpty()) {
+        faults << noLink.toString();
+    }
+    return faults;
+}
+
 /** The last place to the right of `place`, on its height, that `area` is known to hold as well. */
 int LastBeside(const MapArea& area, QPoint place)
 {
@@ -57,6 +72,9 @@ QStringList FaultsOf(const MapAreas& areas, qsizetype number, QSize picture)
 {
     QStringList faults;
     const MapArea& area = areas.at(number);
+    if (area.Coordinates.isEmpty()) {
+        return FaultsWithoutPlace(area);
+    }
     const QRect bounds = BoundsOf(area);
     const QRect visible = bounds & QRect(QPoint(0, 0), picture);
     if (visible.isEmpty()) {
@@ -66,7 +84,7 @@ QStringList FaultsOf(const MapAreas& areas, qsizetype number, QSize picture)
         faults << QStringLiteral("Areas above cover all of this one");
     }
     if (area.Link.isEmpty()) {
-        faults << QStringLiteral("This area has no link");
+        faults << noLink.toString();
     }
     if (std::min(bounds.width(), bounds.height()) < leastTargetSize) {
         faults << QStringLiteral("This area is smaller than %1 pixels, which is hard to hit")

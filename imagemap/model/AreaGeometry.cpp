@@ -144,6 +144,8 @@ bool IsWhole(const MapArea& area)
         return area.Coordinates.size() == rectangleNumbers;
     case AreaShape::Circle:
         return area.Coordinates.size() == circleNumbers && area.Coordinates.constLast() >= 0;
+    case AreaShape::Default:
+        return false;
     case AreaShape::Polygon:
         break;
     }
@@ -181,6 +183,7 @@ bool Contains(const MapArea& area, QPoint place)
     case AreaShape::Circle:
         return CircleContains(area.Coordinates, place);
     case AreaShape::Polygon:
+    case AreaShape::Default:
         break;
     }
     return PolygonContains(CornersOf(area), place);
@@ -211,6 +214,7 @@ QRect BoundsOf(const MapArea& area)
         return { QPoint(numbers[0], numbers[1]) - reach, QPoint(numbers[0], numbers[1]) + reach };
     }
     case AreaShape::Polygon:
+    case AreaShape::Default:
         break;
     }
     // Every step of the mouse asks for it, with all corners of all areas that are moved.

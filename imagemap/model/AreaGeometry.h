@@ -18,7 +18,7 @@ inline constexpr int circleNumbers = 3;
 /** A polygon with fewer corners has no inside. */
 inline constexpr int leastCorners = 3;
 
-/** Whether the area has the numbers that its shape takes. */
+/** Whether the area has the numbers that its shape takes, so that it can be drawn. */
 [[nodiscard]] bool IsWhole(const MapArea& area);
 
 /** The corners of a polygon; an odd number at the end counts for nothing, as in browsers. */

@@ -2,6 +2,7 @@
 
 #include <QStringBuilder>
 #include <QStringList>
+#include <algorithm>
 
 QString TitleOf(const MapArea& area, qsizetype index)
 {
@@ -11,6 +12,11 @@ QString TitleOf(const MapArea& area, qsizetype index)
 
 QString CoordinatesText(const MapArea& area)
 {
+    if (area.Coordinates.isEmpty()) {
+        const auto written =
+            std::ranges::find(area.Attributes, QLatin1String("coords"), &AreaAttribute::Name);
+        return written == area.Attributes.end() ? QString() : written->Value;
+    }
     QStringList texts;
     texts.reserve(area.Coordinates.size());
     for (const int number : area.Coordinates) {

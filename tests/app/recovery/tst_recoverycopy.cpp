@@ -75,7 +75,8 @@ void tst_recoverycopy::mapOfChangedAreasComesBackAsItWas()
             QStringLiteral("p.htm"),
             QStringLiteral("_top"),
             QStringLiteral("m"),
-            QStringLiteral("t") } },
+            QStringLiteral("t") },
+          { AreaShape::Default, {}, QStringLiteral("rest.htm"), {}, {} } },
         QStringLiteral("Change"));
     const MapCopy copy{ .State = map.State(), .Fields = {} };
     QVERIFY(copy.State.IsLedgerOfAreas);

@@ -12,6 +12,7 @@ class tst_areaarranging : public QObject
 private Q_SLOTS:
     void theOrderChanges();
     void areasAreLinedUp();
+    void nothingIsLinedUpWithAnAreaWithoutPlace();
 };
 
 void tst_areaarranging::theOrderChanges()
@@ -52,6 +53,16 @@ void tst_areaarranging::areasAreLinedUp()
     QCOMPARE(Aligned(areas, all, Alignment::SameSize)[1].Coordinates, (QList{ 100, 100, 25 }));
     QCOMPARE(Aligned(areas, all, Alignment::SameWidth)[0], box);
     QCOMPARE(Aligned(areas, {}, Alignment::Left), areas);
+}
+
+void tst_areaarranging::nothingIsLinedUpWithAnAreaWithoutPlace()
+{
+    MapArea rest = box;
+    rest.Shape = AreaShape::Default;
+    rest.Coordinates.clear();
+    const MapAreas areas = { rest, disc };
+    QCOMPARE(Aligned(areas, { 0, 1 }, Alignment::Left), areas);
+    QCOMPARE(Aligned(areas, { 0, 1 }, Alignment::SameSize), areas);
 }
 
 QTEST_GUILESS_MAIN(tst_areaarranging)

@@ -12,6 +12,7 @@ class tst_areafaults : public QObject
 private Q_SLOTS:
     void faultsAreTold();
     void coveredByTwoTogetherIsCovered();
+    void whatCannotBeDrawnLiesNowhere();
 };
 
 void tst_areafaults::faultsAreTold()
@@ -42,6 +43,21 @@ void tst_areafaults::coveredByTwoTogetherIsCovered()
     QCOMPARE(FaultsOf({ left, right, box }, 2, picture).size(), 1);
     QVERIFY(FaultsOf({ left, Rectangle({ 62, 0, 200, 100 }), box }, 2, picture).isEmpty());
     QCOMPARE(FaultsOf({ Converted(left, AreaShape::Polygon), right, box }, 2, picture).size(), 1);
+}
+
+void tst_areafaults::whatCannotBeDrawnLiesNowhere()
+{
+    const QSize picture(400, 300);
+    MapArea rest = box;
+    rest.Shape = AreaShape::Default;
+    rest.Coordinates.clear();
+    QVERIFY(FaultsOf({ rest }, 0, picture).isEmpty());
+    MapArea torn = disc;
+    torn.Coordinates.clear();
+    torn.Link.clear();
+    QCOMPARE(
+        FaultsOf({ torn }, 0, picture),
+        (QStringList{ "This area has no coordinates that it could be drawn by", "This area has no link" }));
 }
 
 QTEST_GUILESS_MAIN(tst_areafaults)
