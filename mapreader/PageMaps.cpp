@@ -10,6 +10,10 @@
 
 namespace {
 
+/** What this program's own maps begin with: in HTML 4, and with shapes over a picture. */
+constexpr QStringView ownComment = u" This Image Map was created by Cartolen ";
+constexpr QStringView ownShapes = u"<span class=\"imap";
+
 constexpr QLatin1String nameAttribute("name");
 constexpr QLatin1String idAttribute("id");
 
@@ -38,6 +42,7 @@ public:
         HtmlTokens tokens(page_);
         for (HtmlToken token; tokens.Next(token);) {
             nesting_.Take(token, tokens.State());
+            TakeOwnStart(token);
             const bool hasEnded = EndMaps(token);
             if (nesting_.IsInPage()) {
                 TakeElement(token);
@@ -54,6 +59,7 @@ public:
 
 private:
     void TakeElement(const HtmlToken& token);
+    void TakeOwnStart(const HtmlToken& token);
     void TakeMap(const HtmlToken& token);
     void TakeEndTag(const HtmlToken& token);
     bool EndMaps(const HtmlToken& token);
@@ -86,6 +92,17 @@ void PageMapsReader::TakeElement(const HtmlToken& token)
     } else if (read_.baseTag.length == 0 && (traits & NestingTrait::Base)) {
         read_.base = ValueOf(page_, token, QLatin1String("href"));
         read_.baseTag = read_.base.isNull() ? HtmlSpan() : token.whole;
+    }
+}
+
+void PageMapsReader::TakeOwnStart(const HtmlToken& token)
+{
+    const bool isStart = token.kind == HtmlToken::Kind::Comment
+                             ? token.inside.In(page_) == ownComment
+                             : token.kind == HtmlToken::Kind::StartTag && nesting_.IsInPage() &&
+                                   token.whole.In(page_).startsWith(ownShapes);
+    if (isStart) {
+        read_.ownStarts.push_back(token.whole.offset);
     }
 }
 

@@ -65,6 +65,8 @@ struct PageMaps
     std::vector<PagePicture> pictures;
     HtmlSpan baseTag; ///< the first `base` with an address; empty if there is none
     QString base;     ///< that address
+    /** Where something begins that is like what this program writes: its comment, or its shapes. */
+    std::vector<qsizetype> ownStarts;
 
     /** The map that `usemap` finds, by `name` or `id`, as browsers look for it; -1 if there is none. */
     [[nodiscard]] qsizetype Find(QStringView usemap) const;

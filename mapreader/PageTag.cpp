@@ -97,7 +97,10 @@ bool PageTag::HoldsTemplate(const HtmlAttribute& attribute) const
 
 TemplateCode PageTag::Template() const
 {
-    const TemplateCode whole = TemplateCodeIn(token_.whole.In(page_));
+    // The ">" that ends the tag may be the last mark of the code.
+    const QStringView tag = token_.whole.In(page_);
+    const bool isCut = TemplateCodeIn(tag.chopped(1)) == TemplateCode::Cut;
+    const TemplateCode whole = isCut ? TemplateCode::Cut : TemplateCodeIn(tag);
     const bool isAnywhere = std::ranges::any_of(
         token_.attributes, [this](const HtmlAttribute& attribute) { return HoldsTemplate(attribute); });
     return whole == TemplateCode::None && isAnywhere ? TemplateCode::Whole : whole;

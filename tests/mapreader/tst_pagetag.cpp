@@ -103,6 +103,9 @@ void tst_pagetag::codeThatEndsATagIsTold_data()
         << "<area href=<?php echo $a->b ?> alt=x>" << int(TemplateCode::Cut);
     QTest::newRow("between attributes")
         << "<area <% if (a > b) { %> alt=x <% } %>>" << int(TemplateCode::Cut);
+    QTest::newRow("ends the tag with itself") << "<area <?php echo 1 ?> alt=x>" << int(TemplateCode::Cut);
+    QTest::newRow("is the last value") << "<area alt=<%= 1 %>>" << int(TemplateCode::Cut);
+    QTest::newRow("braces at the end") << "<area alt={{x}}>" << int(TemplateCode::Whole);
 }
 
 void tst_pagetag::codeThatEndsATagIsTold()
