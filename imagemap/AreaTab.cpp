@@ -110,7 +110,7 @@ void AreaTab::txtAreaCoords_Edited(const QString& text)
         return;
     }
     const CoordinatesReading reading = ReadCoordinates(areas.constFirst().Shape, text);
-    ShowProblem(reading.problem);
+    ShowProblem(reading.problem.isEmpty() ? reading.note : reading.problem);
     if (reading.problem.isEmpty()) {
         areas[0].Coordinates = reading.numbers;
         isChanging_ = true;

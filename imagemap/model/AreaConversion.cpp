@@ -1,8 +1,8 @@
 #include "imagemap/model/AreaConversion.h"
 
 #include "imagemap/model/AreaGeometry.h"
+#include "mapreader/PageShapes.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -48,16 +48,16 @@ QList<int> CornersAsPolygon(const QRect& box)
              box.right(), box.bottom(), box.left(),  box.bottom() };
 }
 
-/** What is wrong with so many numbers for a shape; empty where nothing is. */
+/** What is wrong with so many numbers for a shape; empty where nothing is, or there are too many. */
 QString ProblemOfCount(AreaShape shape, qsizetype count)
 {
     switch (shape) {
     case AreaShape::Rectangle:
-        return count == rectangleNumbers
+        return count >= rectangleNumbers
                    ? QString()
                    : QStringLiteral("A rectangle takes four numbers: left, top, right, bottom");
     case AreaShape::Circle:
-        return count == circleNumbers
+        return count >= circleNumbers
                    ? QString()
                    : QStringLiteral("A circle takes three numbers: across, down and its radius");
     case AreaShape::Default:
@@ -65,11 +65,23 @@ QString ProblemOfCount(AreaShape shape, qsizetype count)
     case AreaShape::Polygon:
         break;
     }
-    if (count % 2 != 0) {
-        return QStringLiteral("The last corner lacks its second number");
-    }
     return count >= qsizetype(2) * leastCorners ? QString()
                                                 : QStringLiteral("A polygon takes three corners at least");
+}
+
+/** How many of so many numbers a shape takes. */
+qsizetype NumbersTaken(AreaShape shape, qsizetype count)
+{
+    switch (shape) {
+    case AreaShape::Rectangle:
+        return std::min<qsizetype>(count, rectangleNumbers);
+    case AreaShape::Circle:
+        return std::min<qsizetype>(count, circleNumbers);
+    case AreaShape::Polygon:
+    case AreaShape::Default:
+        break;
+    }
+    return count - count % 2;
 }
 
 /** `numbers` with the corners of a rectangle in their order: browsers swap them so. */
@@ -112,23 +124,29 @@ MapArea Converted(const MapArea& area, AreaShape shape)
 
 CoordinatesReading ReadCoordinates(AreaShape shape, QStringView text)
 {
-    static const QRegularExpression separators(QStringLiteral("[\\s,;]+"));
     CoordinatesReading reading;
-    const QString plain = text.toString();
-    for (const QString& word : plain.split(separators, Qt::SkipEmptyParts)) {
-        bool isNumber = false;
-        const double number = word.toDouble(&isNumber);
-        if (!isNumber || !std::isfinite(number)) {
+    for (const PageCoordinate& read : CoordinatesIn(text)) {
+        const QStringView word = text.sliced(read.offset, read.length);
+        if (std::ranges::none_of(word, [](QChar character) { return character.isDigit(); })) {
             reading.problem = u'"' % word % u"\" is no number";
             return reading;
         }
-        if (std::abs(number) > coordinateLimit) {
+        if (std::abs(read.number) > coordinateLimit) {
             reading.problem = word % u" lies too far away";
             return reading;
         }
-        reading.numbers << static_cast<int>(std::lround(number));
+        reading.numbers << static_cast<int>(std::lround(read.number));
+        if (!read.isPlain && reading.note.isEmpty()) {
+            reading.note =
+                u"Browsers read \"" % word % u"\" as " % QString::number(reading.numbers.constLast());
+        }
     }
-    reading.problem = ProblemOfCount(shape, reading.numbers.size());
+    const qsizetype taken = NumbersTaken(shape, reading.numbers.size());
+    if (taken < reading.numbers.size()) {
+        reading.note = QStringLiteral("Browsers read the first %1 numbers, and no more").arg(taken);
+        reading.numbers.resize(taken);
+    }
+    reading.problem = ProblemOfCount(shape, taken);
     if (reading.problem.isEmpty() && shape == AreaShape::Circle && reading.numbers[2] < 1) {
         reading.problem = QStringLiteral("A radius is 1 at least");
     }

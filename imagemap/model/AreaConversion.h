@@ -15,11 +15,12 @@ struct CoordinatesReading
 {
     QList<int> numbers;
     QString problem; ///< a sentence for the user; empty where there is nothing wrong
+    QString note;    ///< the same where the numbers hold, but something else may have been meant
 };
 
 /**
- * Reads the coordinates of a shape in any form that browsers take: numbers, whole or with decimals, which are
- * rounded, parted by commas, semicolons or blanks. What browsers pass over or leave away is a problem here,
- * since whoever types it means something by it.
+ * Reads the coordinates of a shape in any form that a page may have, as browsers do: numbers, whole or with
+ * decimals, which are rounded, parted by commas, semicolons or blanks. What browsers pass over, be it a sign
+ * for per cent or a number too many, is noted.
  */
 [[nodiscard]] CoordinatesReading ReadCoordinates(AreaShape shape, QStringView text);
