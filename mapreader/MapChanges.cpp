@@ -39,6 +39,7 @@ private:
     void AddBehind(qsizetype slot, const QList<AreaWish>& areas);
     void AddBefore(qsizetype slot, const QList<AreaWish>& areas);
     void AddFirst(const QList<AreaWish>& areas);
+    [[nodiscard]] QString SeparatorAt(qsizetype offset) const;
 
     [[nodiscard]] std::optional<QList<TextReplacement>> ChangesOf(const AreaWish& area) const;
     [[nodiscard]] QString NewArea(const QList<AttributeWish>& attributes, qsizetype like);
@@ -245,6 +246,12 @@ QString MapChanger::NewArea(const QList<AttributeWish>& attributes, qsizetype li
     return written += page_.sliced(tag.Token().whole.End(), unit.End() - tag.Token().whole.End());
 }
 
+/** What parts an area that begins there from a neighbour: a line of its own, or nothing. */
+QString MapChanger::SeparatorAt(qsizetype offset) const
+{
+    return BeginsItsLine(page_, offset) ? LineEndAt(page_, offset) + IndentAt(page_, offset) : QString();
+}
+
 void MapChanger::AddBehind(qsizetype slot, const QList<AreaWish>& areas)
 {
     if (areas.isEmpty()) {
@@ -252,9 +259,7 @@ void MapChanger::AddBehind(qsizetype slot, const QList<AreaWish>& areas)
     }
     RefuseUnlessWhole(slot);
     const HtmlSpan unit = UnitOf(slot);
-    const QString separator = BeginsItsLine(page_, unit.offset)
-                                  ? LineEndAt(page_, unit.offset) + IndentAt(page_, unit.offset)
-                                  : QString();
+    const QString separator = SeparatorAt(unit.offset);
     QString text;
     for (const AreaWish& area : areas) {
         text += separator + NewArea(area.attributes, slot);
@@ -269,9 +274,7 @@ void MapChanger::AddBefore(qsizetype slot, const QList<AreaWish>& areas)
     }
     RefuseUnlessWhole(slot);
     const HtmlSpan unit = UnitOf(slot);
-    const QString separator = BeginsItsLine(page_, unit.offset)
-                                  ? LineEndAt(page_, unit.offset) + IndentAt(page_, unit.offset)
-                                  : QString();
+    const QString separator = SeparatorAt(unit.offset);
     QString text;
     for (const AreaWish& area : areas) {
         text += NewArea(area.attributes, slot) + separator;
