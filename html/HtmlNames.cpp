@@ -82,12 +82,21 @@ constexpr std::array<KnownTag, 63> knownTags = { {
     { "var", HtmlTag::Html },
     { "xmp", HtmlTag::Xmp },
 } };
-constexpr std::size_t longestName = 13;
+
+constexpr std::size_t letters = 'z' - 'a' + 1;
+
+/** Where those begin whose names begin with each letter, and where the last of them end. */
+constexpr std::array<std::size_t, letters + 1> firstTagOfLetters = [] {
+    std::array<std::size_t, letters + 1> first{};
+    for (std::size_t letter = 0; letter <= letters; ++letter) {
+        first[letter] = std::size_t(std::ranges::count_if(knownTags, [letter](const KnownTag& known) {
+            return std::size_t(known.name.front() - 'a') < letter;
+        }));
+    }
+    return first;
+}();
 
 static_assert(std::ranges::is_sorted(knownTags, {}, &KnownTag::name));
-static_assert(std::ranges::all_of(knownTags, [](const KnownTag& known) {
-    return known.name.size() <= longestName;
-}));
 
 } // namespace
 
@@ -116,16 +125,18 @@ bool IsName(QStringView written, QLatin1String name)
 
 HtmlTag TagOf(QStringView name)
 {
-    if (name.size() > qsizetype(longestName)) {
+    if (name.isEmpty() || !IsAsciiLetter(name.front().unicode())) {
         return HtmlTag::Other;
     }
-    std::array<char, longestName> buffer{};
-    std::ranges::transform(name, buffer.begin(), [](QChar character) {
-        return QChar(NameCharacter(character.unicode())).toLatin1();
-    });
-    const std::string_view small(buffer.data(), std::size_t(name.size()));
-    const auto* const found = std::ranges::lower_bound(knownTags, small, {}, &KnownTag::name);
-    return found != knownTags.end() && found->name == small ? found->tag : HtmlTag::Other;
+    const auto letter = std::size_t(NameCharacter(name.front().unicode()) - u'a');
+    for (std::size_t i = firstTagOfLetters[letter]; i < firstTagOfLetters[letter + 1]; ++i) {
+        const std::string_view known = knownTags[i].name;
+        const QLatin1String word(known.data(), qsizetype(known.size()));
+        if (word.size() == name.size() && IsName(name, word)) {
+            return knownTags[i].tag;
+        }
+    }
+    return HtmlTag::Other;
 }
 
 QLatin1String NameOf(HtmlTag tag)

@@ -61,6 +61,12 @@ public:
     /** Puts the next part into `part`; false at the end. */
     bool Next(HtmlPart& part);
 
+    /**
+     * Behind the name of a tag, passes over its attributes, so that the part that comes next is the ">" that
+     * ends it. Does nothing where they count for how the text goes on, or where there is no such ">".
+     */
+    void PassAttributes();
+
     /** The state behind the part that came last; behind the whole text once Next() was false. */
     [[nodiscard]] const HtmlState& State() const { return state_; }
 

@@ -65,6 +65,79 @@ HtmlMode ModeOf(HtmlContent content)
     }
 }
 
+/** Looks for the ">" that ends a tag, as the modes inside tags would find it. */
+class AttributePasser
+{
+public:
+    /** `at` is behind the tag's name. */
+    AttributePasser(QStringView text, qsizetype at)
+        : at_(text.begin() + at)
+        , begin_(text.begin())
+        , end_(text.end())
+    {
+    }
+
+    /** False if the text ends before. */
+    bool Run()
+    {
+        while (PassSpaces()) {
+            if (*at_ == u'>') {
+                return true;
+            }
+            isSelfClosing_ = *at_ == u'/';
+            if (isSelfClosing_) {
+                ++at_;
+                isSelfClosing_ = at_ != end_ && *at_ == u'>';
+            } else if (!PassAttribute()) {
+                return false;
+            }
+        }
+        return false;
+    }
+
+    [[nodiscard]] qsizetype End() const { return at_ - begin_; }
+    [[nodiscard]] bool IsSelfClosing() const { return isSelfClosing_; }
+
+private:
+    /** False at the end of the text. */
+    bool PassSpaces()
+    {
+        while (at_ != end_ && IsHtmlSpace(at_->unicode())) {
+            ++at_;
+        }
+        return at_ != end_;
+    }
+
+    bool PassAttribute()
+    {
+        // A "=" in front is taken for a part of the name.
+        at_ = std::find_if(at_ + 1, end_, EndsAttributeName);
+        if (!PassSpaces() || *at_ != u'=') {
+            return at_ != end_;
+        }
+        ++at_;
+        return PassSpaces() && PassValue();
+    }
+
+    bool PassValue()
+    {
+        const QChar first = *at_;
+        if (first == u'"' || first == u'\'') {
+            const QStringView rest(at_ + 1, end_);
+            const qsizetype length = rest.indexOf(first);
+            at_ = length < 0 ? end_ : rest.begin() + length + 1;
+        } else {
+            at_ = std::find_if(at_, end_, EndsUnquotedValue);
+        }
+        return at_ != end_;
+    }
+
+    QStringView::const_iterator at_;
+    QStringView::const_iterator begin_;
+    QStringView::const_iterator end_;
+    bool isSelfClosing_ = false;
+};
+
 } // namespace
 
 bool HtmlScanner::ReadTagName()
@@ -169,6 +242,18 @@ bool HtmlScanner::ReadAfterQuotedValue()
     // An attribute should have a blank in front.
     part_.isError = part_.isError || part_.kind == HtmlPartKind::AttributeName;
     return true;
+}
+
+void HtmlScanner::PassAttributes()
+{
+    if (state_.mode != HtmlMode::InTag || state_.tag == HtmlTag::Font) {
+        return;
+    }
+    AttributePasser passer(cursor_.text, cursor_.at);
+    if (passer.Run()) {
+        cursor_.at = passer.End();
+        state_.mode = passer.IsSelfClosing() ? HtmlMode::SelfClosed : HtmlMode::InTag;
+    }
 }
 
 /** Makes a part of the ">" that ends a tag, behind which the text goes on as the tag says. */

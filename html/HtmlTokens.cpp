@@ -145,9 +145,10 @@ const HtmlAttribute* HtmlToken::Find(QStringView text, QLatin1String attribute) 
     return found == attributes.end() ? nullptr : &*found;
 }
 
-HtmlTokens::HtmlTokens(QStringView text, const HtmlState& state)
+HtmlTokens::HtmlTokens(QStringView text, const HtmlState& state, HtmlTags tags)
     : text_(text)
     , scanner_(text, state)
+    , tags_(tags)
 {
 }
 
@@ -159,6 +160,9 @@ bool HtmlTokens::Next(HtmlToken& token)
     }
     Begin(token, part);
     while (!token.isClosed && scanner_.Next(part)) {
+        if (tags_ == HtmlTags::Names && part.kind == HtmlPartKind::TagName) {
+            scanner_.PassAttributes();
+        }
         token.isClosed = IsClosing(part.kind);
         token.hasError = token.hasError || (token.isClosed && part.isError);
         if (!token.isClosed) {

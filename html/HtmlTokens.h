@@ -35,13 +35,19 @@ struct HtmlToken
     [[nodiscard]] const HtmlAttribute* Find(QStringView text, QLatin1String attribute) const;
 };
 
+/** What is read of tags. */
+enum class HtmlTags : quint8 {
+    Whole,
+    Names ///< without attributes, and without the errors and the slash among them: for whoever asks for few
+};
+
 /** The tokens of a page, one after the other: the parts that HtmlScanner finds, put together. */
 class HtmlTokens
 {
 public:
     /** `text` must outlive this. From a state within a tag or comment, what is left of that comes as texts.
      */
-    explicit HtmlTokens(QStringView text, const HtmlState& state = {});
+    explicit HtmlTokens(QStringView text, const HtmlState& state = {}, HtmlTags tags = HtmlTags::Whole);
 
     /** Puts the next token into `token`, whose memory it uses again; false at the end. */
     bool Next(HtmlToken& token);
@@ -52,4 +58,5 @@ public:
 private:
     QStringView text_;
     HtmlScanner scanner_;
+    HtmlTags tags_;
 };

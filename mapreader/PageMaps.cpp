@@ -4,8 +4,6 @@
 #include "mapreader/PageShapes.h"
 #include "mapreader/PageTag.h"
 
-#include "html/CharacterReferences.h"
-
 #include <algorithm>
 
 namespace {
@@ -16,16 +14,6 @@ constexpr QStringView ownShapes = u"<span class=\"imap";
 
 constexpr QLatin1String nameAttribute("name");
 constexpr QLatin1String idAttribute("id");
-
-/** The value of an attribute; the null string if there is none. */
-QString ValueOf(QStringView page, const HtmlToken& token, QLatin1String attribute)
-{
-    const HtmlAttribute* const found = token.Find(page, attribute);
-    if (found == nullptr) {
-        return {};
-    }
-    return found->value.length == 0 ? QString(QLatin1String("")) : DecodedValue(found->value.In(page));
-}
 
 /** Reads a page once, from its beginning to its end. */
 class PageMapsReader
@@ -39,7 +27,8 @@ public:
 
     PageMaps Read()
     {
-        HtmlTokens tokens(page_);
+        // Most tags are none that matter; of the others, the attributes are read again.
+        HtmlTokens tokens(page_, {}, HtmlTags::Names);
         for (HtmlToken token; tokens.Next(token);) {
             nesting_.Take(token, tokens.State());
             TakeOwnStart(token);
@@ -85,12 +74,12 @@ void PageMapsReader::TakeElement(const HtmlToken& token)
     } else if (traits & NestingTrait::Map) {
         TakeMap(token);
     } else if (traits & NestingTrait::Picture) {
-        const QString usemap = ValueOf(page_, token, QLatin1String("usemap"));
+        const QString usemap = PageTag(page_, token.whole).Value(QLatin1String("usemap"));
         if (!usemap.isNull()) {
             read_.pictures.push_back({ token.whole, usemap });
         }
     } else if (read_.baseTag.length == 0 && (traits & NestingTrait::Base)) {
-        read_.base = ValueOf(page_, token, QLatin1String("href"));
+        read_.base = PageTag(page_, token.whole).Value(QLatin1String("href"));
         read_.baseTag = read_.base.isNull() ? HtmlSpan() : token.whole;
     }
 }
@@ -109,11 +98,12 @@ void PageMapsReader::TakeOwnStart(const HtmlToken& token)
 void PageMapsReader::TakeMap(const HtmlToken& token)
 {
     const auto index = qsizetype(read_.maps.size());
+    const PageTag tag(page_, token.whole);
     PageMap map{ .whole = token.whole,
                  .tag = token.whole,
                  .endTag = {},
-                 .name = ValueOf(page_, token, nameAttribute),
-                 .id = ValueOf(page_, token, idAttribute),
+                 .name = tag.Value(nameAttribute),
+                 .id = tag.Value(idAttribute),
                  .firstArea = qsizetype(read_.areas.size()),
                  .areaCount = 0,
                  .pictureCount = 0,
