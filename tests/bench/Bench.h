@@ -56,6 +56,7 @@ void BenchStartUp();
 void BenchDocuments();
 void BenchViews();
 void BenchFinding();
+void BenchMaps();
 void BenchPictures();
 void BenchAreas();
 

@@ -178,6 +178,7 @@ int main(int argc, char* argv[])
     BenchDocuments();
     BenchViews();
     BenchFinding();
+    BenchMaps();
     BenchPictures();
     BenchAreas();
     return 0;
