@@ -10,12 +10,17 @@
 
 namespace {
 
-/** The pages that are written for reading maps. */
+/** The pages that are written for reading maps; CARTOLEN_MAP_PAGES=FOLDER adds those in a folder. */
 QStringList PagePaths()
 {
+    const QString tests = QStringLiteral(QT_TESTCASE_SOURCEDIR);
+    QStringList folders = { tests + u"/../mapreader/pages", tests + u"/../html/pages" };
+    if (const QString others = qEnvironmentVariable("CARTOLEN_MAP_PAGES"); !others.isEmpty()) {
+        folders << others;
+    }
     QStringList paths;
-    for (const char* const folder : { "/../mapreader/pages", "/../html/pages" }) {
-        const QDir pages(QString(QT_TESTCASE_SOURCEDIR) + QLatin1String(folder));
+    for (const QString& folder : folders) {
+        const QDir pages(folder);
         for (const QString& name : pages.entryList(QDir::Files, QDir::Name)) {
             paths << pages.filePath(name);
         }
