@@ -70,19 +70,16 @@ bool IsClosing(HtmlPartKind kind)
 /** Makes `token` begin with its first part; a text is whole with it. */
 void Begin(HtmlToken& token, const HtmlPart& part)
 {
-    std::vector<HtmlAttribute> attributes = std::move(token.attributes);
-    attributes.clear();
-    token = HtmlToken();
-    token.attributes = std::move(attributes);
+    token.attributes.clear();
     token.kind = KindOf(part.kind);
+    const bool isText = token.kind == HtmlToken::Kind::Text;
     token.whole = part.place;
-    token.name = token.inside = { part.place.End(), 0 };
+    token.name = { part.place.End(), 0 };
+    token.slash = -1;
+    token.inside = isText ? part.place : token.name;
+    token.content = isText ? part.content : HtmlContent::Markup;
     token.hasError = part.isError;
-    if (token.kind == HtmlToken::Kind::Text) {
-        token.inside = part.place;
-        token.content = part.content;
-        token.isClosed = true;
-    }
+    token.isClosed = isText;
 }
 
 void AddToAttribute(HtmlAttribute& attribute, const HtmlPart& part, QStringView text)

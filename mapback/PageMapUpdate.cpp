@@ -262,5 +262,5 @@ std::optional<MapUpdate> PageMapUpdater::Run(const TodayPage& context)
 std::optional<MapUpdate> UpdatePageMap(
     QStringView page, const ReturnedMap& was, JSMode mode, const MapSource& now, const TodayPage& context)
 {
-    return PageMapUpdater(page, was, mode, now).Run(context);
+    return HasMapElement(mode) ? PageMapUpdater(page, was, mode, now).Run(context) : std::nullopt;
 }

@@ -103,6 +103,7 @@ private Q_SLOTS:
     void updatesFollowEachOther();
     void codeIsNeitherChangedNorLost();
     void attributesAreSeenAndSet();
+    void modeThatNeedsAScriptIsRefused();
 };
 
 void tst_pagemapupdates::tagSaysWhatTheEditorShows_data()
@@ -376,6 +377,14 @@ void tst_pagemapupdates::attributesAreSeenAndSet()
         Changed(page, [&area](MapSource& now) { now.Areas[0] = area; }),
         QStringLiteral("<map name=m><area href='{{ a }}' coords=5,6,7 shape=circle title=Tip "
                        "rel=\"\"></map>"));
+}
+
+void tst_pagemapupdates::modeThatNeedsAScriptIsRefused()
+{
+    const QString page = QStringLiteral("<map name=m><area href=a></map>");
+    const ReturnedMap map = Opened(page);
+    QVERIFY(UpdateMap(page, map, JSStatusBar, map.source, SomePage()));
+    QVERIFY(!UpdateMap(page, map, JSTextArea, map.source, SomePage()));
 }
 
 QTEST_GUILESS_MAIN(tst_pagemapupdates)
