@@ -5,6 +5,7 @@
 #include "app/SourceEditor.h"
 #include "app/rules/DocumentFile.h"
 #include "app/rules/TextDifference.h"
+#include "app/source/LongLines.h"
 
 #include <QEvent>
 #include <QFileInfo>
@@ -143,10 +144,10 @@ void DiskWatch::btnReadAgain_Click()
         const std::optional<TextReplacement> change = ReplacementFor(editor_.Text(), TextHere(content->Text));
         editor_.Replace(change ? QList<TextReplacement>{ *change } : QList<TextReplacement>());
     } else {
-        const int line = editor_.textCursor().blockNumber();
+        const int line = LineNumberOf(editor_.textCursor().block());
         documents_.ShowText(content->Text);
         QTextCursor caret = editor_.textCursor();
-        caret.setPosition(editor_.document()->findBlockByNumber(line).position());
+        caret.setPosition(BlockOfLine(*editor_.document(), line).position());
         editor_.setTextCursor(caret);
     }
     const bool isSame = !file_.IsHandledAnew() || editor_.TextAsLoaded() == content->Text;

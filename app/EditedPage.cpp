@@ -2,6 +2,7 @@
 
 #include "app/SourceEditor.h"
 #include "app/rules/DocumentFile.h"
+#include "app/source/LongLines.h"
 
 #include <QTextBlock>
 
@@ -14,7 +15,7 @@ EditedPage::EditedPage(SourceEditor& editor, const DocumentFile& file)
 int EditedPage::InsertAtCaret(const QString& text)
 {
     const int start = editor_.textCursor().selectionStart();
-    const int line = editor_.document()->findBlock(start).blockNumber() + 1;
+    const int line = LineNumberOf(editor_.document()->findBlock(start)) + 1;
     editor_.ReplaceSelection(text);
     return line;
 }

@@ -6,6 +6,7 @@
 #include "app/rules/DocumentFile.h"
 #include "app/rules/MisreadUtf8.h"
 #include "app/rules/References.h"
+#include "app/source/LongLines.h"
 #include "html/DeclaredEncoding.h"
 #include "shared/Settings.h"
 #include "widgets/WindowHelpers.h"
@@ -91,8 +92,11 @@ void EncodingCommands::AddTo(QStatusBar& bar, int height)
 void EncodingCommands::ShowPlace()
 {
     const QTextCursor caret = editor_.textCursor();
+    const QTextDocument& document = *caret.document();
+    const int lineStart = LinesPosition(document, FirstPieceOf(caret.block()).position());
+    const int column = LinesPosition(document, caret.position()) - lineStart;
     place_->setText(
-        QStringLiteral("Line %1, column %2").arg(caret.blockNumber() + 1).arg(caret.positionInBlock() + 1));
+        QStringLiteral("Line %1, column %2").arg(LineNumberOf(caret.block()) + 1).arg(column + 1));
 }
 
 void EncodingCommands::ShowChanged(bool isChanged)
@@ -123,12 +127,12 @@ void EncodingCommands::cmbEncoding_Click(int index)
 bool EncodingCommands::ReadAgain(TextEncoding encoding)
 {
     ShowHourglass();
-    const int line = editor_.textCursor().blockNumber();
+    const int line = LineNumberOf(editor_.textCursor().block());
     const std::optional<QString> text = file_.ReadAgain(encoding);
     if (text) {
         documents_.ShowText(*text);
         QTextCursor caret = editor_.textCursor();
-        caret.setPosition(editor_.document()->findBlockByNumber(line).position());
+        caret.setPosition(BlockOfLine(*editor_.document(), line).position());
         editor_.setTextCursor(caret);
     }
     ShowDefaultPointer();

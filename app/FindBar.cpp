@@ -3,6 +3,7 @@
 #include "app/SourceEditor.h"
 #include "app/WrappingLayout.h"
 #include "app/rules/DocumentFile.h"
+#include "app/source/LongLines.h"
 #include "shared/Settings.h"
 #include "widgets/OneLineField.h"
 
@@ -151,7 +152,7 @@ void FindBar::Open(bool withReplacing)
          std::initializer_list<QWidget*>{ replaceLabel_, replace_, replaceOne_, replaceAll_ }) {
         part->setVisible(withReplacing);
     }
-    const QString selected = editor_.textCursor().selectedText();
+    const QString selected = editor_.SelectedLines();
     const bool isOneLine = !selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator);
     show();
     StartAnew();
@@ -166,7 +167,7 @@ void FindBar::Open(bool withReplacing)
 /** What is typed is looked for from where the selection starts now. */
 void FindBar::StartAnew()
 {
-    from_ = editor_.textCursor().selectionStart();
+    from_ = Selected().Start;
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event)
@@ -194,7 +195,7 @@ void FindBar::btnCloseFind_Click()
 void FindBar::txtFind_Change()
 {
     Search();
-    const auto next = std::ranges::lower_bound(result_.Matches, qsizetype(from_), {}, &TextSpan::Start);
+    const auto next = std::ranges::lower_bound(result_.Matches, from_, {}, &TextSpan::Start);
     if (next != result_.Matches.end()) {
         SelectMatch(next - result_.Matches.begin());
     } else if (!result_.Matches.isEmpty()) {
@@ -231,10 +232,11 @@ QList<TextReplacement> FindBar::Replacements(const QString& lines, const QList<T
     return file_.ToPutIn(lines, replacements);
 }
 
-/** The text with line feeds; its positions are those of the document. */
+/** The text with line feeds; the places of matches are in it. */
 QString FindBar::Lines() const
 {
-    QString lines = editor_.document()->toRawText();
+    const QTextDocument& document = *editor_.document();
+    QString lines = WithoutJoints(document, document.toRawText());
     return lines.replace(QChar::ParagraphSeparator, u'\n');
 }
 
@@ -245,8 +247,10 @@ TextSpan FindBar::Within(const QString& lines) const
         return { 0, lines.size() };
     }
     const TextSpan place = range_->Place();
-    const int start = DocumentPosition(*editor_.document(), place.Start);
-    return { start, DocumentPosition(*editor_.document(), place.Start + place.Length) - start };
+    const QTextDocument& document = *editor_.document();
+    const int start = LinesPosition(document, DocumentPosition(document, place.Start));
+    const int end = LinesPosition(document, DocumentPosition(document, place.Start + place.Length));
+    return { start, end - start };
 }
 
 void FindBar::Search()
@@ -268,7 +272,8 @@ void FindBar::SearchIfStale()
 TextSpan FindBar::Selected() const
 {
     const QTextCursor caret = editor_.textCursor();
-    return { caret.selectionStart(), caret.selectionEnd() - caret.selectionStart() };
+    const int start = LinesPosition(*caret.document(), caret.selectionStart());
+    return { start, LinesPosition(*caret.document(), caret.selectionEnd()) - start };
 }
 
 /** Which match is selected; -1 if none is. */
@@ -282,10 +287,7 @@ qsizetype FindBar::SelectedMatch() const
 void FindBar::SelectMatch(qsizetype index)
 {
     const TextSpan& match = result_.Matches[index];
-    QTextCursor caret = editor_.textCursor();
-    caret.setPosition(static_cast<int>(match.Start));
-    caret.setPosition(static_cast<int>(match.Start + match.Length), QTextCursor::KeepAnchor);
-    editor_.setTextCursor(caret);
+    editor_.setTextCursor(SelectionOfLines(*editor_.document(), match.Start, match.Length));
     editor_.ensureCursorVisible();
     ShowCount();
 }
@@ -356,17 +358,17 @@ void FindBar::ShowMarks()
     if (!isVisible()) {
         return;
     }
-    const int first = editor_.cursorForPosition({ 0, 0 }).block().position();
+    const QTextDocument& document = *editor_.document();
+    const int first = LinesPosition(document, editor_.cursorForPosition({ 0, 0 }).block().position());
     const QPoint corner(editor_.viewport()->width(), editor_.viewport()->height());
     const QTextBlock lastBlock = editor_.cursorForPosition(corner).block();
-    const int last = lastBlock.position() + lastBlock.length();
+    const int last = LinesPosition(document, lastBlock.position() + lastBlock.length());
     QList<QTextEdit::ExtraSelection> marks;
     auto match = std::ranges::lower_bound(
         result_.Matches, qsizetype(first), {}, [](const TextSpan& one) { return one.Start + one.Length; });
     for (; match != result_.Matches.end() && match->Start < last; ++match) {
-        QTextEdit::ExtraSelection mark{ QTextCursor(editor_.document()), {} };
-        mark.cursor.setPosition(static_cast<int>(match->Start));
-        mark.cursor.setPosition(static_cast<int>(match->Start + match->Length), QTextCursor::KeepAnchor);
+        QTextEdit::ExtraSelection mark{ SelectionOfLines(*editor_.document(), match->Start, match->Length),
+                                        {} };
         mark.format.setBackground(matchGround);
         mark.format.setForeground(matchText);
         marks << mark;

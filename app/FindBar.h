@@ -79,5 +79,5 @@ private:
     SearchResult result_;
     QTimer afterEdits_;
     bool isStale_ = true; ///< whether the text has changed since it was searched
-    int from_ = 0;        ///< where the search began that follows what is typed
+    qsizetype from_ = 0;  ///< where the search began that follows what is typed
 };

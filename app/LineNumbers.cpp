@@ -2,6 +2,8 @@
 
 #include "app/Shades.h"
 #include "app/SourceEditor.h"
+#include "app/source/LineFitter.h"
+#include "app/source/LongLines.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
@@ -34,12 +36,12 @@ LineNumbers::LineNumbers(SourceEditor& editor)
     setAttribute(Qt::WA_OpaquePaintEvent);
     hide();
     connect(&editor_, &SourceEditor::updateRequest, this, &LineNumbers::Follow);
-    connect(&editor_, &SourceEditor::blockCountChanged, this, &LineNumbers::TakeWidth);
+    connect(&editor_, &SourceEditor::LineCountChanged, this, &LineNumbers::TakeWidth);
 }
 
 QSize LineNumbers::sizeHint() const
 {
-    const int digits = std::max(static_cast<int>(QString::number(editor_.blockCount()).size()), leastDigits);
+    const int digits = std::max(static_cast<int>(QString::number(editor_.Lines()).size()), leastDigits);
     const double digit = QFontMetricsF(font()).horizontalAdvance(u'0');
     return { static_cast<int>(std::ceil((digits + 2 * sideRoom) * digit)), 0 };
 }
@@ -71,9 +73,10 @@ void LineNumbers::paintEvent(QPaintEvent* event)
     QTextBlock block = editor_.firstVisibleBlock();
     double top = editor_.blockBoundingGeometry(block).translated(editor_.contentOffset()).top();
     const QAbstractTextDocumentLayout& layout = *editor_.document()->documentLayout();
-    for (int number = block.blockNumber() + 1; block.isValid() && top <= event->rect().bottom(); ++number) {
+    int number = LineNumberOf(block) + 1;
+    while (block.isValid() && top <= event->rect().bottom()) {
         const double height = layout.blockBoundingRect(block).height();
-        if (top + height >= event->rect().top()) {
+        if (top + height >= event->rect().top() && !BeginsAtJoint(block)) {
             // On the line of the letters, which may be larger than the number.
             const QTextLine line = block.layout()->lineAt(0);
             const double base = top + line.y() + line.ascent();
@@ -82,6 +85,7 @@ void LineNumbers::paintEvent(QPaintEvent* event)
         }
         top += height;
         block = block.next();
+        number += block.isValid() && !BeginsAtJoint(block) ? 1 : 0;
     }
 }
 

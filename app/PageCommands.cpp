@@ -7,6 +7,7 @@
 #include "app/rules/EndTags.h"
 #include "app/rules/LineIndent.h"
 #include "app/rules/PageFormat.h"
+#include "app/source/LongLines.h"
 #include "shared/Settings.h"
 #include "widgets/WindowHelpers.h"
 
@@ -24,16 +25,16 @@ constexpr int mostLinesLookedAt = 2000;
 /** What was decided about the Tab key; the numbers of the setting. */
 enum TabKey { Undecided, MovesLines, PutsInTab };
 
-/** The lines that are selected, or the caret's. */
+/** The lines that are selected, or the caret's, by the blocks that they begin with. */
 struct SelectedLines
 {
     explicit SelectedLines(const QTextCursor& caret)
-        : First(caret.document()->findBlock(caret.selectionStart()))
-        , Last(caret.document()->findBlock(caret.selectionEnd()))
+        : First(FirstPieceOf(caret.document()->findBlock(caret.selectionStart())))
+        , Last(FirstPieceOf(caret.document()->findBlock(caret.selectionEnd())))
         , EndsAtLineStart(caret.hasSelection() && First != Last && caret.selectionEnd() == Last.position())
     {
         if (EndsAtLineStart) {
-            Last = Last.previous();
+            Last = FirstPieceOf(Last.previous());
         }
     }
 
@@ -41,6 +42,11 @@ struct SelectedLines
     QTextBlock Last;
     bool EndsAtLineStart; ///< the selection goes on to the beginning of the line behind
 };
+
+QTextBlock NextLine(const QTextBlock& line)
+{
+    return LastPieceOf(line).next();
+}
 
 } // namespace
 
@@ -68,16 +74,16 @@ void PageCommands::mnuPGoTo_Click()
     QInputDialog dialog(window_);
     dialog.setObjectName(QStringLiteral("frmGoTo"));
     dialog.setWindowTitle(QStringLiteral("Go to Line"));
-    dialog.setLabelText(QStringLiteral("Line, 1 to %1:").arg(editor_.blockCount()));
+    dialog.setLabelText(QStringLiteral("Line, 1 to %1:").arg(editor_.Lines()));
     dialog.setInputMode(QInputDialog::IntInput);
-    dialog.setIntRange(1, editor_.blockCount());
-    dialog.setIntValue(editor_.textCursor().blockNumber() + 1);
+    dialog.setIntRange(1, editor_.Lines());
+    dialog.setIntValue(LineNumberOf(editor_.textCursor().block()) + 1);
     if (auto* const field = dialog.findChild<QSpinBox*>()) {
         field->setObjectName(QStringLiteral("txtLine"));
         field->setAccessibleName(QStringLiteral("Line"));
     }
     if (dialog.exec() == QDialog::Accepted) {
-        QTextCursor caret(editor_.document()->findBlockByNumber(dialog.intValue() - 1));
+        QTextCursor caret(BlockOfLine(*editor_.document(), dialog.intValue() - 1));
         editor_.setTextCursor(caret);
         editor_.centerCursor();
         editor_.setFocus();
@@ -119,7 +125,7 @@ bool PageCommands::DoesTabIndent() const
 QString PageCommands::Indent() const
 {
     QTextBlock block = editor_.document()->begin();
-    for (int i = 0; i < mostLinesLookedAt && block.isValid(); ++i, block = block.next()) {
+    for (int i = 0; i < mostLinesLookedAt && block.isValid(); ++i, block = NextLine(block)) {
         QString indent = IndentOf(block.text());
         if (!indent.isEmpty()) {
             return indent;
@@ -136,7 +142,7 @@ void PageCommands::MoveLines(Way way)
     const bool isOne = lines.First == lines.Last;
     const QString indent = Indent();
     QList<TextReplacement> replacements;
-    for (QTextBlock line = lines.First; line.isValid(); line = line.next()) {
+    for (QTextBlock line = lines.First; line.isValid(); line = NextLine(line)) {
         const qsizetype start = TextPosition(document, line.position());
         const qsizetype outdent = OutdentLength(line.text(), indent);
         if (way == Way::Out && outdent > 0) {
@@ -148,13 +154,13 @@ void PageCommands::MoveLines(Way way)
             break;
         }
     }
-    const int firstNumber = lines.First.blockNumber();
-    const int lastNumber = lines.Last.blockNumber();
+    const int firstNumber = LineNumberOf(lines.First);
+    const int lastNumber = LineNumberOf(lines.Last);
     editor_.Replace(replacements);
     if (isSelection) {
         // All of the lines, so that the next step moves the same.
-        const QTextBlock last = document.findBlockByNumber(lastNumber);
-        QTextCursor caret(document.findBlockByNumber(firstNumber));
+        const QTextBlock last = LastPieceOf(BlockOfLine(document, lastNumber));
+        QTextCursor caret(BlockOfLine(document, firstNumber));
         caret.setPosition(
             last.position() + last.length() - (lines.EndsAtLineStart ? 0 : 1), QTextCursor::KeepAnchor);
         editor_.setTextCursor(caret);
@@ -165,10 +171,11 @@ void PageCommands::MoveLines(Way way)
 bool PageCommands::AreLinesSelected() const
 {
     const QTextCursor caret = editor_.textCursor();
-    const QTextBlock first = editor_.document()->findBlock(caret.selectionStart());
-    const bool isWhole = caret.selectionStart() == first.position() &&
-                         caret.selectionEnd() == first.position() + first.length() - 1;
-    return caret.hasSelection() && (isWhole || !first.contains(caret.selectionEnd()));
+    const QTextBlock first = FirstPieceOf(editor_.document()->findBlock(caret.selectionStart()));
+    const QTextBlock last = LastPieceOf(first);
+    const int end = last.position() + last.length() - 1;
+    const bool isWhole = caret.selectionStart() == first.position() && caret.selectionEnd() == end;
+    return caret.hasSelection() && (isWhole || caret.selectionEnd() > end);
 }
 
 bool PageCommands::eventFilter(QObject* watched, QEvent* event)

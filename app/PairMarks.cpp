@@ -28,9 +28,6 @@ Surrounding Around(const QTextCursor& caret)
 {
     QTextBlock first = caret.block();
     QTextBlock last = first;
-    if (first.length() > mostEachSide) {
-        return {};
-    }
     const auto before = [](const QTextBlock& block) { return block.previous().isValid(); };
     while (before(first) && caret.position() - first.previous().position() <= mostEachSide) {
         first = first.previous();

@@ -1,17 +1,23 @@
 #include "app/SourceEditor.h"
 
 #include "app/EditorMargins.h"
+#include "app/LongLineKeys.h"
 #include "app/TagDrops.h"
+#include "app/source/LineFitter.h"
+#include "app/source/LongLines.h"
 #include "app/source/SourceRange.h"
 #include "app/source/TextSnapshot.h"
 #include "app/source/WidestLine.h"
 #include "widgets/CommandTable.h"
 #include "widgets/WindowHelpers.h"
 
+#include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QResizeEvent>
 #include <QTextDocument>
@@ -34,20 +40,26 @@ bool IsMenuKey(const SourceEditor& editor, const QKeyEvent& key)
 
 SourceEditor::SourceEditor(QWidget* parent)
     : QPlainTextEdit(parent)
+    , longLines_(new LongLines(*document()))
     , watch_(new EditWatch(document()))
     , margins_(new EditorMargins(*this, [this](const QMargins& margins) { setViewportMargins(margins); }))
+    , keys_(std::make_unique<LongLineKeys>(*this))
 {
     // The room left by an indentation belongs to the text.
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     connect(watch_, &EditWatch::Edited, this, &SourceEditor::Change);
+    connect(this, &QPlainTextEdit::blockCountChanged, this, &SourceEditor::LineCountChanged);
+    connect(longLines_, &LongLines::CountChanged, this, &SourceEditor::LineCountChanged);
     new TagDrops(*this);
     LoadText(QString());
 }
 
+SourceEditor::~SourceEditor() = default;
+
 QString SourceEditor::Text() const
 {
-    return WithCrLf(document()->toRawText());
+    return WithCrLf(WithoutJoints(*document(), document()->toRawText()));
 }
 
 QString SourceEditor::TextAsLoaded() const
@@ -62,13 +74,17 @@ std::unique_ptr<TextSnapshot> SourceEditor::BeginSnapshot() const
 
 void SourceEditor::LoadText(const QString& text)
 {
-    const QString lines = ForDocument(text, layout_);
+    const LinesInPieces pieces = WithCuts(ForDocument(text, layout_));
     const EditWatch::Loading loading(*watch_);
     document()->setUndoRedoEnabled(false);
-    // A new text would take the look of the old one.
-    document()->clear();
-    setCurrentCharFormat(QTextCharFormat());
-    setPlainText(lines);
+    {
+        const LongLines::Loading joints(*longLines_, pieces.Joints);
+        // A new text would take the look of the old one.
+        document()->clear();
+        setCurrentCharFormat(QTextCharFormat());
+        setPlainText(pieces.Lines);
+        MarkJoints(*document(), pieces.Joints);
+    }
     lineEnds_ = LineEnds(text, *document());
     KeepWidestLine(*document());
     QResizeEvent toThisWidth(viewport()->size(), QSize());
@@ -79,7 +95,7 @@ void SourceEditor::LoadText(const QString& text)
 qsizetype SourceEditor::TextLength() const
 {
     // The document counts a mark behind its last line that is no part of the text.
-    return qsizetype(document()->characterCount()) - 1 + document()->blockCount() - 1;
+    return TextPosition(*document(), document()->characterCount() - 1);
 }
 
 qsizetype SourceEditor::SelStart() const
@@ -94,7 +110,18 @@ qsizetype SourceEditor::SelLength() const
 
 QString SourceEditor::SelText() const
 {
-    return WithCrLf(textCursor().selectedText());
+    return WithCrLf(SelectedLines());
+}
+
+QString SourceEditor::SelectedLines() const
+{
+    const QTextCursor caret = textCursor();
+    return WithoutJoints(*document(), caret.selectedText(), caret.selectionStart());
+}
+
+int SourceEditor::Lines() const
+{
+    return LineCount(*document());
 }
 
 void SourceEditor::Select(qsizetype start, qsizetype length)
@@ -109,14 +136,21 @@ void SourceEditor::Select(qsizetype start, qsizetype length)
 
 void SourceEditor::ReplaceSelection(const QString& text)
 {
-    QTextCursor cursor = textCursor();
+    const QTextCursor cursor = textCursor();
     if (text.isEmpty() && !cursor.hasSelection()) {
         return; // nothing to undo: what comes next must not join the step before
     }
-    BeginStep(cursor);
-    cursor.insertText(ForDocument(text, layout_));
-    cursor.endEditBlock();
-    setTextCursor(cursor);
+    Replace(cursor, text);
+}
+
+void SourceEditor::Replace(QTextCursor selected, const QString& text)
+{
+    BeginStep(selected);
+    const int start = selected.selectionStart();
+    InsertLines(selected, ForDocument(text, layout_));
+    longLines_->Fit(start, selected.position());
+    selected.endEditBlock();
+    setTextCursor(selected);
     ensureCursorVisible();
 }
 
@@ -127,7 +161,8 @@ void SourceEditor::Replace(const QList<TextReplacement>& replacements)
     }
     QTextCursor cursor(document());
     BeginStep(cursor);
-    ReplaceEach(cursor, replacements, layout_);
+    const EditedPart edited = ReplaceEach(cursor, replacements, layout_);
+    longLines_->Fit(edited.From, edited.To);
     cursor.endEditBlock();
 }
 
@@ -176,7 +211,16 @@ void SourceEditor::PasteText()
 
 void SourceEditor::DeleteText()
 {
+    keys_->LeaveJoint(false);
     QTextCursor cursor = textCursor();
+    QTextCursor deleted = cursor;
+    if (!deleted.hasSelection()) {
+        deleted.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    }
+    if (NeedsFitting(deleted, {})) {
+        Replace(deleted, QString());
+        return;
+    }
     cursor.deleteChar();
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -241,14 +285,69 @@ void SourceEditor::keyPressEvent(QKeyEvent* event)
         ReplaceSelection(QStringLiteral("\n"));
     } else if (std::ranges::any_of(event->text(), IsOfLayout)) {
         ReplaceSelection(event->text());
-    } else {
+    } else if (!keys_->Press(*event)) {
         QPlainTextEdit::keyPressEvent(event);
+        keys_->SettleAfter(*event);
     }
+}
+
+void SourceEditor::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (longLines_->Joints().isEmpty()) {
+        QPlainTextEdit::contextMenuEvent(event);
+        return;
+    }
+    QMenu* const menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    // What these entries do of themselves would leave pieces that do not fit.
+    const auto take = [this, menu](const char* name, void (SourceEditor::*act)()) {
+        if (const auto* const entry = menu->findChild<QAction*>(QString::fromLatin1(name))) {
+            disconnect(entry, &QAction::triggered, nullptr, nullptr);
+            connect(entry, &QAction::triggered, this, act);
+        }
+    };
+    take("edit-cut", &SourceEditor::CutText);
+    take("edit-delete", &SourceEditor::DeleteText);
+    menu->popup(event->globalPos());
+}
+
+void SourceEditor::mousePressEvent(QMouseEvent* event)
+{
+    QPlainTextEdit::mousePressEvent(event);
+    keys_->SettleAfterMouse(!event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+void SourceEditor::mouseMoveEvent(QMouseEvent* event)
+{
+    QPlainTextEdit::mouseMoveEvent(event);
+    keys_->SettleAfterMouse(false);
+}
+
+void SourceEditor::mouseReleaseEvent(QMouseEvent* event)
+{
+    QPlainTextEdit::mouseReleaseEvent(event);
+    keys_->SettleAfterMouse(false);
+}
+
+void SourceEditor::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+    keys_->SettleAfterMouse(false);
 }
 
 void SourceEditor::inputMethodEvent(QInputMethodEvent* event)
 {
-    if (IsForDocument(event->commitString())) {
+    const QString& commit = event->commitString();
+    const bool isReplacement = event->replacementLength() != 0;
+    if (!commit.isEmpty() && !isReplacement && NeedsFitting(textCursor(), commit)) {
+        QInputMethodEvent end;
+        QPlainTextEdit::inputMethodEvent(&end);
+        ReplaceSelection(commit);
+        QInputMethodEvent rest(event->preeditString(), event->attributes());
+        QPlainTextEdit::inputMethodEvent(&rest);
+        return;
+    }
+    if (IsForDocument(commit)) {
         QPlainTextEdit::inputMethodEvent(event);
         return;
     }
@@ -262,7 +361,7 @@ QMimeData* SourceEditor::createMimeDataFromSelection() const
 {
     // Only the text, and all of it: the usual way turns no-break spaces into blanks.
     auto* const text = new QMimeData;
-    text->setText(textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n'));
+    text->setText(SelectedLines().replace(QChar::ParagraphSeparator, u'\n'));
     return text;
 }
 

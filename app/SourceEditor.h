@@ -6,10 +6,13 @@
 
 #include <QPlainTextEdit>
 #include <array>
+#include <memory>
 #include <optional>
 
 class EditWatch;
 class EditorMargins;
+class LongLineKeys;
+class LongLines;
 class TextSnapshot;
 
 /**
@@ -22,6 +25,8 @@ class SourceEditor : public QPlainTextEdit
 
 public:
     explicit SourceEditor(QWidget* parent = nullptr);
+    ~SourceEditor() override;
+    Q_DISABLE_COPY_MOVE(SourceEditor)
 
     // Which lines are seen, and where.
     using QPlainTextEdit::blockBoundingGeometry;
@@ -56,12 +61,19 @@ public:
     [[nodiscard]] qsizetype SelStart() const;
     [[nodiscard]] qsizetype SelLength() const;
     [[nodiscard]] QString SelText() const;
+    /** The same with a paragraph separator for a line end. */
+    [[nodiscard]] QString SelectedLines() const;
+
+    /** How many lines the text has; one that the document holds in several blocks is one. */
+    [[nodiscard]] int Lines() const;
 
     /** Selects `length` characters from `start`; both are cut to the text. */
     void Select(qsizetype start, qsizetype length);
 
     /** Replaces the selection as one step of undo and leaves the caret behind the new text. */
     void ReplaceSelection(const QString& text);
+    /** The same with what `selected` has selected, which becomes the caret. */
+    void Replace(QTextCursor selected, const QString& text);
 
     /**
      * Makes `replacements` as one step of undo, however many. Their places are those before any of them is
@@ -108,10 +120,18 @@ Q_SIGNALS:
     /** The text was edited; loading, formatting and composing with an input method are no edits. */
     void Change();
 
+    /** There are more or fewer lines than before. */
+    void LineCountChanged();
+
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;
@@ -119,8 +139,10 @@ protected:
 private:
     void BeginStep(QTextCursor& cursor);
 
+    LongLines* longLines_; ///< hears of edits before anything else does
     EditWatch* watch_;
     EditorMargins* margins_;
+    std::unique_ptr<LongLineKeys> keys_;
     LineEnds lineEnds_;
     std::array<QList<QTextEdit::ExtraSelection>, 3> marks_; ///< of each layer
     LayoutCharacters layout_ = LayoutCharacters::AsSaved;

@@ -13,8 +13,6 @@ namespace {
 
 /** So many characters are read before other events have their turn. */
 constexpr qsizetype mostAtOnce = 1 << 18;
-/** What follows in a line is not coloured: with so many pieces, laying it out would take too long. */
-constexpr qsizetype mostInLine = 10'000;
 /** The lines behind an edit follow it after so long: a tag that is being typed would change them at every
  * key. */
 constexpr auto pauseInTyping = std::chrono::milliseconds(200);
@@ -257,17 +255,10 @@ bool SyntaxColours::ColourLine(const QTextBlock& block, HtmlState& state)
 SyntaxColours::Formats SyntaxColours::FormatsOf(const QTextBlock& block, HtmlState& state) const
 {
     const QString line = block.text();
-    HtmlState stateInLine = state;
-    const QStringView coloured = QStringView(line).left(mostInLine);
     Formats formats;
-    for (const SyntaxPiece& piece : SyntaxOf(coloured, stateInLine)) {
+    for (const SyntaxPiece& piece : SyntaxOf(line, state)) {
         formats << Range{ static_cast<int>(piece.place.offset), static_cast<int>(piece.place.length),
                           looks_[static_cast<std::size_t>(piece.kind)] };
-    }
-    if (coloured.size() < line.size()) {
-        PassLine(line, state);
-    } else {
-        state = stateInLine;
     }
     for (auto fragment = block.begin(); !fragment.atEnd(); ++fragment) {
         const QTextFragment text = fragment.fragment();

@@ -120,7 +120,7 @@ TagCompletion::Part TagCompletion::PartAround(From from) const
 
 bool TagCompletion::PutInEndTag()
 {
-    if (editor_.textCursor().hasSelection() || editor_.textCursor().block().length() > mostAtKey) {
+    if (editor_.textCursor().hasSelection()) {
         return false;
     }
     const Part part = PartAround(From::SomeLinesBefore);

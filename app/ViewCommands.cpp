@@ -5,6 +5,7 @@
 #include "app/Shades.h"
 #include "app/SourceEditor.h"
 #include "app/SyntaxColours.h"
+#include "app/source/LongLines.h"
 #include "shared/Settings.h"
 
 #include <QMenu>
@@ -180,13 +181,15 @@ void ViewCommands::ShowCurrentLine()
     QList<QTextEdit::ExtraSelection> marks;
     if (IsOn(ViewChoice::CurrentLine)) {
         const QTextBlock block = editor_.textCursor().block();
-        QTextEdit::ExtraSelection line{ QTextCursor(block), {} };
+        const QTextBlock lastPiece = LastPieceOf(block);
+        QTextEdit::ExtraSelection line{ QTextCursor(FirstPieceOf(block)), {} };
         line.format.setBackground(CurrentLineGround(editor_.palette()));
         line.format.setProperty(QTextFormat::FullWidthSelection, true);
         // A selection is as wide as the view in all rows of a wrapped line but the one that it ends in.
         QTextEdit::ExtraSelection lastRow = line;
-        line.cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        lastRow.cursor.movePosition(QTextCursor::EndOfBlock);
+        const int end = lastPiece.position() + lastPiece.length() - 1;
+        line.cursor.setPosition(end, QTextCursor::KeepAnchor);
+        lastRow.cursor.setPosition(end);
         marks << line << lastRow;
     }
     editor_.SetMarks(SourceEditor::MarkLayer::CurrentLine, marks);

@@ -1,5 +1,8 @@
 #include "app/source/LineEnds.h"
 
+#include "app/source/LineFitter.h"
+#include "app/source/LongLines.h"
+
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -38,14 +41,15 @@ void MarkLines(QTextCursor& cursor, int first, int last, int kind)
     const QTextDocument& document = *cursor.document();
     QTextBlockFormat format;
     format.setProperty(lineEndProperty, kind);
-    cursor.setPosition(document.findBlockByNumber(first).position());
-    cursor.setPosition(document.findBlockByNumber(last).position(), QTextCursor::KeepAnchor);
+    cursor.setPosition(BlockOfLine(document, first).position());
+    cursor.setPosition(LastPieceOf(BlockOfLine(document, last)).position(), QTextCursor::KeepAnchor);
     cursor.mergeBlockFormat(format);
 }
 
 } // namespace
 
 LineEnds::LineEnds(const QString& text, QTextDocument& document)
+    : longLines_(LongLines::Of(document))
 {
     std::array<qsizetype, lineEndTexts.size()> counts = {};
     ForEachLineEnd(text, [&counts](Kind kind) { ++counts[static_cast<std::size_t>(kind)]; });
@@ -79,18 +83,19 @@ LineEnds::LineEnds(const QString& text, QTextDocument& document)
 
 QString LineEnds::TextOf(const QTextDocument& document) const
 {
-    const QString lines = document.toRawText();
+    const QString lines = WithoutJoints(document, document.toRawText());
     const QStringView most = TextOfKind(static_cast<int>(most_));
     QString text;
     text.reserve(lines.size() + (most.size() - 1) * document.blockCount());
-    QTextBlock block = document.begin();
+    QTextBlock line = document.begin(); // or the last block of it
     qsizetype start = 0;
     for (qsizetype end = lines.indexOf(QChar::ParagraphSeparator); end >= 0;
          end = lines.indexOf(QChar::ParagraphSeparator, start)) {
         text += QStringView(lines).sliced(start, end - start);
         if (areMixed_) {
-            text += EndOf(block);
-            block = block.next();
+            line = LastPieceOf(line);
+            text += EndOf(line);
+            line = line.next();
         } else {
             text += most;
         }
@@ -99,8 +104,16 @@ QString LineEnds::TextOf(const QTextDocument& document) const
     return text + QStringView(lines).sliced(start);
 }
 
-QStringView LineEnds::EndOf(const QTextBlock& line) const
+QStringView LineEnds::EndOf(const QTextBlock& block) const
 {
-    const QVariant kind = areMixed_ ? line.blockFormat().property(lineEndProperty) : QVariant();
+    const bool areAnyLong = longLines_ != nullptr && !longLines_->Joints().isEmpty();
+    if (areAnyLong && EndsAtJoint(block)) {
+        return {};
+    }
+    if (!areMixed_) {
+        return TextOfKind(static_cast<int>(most_));
+    }
+    const QTextBlock line = areAnyLong ? FirstPieceOf(block) : block;
+    const QVariant kind = line.blockFormat().property(lineEndProperty);
     return TextOfKind(kind.isValid() ? kind.toInt() : static_cast<int>(most_));
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class LongLines;
 class QTextBlock;
 class QTextDocument;
 
@@ -23,10 +24,12 @@ public:
     /** The text of `document` with its own line ends; a new line has those of the line that it came from. */
     [[nodiscard]] QString TextOf(const QTextDocument& document) const;
 
-    /** The end of `line`, which must not be the last one. */
-    [[nodiscard]] QStringView EndOf(const QTextBlock& line) const;
+    /** What is behind `block`, which must not be the last one: a line end, or nothing where its line goes on.
+     */
+    [[nodiscard]] QStringView EndOf(const QTextBlock& block) const;
 
 private:
     Kind most_ = Kind::CrLf;
     bool areMixed_ = false;
+    const LongLines* longLines_ = nullptr; ///< of the document, which must live longer
 };

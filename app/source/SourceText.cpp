@@ -1,11 +1,14 @@
 #include "app/source/SourceText.h"
 
+#include "app/source/LineFitter.h"
+#include "app/source/LongLines.h"
 #include "shared/PageDocument.h"
 #include "shared/TextEncoding.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -26,26 +29,61 @@ QString WithLayoutAsBytes(const QString& text)
     return held;
 }
 
-/** The document's position of a character of the text in `block`, whose number is `number`. */
-int PositionIn(const QTextBlock& block, int number, qsizetype position)
+/** Where `block`, whose number is `number`, starts in the text. */
+qsizetype StartOf(const QTextBlock& block, int number, const LongLines* lines)
 {
-    const qsizetype start = qsizetype(block.position()) + number;
-    return block.position() +
-           static_cast<int>(std::clamp<qsizetype>(position - start, 0, block.length() - 1));
+    // Each block before it ends in one character, which is two in the text, or none where a line goes on.
+    const int joints = lines != nullptr ? lines->JointsBefore(block.position()) : 0;
+    return qsizetype(block.position()) + number - 2 * qsizetype(joints);
 }
 
-/** Goes from `block` to the one before or at it that holds a position; mostly that is not far. */
-void GoBackTo(QTextBlock& block, int& number, qsizetype position)
+/** A block and its number, to go from place to place in a document that is not edited meanwhile. */
+struct Place
 {
-    constexpr int nearby = 4;
-    for (int i = 0; i < nearby && qsizetype(block.position()) + number > position; ++i) {
-        block = block.previous();
-        --number;
+    QTextBlock Block;
+    int Number = 0;
+    const LongLines* Lines = nullptr;
+
+    [[nodiscard]] qsizetype Start() const { return StartOf(Block, Number, Lines); }
+
+    /** The document's position of a character of the text in the block. */
+    [[nodiscard]] int PositionOf(qsizetype position) const
+    {
+        return Block.position() +
+               static_cast<int>(std::clamp<qsizetype>(position - Start(), 0, Block.length() - 1));
     }
-    if (qsizetype(block.position()) + number > position) {
-        block = block.document()->findBlock(DocumentPosition(*block.document(), position));
-        number = block.blockNumber();
+
+    /** Goes back to the block that holds a position; mostly that is not far. */
+    void GoBackTo(qsizetype position)
+    {
+        constexpr int nearby = 4;
+        for (int i = 0; i < nearby && Start() > position; ++i) {
+            Block = Block.previous();
+            --Number;
+        }
+        if (Start() > position) {
+            Block = Block.document()->findBlock(DocumentPosition(*Block.document(), position));
+            Number = Block.blockNumber();
+        }
     }
+};
+
+/** The document's positions of the parts that are replaced, from the last to the first. */
+QList<std::pair<int, int>>
+PositionsFromLast(const QTextDocument& document, const QList<TextReplacement>& replacements)
+{
+    Place place{ document.lastBlock(), document.blockCount() - 1, LongLines::Of(document) };
+    QList<std::pair<int, int>> positions;
+    positions.reserve(replacements.size());
+    for (auto one = replacements.crbegin(); one != replacements.crend(); ++one) {
+        const qsizetype end = one->Place.Start + one->Place.Length;
+        place.GoBackTo(one->Place.Start);
+        const bool endsInBlock = end <= place.Start() + place.Block.length() - 1;
+        positions << std::pair(
+            place.PositionOf(one->Place.Start),
+            endsInBlock ? place.PositionOf(end) : DocumentPosition(document, end));
+    }
+    return positions;
 }
 
 } // namespace
@@ -98,13 +136,15 @@ QString WithCrLf(const QString& lines)
 
 qsizetype TextPosition(const QTextDocument& document, int position)
 {
-    return qsizetype(position) + document.findBlock(position).blockNumber();
+    const QTextBlock block = document.findBlock(position);
+    return StartOf(block, block.blockNumber(), LongLines::Of(document)) + position - block.position();
 }
 
 int DocumentPosition(const QTextDocument& document, qsizetype position)
 {
-    const auto start = [&document](int number) {
-        return qsizetype(document.findBlockByNumber(number).position()) + number;
+    const LongLines* const lines = LongLines::Of(document);
+    const auto start = [&document, lines](int number) {
+        return StartOf(document.findBlockByNumber(number), number, lines);
     };
     int first = 0;
     int count = document.blockCount();
@@ -117,27 +157,28 @@ int DocumentPosition(const QTextDocument& document, qsizetype position)
             count = half;
         }
     }
-    return PositionIn(document.findBlockByNumber(first), first, position);
+    return Place{ document.findBlockByNumber(first), first, lines }.PositionOf(position);
 }
 
-void ReplaceEach(QTextCursor& cursor, const QList<TextReplacement>& replacements, LayoutCharacters layout)
+EditedPart
+ReplaceEach(QTextCursor& cursor, const QList<TextReplacement>& replacements, LayoutCharacters layout)
 {
     const QTextDocument& document = *cursor.document();
-    QTextBlock block = document.lastBlock();
-    int number = block.blockNumber();
+    const QList<std::pair<int, int>> positions = PositionsFromLast(document, replacements);
+    const int sizeBefore = document.characterCount();
     // From the last to the first: what is replaced does not move what comes next.
-    for (auto one = replacements.crbegin(); one != replacements.crend(); ++one) {
-        const qsizetype end = one->Place.Start + one->Place.Length;
-        GoBackTo(block, number, one->Place.Start);
-        const int first = PositionIn(block, number, one->Place.Start);
-        const bool endsInBlock = end <= qsizetype(block.position()) + number + block.length() - 1;
+    for (qsizetype i = 0; i < positions.size(); ++i) {
+        const auto [first, end] = positions[i];
+        const QString& text = replacements[replacements.size() - 1 - i].Text;
         cursor.setPosition(first);
-        cursor.setPosition(
-            endsInBlock ? PositionIn(block, number, end) : DocumentPosition(document, end),
-            QTextCursor::KeepAnchor);
-        if (cursor.hasSelection() || !one->Text.isEmpty()) {
-            cursor.insertText(ForDocument(one->Text, layout));
-            block = document.findBlock(first);
+        cursor.setPosition(end, QTextCursor::KeepAnchor);
+        if (cursor.hasSelection() || !text.isEmpty()) {
+            InsertLines(cursor, ForDocument(text, layout));
         }
     }
+    if (positions.isEmpty()) {
+        return {};
+    }
+    return { positions.constLast().first,
+             positions.constFirst().second + document.characterCount() - sizeBefore };
 }

@@ -8,7 +8,8 @@ class QTextDocument;
 struct TextReplacement;
 
 // The text of a page and the document that holds it in the editor. The document has one character for a line
-// end, the text has CR LF, and positions and lengths in the text count it as these two.
+// end, the text has CR LF, and positions and lengths in the text count it as these two. Where the document
+// has a long line in several blocks (LongLines), the text has nothing between them.
 
 /** What a document takes for a line end or the edge of a frame of its own, and cannot hold as a character. */
 [[nodiscard]] bool IsOfLayout(QChar character);
@@ -37,10 +38,17 @@ enum class LayoutCharacters {
 /** The document's position of a character of the text; between CR and LF counts as before both. */
 [[nodiscard]] int DocumentPosition(const QTextDocument& document, qsizetype position);
 
+/** A part of a document, in its positions. */
+struct EditedPart
+{
+    int From = 0;
+    int To = 0;
+};
+
 /**
- * Makes `replacements`, in ascending order and apart from one another, in the document of `cursor`. The
- * caller has begun the block of edits that makes them one.
+ * Makes `replacements`, in ascending order and apart from one another, in the document of `cursor`;
+ * the part that they are in afterwards. The caller has begun the block of edits that makes them one.
  */
-void ReplaceEach(
+EditedPart ReplaceEach(
     QTextCursor& cursor, const QList<TextReplacement>& replacements,
     LayoutCharacters layout = LayoutCharacters::AsSaved);

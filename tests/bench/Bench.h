@@ -57,6 +57,7 @@ void BenchDocuments();
 void BenchViews();
 void BenchFinding();
 void BenchMaps();
+void BenchLongLines();
 void BenchPictures();
 void BenchAreas();
 

@@ -164,6 +164,10 @@ int main(int argc, char* argv[])
         BenchAreas();
         return 0;
     }
+    if (task == QLatin1String("longlines")) {
+        BenchLongLines();
+        return 0;
+    }
     isCounting = task == QLatin1String("count");
     if (!isCounting && !task.isEmpty()) {
         RunStartUp(task);
@@ -179,6 +183,7 @@ int main(int argc, char* argv[])
     BenchViews();
     BenchFinding();
     BenchMaps();
+    BenchLongLines();
     BenchPictures();
     BenchAreas();
     return 0;
