@@ -145,7 +145,7 @@ QTextBlock LineFitter::FitAround(const QTextBlock& block)
 }
 
 /** Makes one block of those from `first` to `last`. */
-QTextBlock LineFitter::Unite(QTextBlock first, QTextBlock last)
+QTextBlock LineFitter::Unite(const QTextBlock& first, QTextBlock last)
 {
     const int start = first.position();
     while (last.position() != start) {

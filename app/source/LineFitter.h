@@ -32,7 +32,7 @@ public:
 
 private:
     [[nodiscard]] QTextBlock FitAround(const QTextBlock& block);
-    [[nodiscard]] QTextBlock Unite(QTextBlock first, QTextBlock last);
+    [[nodiscard]] QTextBlock Unite(const QTextBlock& first, QTextBlock last);
     void CutAnew(const QTextBlock& first, const QTextBlock& last);
     void SpreadFormat(const QTextBlock& block);
     void InsertJoint(const QTextBlock& block, int position);
