@@ -77,6 +77,8 @@ void PageMapsReader::TakeElement(const HtmlToken& token)
         const QString usemap = PageTag(page_, token.whole).Value(QLatin1String("usemap"));
         if (!usemap.isNull()) {
             read_.pictures.push_back({ token.whole, usemap });
+        } else {
+            read_.plainPictures.push_back(token.whole);
         }
     } else if (read_.baseTag.length == 0 && (traits & NestingTrait::Base)) {
         read_.base = PageTag(page_, token.whole).Value(QLatin1String("href"));

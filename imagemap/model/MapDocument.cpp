@@ -220,6 +220,7 @@ void MapDocument::ForgetAreas()
     areas_.clear();
     areAreasEdited_ = false;
     figuresOfAreas_ = 0;
+    BeginSerial();
     Q_EMIT AreasChanged();
 }
 

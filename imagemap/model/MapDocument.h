@@ -78,6 +78,16 @@ public:
     [[nodiscard]] const QString& Picture() const { return picture_; }
     void SetPicture(const QString& path);
 
+    /** Tells apart the maps that were here one after the other. Undoing and doing again goes from one to the
+     * other. */
+    [[nodiscard]] int Serial() const { return serial_; }
+
+    /** From now on this is another map, whatever has stayed of the one before. */
+    void BeginSerial() { serial_ = ++lastSerial_; }
+
+    /** This is the map of that serial again; for MapHistory. */
+    void ReturnToSerial(int serial) { serial_ = serial; }
+
     /** Puts `areas` in place of those of the map and makes the ledger anew: one step, called `name`. What is
      * being drawn is given up. */
     void ChangeAreas(const MapAreas& areas, const QString& name, const QString& joinKey = {});
@@ -148,5 +158,7 @@ private:
     MapScript script_{ *this };
     MapDrawing drawing_{ *this };
     QString picture_;
+    int serial_ = 0;
+    int lastSerial_ = 0;
     MapHistory history_{ *this };
 };

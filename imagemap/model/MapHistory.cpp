@@ -38,6 +38,12 @@ void MapHistory::PackPresent()
     states_[now_].state = PackedState(present_, before);
 }
 
+void MapHistory::TakePresent(const MapState& now)
+{
+    present_ = now;
+    states_[now_].serial = map_.Serial();
+}
+
 void MapHistory::EndStep(const QString& name, const QString& joinKey)
 {
     if (--openSteps_ == 0) {
@@ -49,7 +55,7 @@ void MapHistory::EndStep(const QString& name, const QString& joinKey)
 void MapHistory::EndStepUnkept()
 {
     --openSteps_;
-    present_ = map_.State();
+    TakePresent(map_.State());
     Q_EMIT Changed();
 }
 
@@ -57,7 +63,7 @@ void MapHistory::Amend()
 {
     const MapState now = map_.State();
     if (LooksTheSame(present_, now)) {
-        present_ = now;
+        TakePresent(now);
     }
 }
 
@@ -65,6 +71,7 @@ void MapHistory::Forget()
 {
     states_ = { Step() };
     now_ = 0;
+    states_[now_].serial = map_.Serial();
     Q_EMIT Changed();
 }
 
@@ -72,25 +79,25 @@ void MapHistory::Keep(const QString& name, const QString& joinKey)
 {
     const MapState now = map_.State();
     if (LooksTheSame(present_, now)) {
-        present_ = now;
+        TakePresent(now);
         return;
     }
     const bool isJoined = !joinKey.isEmpty() && joinKey == states_[now_].joinKey;
     states_.resize(now_ + 1);
     if (!isJoined) {
         PackPresent();
-        states_ << Step{ {}, name, joinKey };
+        states_ << Step{ {}, name, joinKey, map_.Serial() };
         ++now_;
-        present_ = now;
+        TakePresent(now);
         return;
     }
-    present_ = now;
+    TakePresent(now);
     states_[now_].name = name;
     if (LooksTheSame(states_[now_ - 1].state.Unpacked(), now)) {
         // There and back again is no step.
         states_.removeLast();
         --now_;
-        present_ = now;
+        TakePresent(now);
     }
 }
 
@@ -104,6 +111,7 @@ void MapHistory::FinishLastStep()
 void MapHistory::RestorePresent()
 {
     present_ = states_[now_].state.Unpacked();
+    map_.ReturnToSerial(states_[now_].serial);
     // Whoever hears of it may change the map.
     map_.Restore(MapState(present_));
     Q_EMIT Changed();
@@ -136,6 +144,7 @@ void MapHistory::PutBack(const MapState& state)
 {
     map_.Drawing().GiveUp();
     const MapDocument::Step step(map_, QStringLiteral("Restoring of the Map"));
+    map_.BeginSerial();
     map_.Restore(state);
 }
 

@@ -67,11 +67,13 @@ private:
         PackedState state; ///< of the present step only once it is left
         QString name;      ///< of what led to the state
         QString joinKey;   ///< what may be joined to it
+        int serial = 0;    ///< of the map that it is a state of
     };
 
     void Keep(const QString& name, const QString& joinKey = {});
     void FinishLastStep();
     void PackPresent();
+    void TakePresent(const MapState& now);
     void RestorePresent();
 
     MapDocument& map_;
