@@ -237,7 +237,8 @@ void frmIMmain::ExitProgram()
 
 void frmIMmain::closeEvent(QCloseEvent* event)
 {
-    if (!QueryUnload()) {
+    const bool isEditing = imageMapEditor_ != nullptr && imageMapEditor_->isVisible();
+    if ((isEditing && !imageMapEditor_->MayLeavePageMap()) || !QueryUnload()) {
         event->ignore();
         return;
     }
@@ -247,6 +248,9 @@ void frmIMmain::closeEvent(QCloseEvent* event)
 
 void frmIMmain::Form_Unload()
 {
+    if (imageMapEditor_ != nullptr) {
+        imageMapEditor_->ForgetPageMap();
+    }
     recovery_->End();
     imgMap_.ContinueAction = true;
     if (imageMapEditor_ != nullptr) {

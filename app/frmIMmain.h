@@ -23,6 +23,7 @@ class MapDocument;
 class MessageBar;
 class OutsideCommands;
 class PageCommands;
+class PageMapCommands;
 class QUrl;
 class RecentFiles;
 class RecoveryKeeper;
@@ -67,6 +68,7 @@ public:
     [[nodiscard]] EditCommands& Edits();
     [[nodiscard]] OutsideCommands& Outside();
     [[nodiscard]] PageCommands& Pages();
+    [[nodiscard]] PageMapCommands& Maps();
     [[nodiscard]] RecentFiles& Recent();
     [[nodiscard]] ViewCommands& Views();
     [[nodiscard]] FindBar& Find();
@@ -99,6 +101,7 @@ private:
     std::unique_ptr<EditedPage> page_;
     std::unique_ptr<ViewCommands> views_;
     PageCommands* pages_ = nullptr;
+    PageMapCommands* maps_ = nullptr;
     MessageBar* messages_ = nullptr;
     EncodingCommands* encodings_ = nullptr;
     RecentFiles* recent_ = nullptr;

@@ -10,6 +10,7 @@
 #include "app/MessageBar.h"
 #include "app/OutsideCommands.h"
 #include "app/PageCommands.h"
+#include "app/PageMapCommands.h"
 #include "app/RecentFiles.h"
 #include "app/RecoveryKeeper.h"
 #include "app/TagTree.h"
@@ -147,6 +148,11 @@ constexpr auto commandRows = std::to_array<Row>({
     { Entry, "mnuPFormat", "Form&at Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPFormat_Click> },
     { Separator, "mnuPSep5" },
     { Entry, "mnuPCheck", "Chec&k Page", "", In<&frmIMmain::Pages, &PageCommands::mnuPCheck_Click> },
+    { Separator, "mnuPSep6" },
+    { Entry, "mnuPEditMap", "&Edit Image Map...", "Ctrl+M",
+      In<&frmIMmain::Maps, &PageMapCommands::mnuPEditMap_Click> },
+    { Entry, "mnuPToToday", "&Bring Map up to Date", "",
+      In<&frmIMmain::Maps, &PageMapCommands::mnuPToToday_Click> },
     { Menu, "mnuView", "&View" },
     { .kind = Entry,
       .name = "mnuVColours",
@@ -198,6 +204,10 @@ void frmIMmain::CreateParts()
     edits_ = std::make_unique<EditCommands>(this, source, *ui_->txtCTags);
     page_ = std::make_unique<EditedPage>(source, file_);
     pages_ = new PageCommands(this, source, imgMap_.Remembered, file_);
+    maps_ = new PageMapCommands(this, imgMap_, *page_, [this]() -> frmImageMap& {
+        OpenImageMapEditor();
+        return *imageMapEditor_;
+    });
     messages_ = new MessageBar(&source);
     source.SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
@@ -253,6 +263,11 @@ RecentFiles& frmIMmain::Recent()
 PageCommands& frmIMmain::Pages()
 {
     return *pages_;
+}
+
+PageMapCommands& frmIMmain::Maps()
+{
+    return *maps_;
 }
 
 ViewCommands& frmIMmain::Views()

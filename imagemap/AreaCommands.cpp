@@ -260,5 +260,5 @@ void AreaCommands::Reader_SelectAsked(qsizetype number)
 
 void AreaCommands::Tools_MenuAsked(QPoint place)
 {
-    commands_.MenuOf(&AreaCommands::ChooseSelect).popup(place);
+    Menu().popup(place);
 }

@@ -51,6 +51,9 @@ public:
 
     [[nodiscard]] AreaTools& Tools() { return tools_; }
 
+    /** The menu of the areas. */
+    [[nodiscard]] QMenu& Menu() const { return commands_.MenuOf(&AreaCommands::ChooseSelect); }
+
     /** Another picture is shown, or none. */
     void BeginPicture(QSize size);
 

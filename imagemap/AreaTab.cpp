@@ -1,5 +1,7 @@
 #include "imagemap/AreaTab.h"
 
+#include "imagemap/AreaAttributes.h"
+#include "imagemap/MapOrigins.h"
 #include "imagemap/model/AreaConversion.h"
 #include "ui_AreaTab.h"
 #include "widgets/OneLineField.h"
@@ -39,7 +41,10 @@ AreaTab::AreaTab(const ImgMap& imgMap, AreaEditing& editing, std::function<bool(
     ui_->setupUi(this);
     HoldOneLine(this);
     for (const AreaShapeName& shape : areaShapeNames) {
-        ui_->cmbAreaShape->addItem(shape.name.toString());
+        // What is left of the picture is no shape that another could be given.
+        if (shape.shape != AreaShape::Default) {
+            ui_->cmbAreaShape->addItem(shape.name.toString());
+        }
     }
     ui_->cmbAreaLink->Offer(imgMap);
     NameParts(ui_->cmbAreaLink);
@@ -66,6 +71,13 @@ AreaTab::~AreaTab() = default;
 void AreaTab::GoToText()
 {
     ui_->txtAreaText->setFocus();
+}
+
+void AreaTab::OfferAttributes(MapOrigins& origins)
+{
+    origins_ = &origins;
+    new AreaAttributes({ *ui_->tblAttributes, editing_, origins, begin_,
+                         [this](const QString& problem) { ShowProblem(problem); } });
 }
 
 void AreaTab::ConnectText(QWidget* field, TextOfArea member, QStringView what)
@@ -103,6 +115,15 @@ void AreaTab::cmbAreaShape_Chosen(int index)
     }
 }
 
+/** Of an area that cannot be drawn, whatever is typed is kept as it is. */
+bool AreaTab::SetWrittenCoordinates(MapArea& area, const QString& text) const
+{
+    const MapOrigin* const origin = origins_ != nullptr ? origins_->Present() : nullptr;
+    const ReturnedMap* const map = origin != nullptr ? origin->Read() : nullptr;
+    return map != nullptr && !map->form && area.Coordinates.isEmpty() &&
+           SetAttribute(area, QStringLiteral("coords"), text, *map);
+}
+
 void AreaTab::txtAreaCoords_Edited(const QString& text)
 {
     MapAreas areas = editing_.SelectedAreas();
@@ -111,8 +132,9 @@ void AreaTab::txtAreaCoords_Edited(const QString& text)
     }
     const CoordinatesReading reading = ReadCoordinates(areas.constFirst().Shape, text);
     ShowProblem(reading.problem.isEmpty() ? reading.note : reading.problem);
-    if (reading.problem.isEmpty()) {
-        areas[0].Coordinates = reading.numbers;
+    const bool isKept = !reading.problem.isEmpty() && SetWrittenCoordinates(areas[0], text);
+    if (reading.problem.isEmpty() || isKept) {
+        areas[0].Coordinates = isKept ? areas[0].Coordinates : reading.numbers;
         isChanging_ = true;
         editing_.Replace(areas, u"Change of the Coordinates", QStringLiteral("coordinates"));
         isChanging_ = false;

@@ -9,6 +9,7 @@
 namespace Ui {
 class AreaTab;
 }
+class MapOrigins;
 struct ImgMap;
 
 /** The tab for the selected areas: what is changed here changes all of them, as one step of undo a field. */
@@ -25,6 +26,9 @@ public:
     /** Gives the keys to the field of the text for screen readers. */
     void GoToText();
 
+    /** Shows all attributes of an area whose map came from a page. */
+    void OfferAttributes(MapOrigins& origins);
+
 private:
     using TextOfArea = QString MapArea::*;
 
@@ -35,10 +39,12 @@ private:
     void cmbAreaShape_Chosen(int index);
     void txtAreaCoords_Edited(const QString& text);
     void txtAreaCoords_Left();
+    [[nodiscard]] bool SetWrittenCoordinates(MapArea& area, const QString& text) const;
     void ShowProblem(const QString& problem);
 
     AreaEditing& editing_;
     std::function<bool()> begin_;
     std::unique_ptr<Ui::AreaTab> ui_;
+    MapOrigins* origins_ = nullptr; ///< once attributes are offered
     bool isChanging_ = false;
 };

@@ -6,6 +6,7 @@
 #include "imagemap/PictureCommands.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/TodayInsert.h"
+#include "imagemap/UpdateCommand.h"
 #include "imagemap/model/MapDocument.h"
 #include "shared/ImgMap.h"
 #include "shared/PageDocument.h"
@@ -28,8 +29,10 @@ void InsertCommand::Insert()
     source.ModeDefault = script.ModeDefault();
     source.Areas = parts_.map.Areas();
     if (parts_.fields.Form() == MarkupForm::Html4) {
+        std::unique_ptr<AnchoredRange> range = parts_.page.Anchor(parts_.page.Selection());
         const int line = parts_.page.InsertAtCaret(GenerateMapFor(script.Mode(), source));
         parts_.pictures.KeepPasted();
+        parts_.update.TakeInserted(std::move(range));
         parts_.panels.ShowHint(Html4Hint(line, script.Mode()));
     } else {
         InsertTodayMap(source);
@@ -56,8 +59,10 @@ void InsertCommand::InsertTodayMap(const MapSource& source)
         ShowMessage(&parts_.window, QMessageBox::Information, RefusalText(*insert.refusal));
         return;
     }
+    std::unique_ptr<AnchoredRange> range = parts_.page.Anchor(insert.place);
     parts_.page.Replace(insert.insertion.changes);
     parts_.pictures.KeepPasted();
+    parts_.update.TakeInserted(std::move(range));
     const bool isTextMissing = insert.notes.lacksAltText || !insert.notes.areasWithoutText.isEmpty();
     parts_.panels.ShowHint(
         TodayHint(insert),

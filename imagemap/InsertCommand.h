@@ -10,6 +10,7 @@ class PicturePane;
 class QTabWidget;
 class QTreeView;
 class QWidget;
+class UpdateCommand;
 struct ImgMap;
 struct MapSource;
 struct TodayNotes;
@@ -32,6 +33,7 @@ public:
         QTreeView& list;
         QTabWidget& tabs;
         AreaTab& areaTab;
+        UpdateCommand& update;
     };
 
     explicit InsertCommand(const Parts& parts)

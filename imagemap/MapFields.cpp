@@ -66,6 +66,42 @@ MapSource MapFields::Source() const
              .Areas = {} };
 }
 
+MapSource MapFields::TypedSource() const
+{
+    MapSource source = Source();
+    source.Width = ui_.txtImgWidth->text();
+    source.Height = ui_.txtImgHeight->text();
+    return source;
+}
+
+void MapFields::ShowOther(const MapSource& source)
+{
+    const MapSource shown = Source();
+    for (const SourceField& field : SourceFields()) {
+        if (shown.*field.member != source.*field.member) {
+            field.edit->setText(source.*field.member);
+        }
+    }
+    ui_.Check1->setChecked(source.FileNamesOnly);
+}
+
+void MapFields::ShowTyped(const MapSource& source)
+{
+    for (const SourceField& field : SourceFields()) {
+        field.edit->setText(source.*field.member);
+    }
+    ui_.Check1->setChecked(source.FileNamesOnly);
+}
+
+/** The fields that hold a text of the map each. */
+QList<MapFields::SourceField> MapFields::SourceFields() const
+{
+    return { { ui_.txtName, &MapSource::MapName },         { ui_.txtImgWidth, &MapSource::Width },
+             { ui_.txtImgHeight, &MapSource::Height },     { ui_.txtAltDescript, &MapSource::AltText },
+             { ui_.txtBorder, &MapSource::Border },        { ui_.txtHorSp, &MapSource::HorizontalSpace },
+             { ui_.txtVertSp, &MapSource::VerticalSpace }, { ui_.cmbAlign->lineEdit(), &MapSource::Align } };
+}
+
 MarkupForm MapFields::Form() const
 {
     return MarkupForm(ui_.cmbMarkup->currentIndex());

@@ -10,6 +10,7 @@
 namespace Ui {
 class frmImageMap;
 }
+class QLineEdit;
 
 /** The fields of the editor about the whole map: its name, the picture's attributes, and how it is written.
  */
@@ -29,6 +30,15 @@ public:
      */
     [[nodiscard]] MapSource Source() const;
 
+    /** The same, but for the picture's own size, which does not stand in for one that was not typed. */
+    [[nodiscard]] MapSource TypedSource() const;
+
+    /** Shows what `source` says of the map, where it is something else than Source(). */
+    void ShowOther(const MapSource& source);
+
+    /** Shows what `source` says of the map, and nothing where it says nothing. */
+    void ShowTyped(const MapSource& source);
+
     /** What the map is to be written as. */
     [[nodiscard]] MarkupForm Form() const;
 
@@ -40,6 +50,13 @@ public:
     void GoToAltText();
 
 private:
+    struct SourceField
+    {
+        QLineEdit* edit;
+        QString MapSource::*member;
+    };
+
+    [[nodiscard]] QList<SourceField> SourceFields() const;
     void cmbMarkup_Activated(int form);
 
     Ui::frmImageMap& ui_;

@@ -36,12 +36,12 @@ static_assert(std::is_sorted(
     [](const RefusalRow& one, const RefusalRow& other) { return one.refusal < other.refusal; }));
 
 /** The characters that browsers read in the page as they are written; all others it gets as references. */
-PageCharset CharsetOf(const QString& page, std::optional<TextEncoding> chosen)
+PageCharset CharsetOf(QStringView page, std::optional<TextEncoding> chosen)
 {
     if (chosen == TextEncoding::Utf8WithMark) {
         return PageCharset::Unicode; // a mark is believed before anything else
     }
-    const QByteArray start = AnsiCodePage::Encode(QStringView(page).left(declarationRoom));
+    const QByteArray start = AnsiCodePage::Encode(page.left(declarationRoom));
     const QLatin1String declared = EncodingOfMarkup(start);
     if (chosen == TextEncoding::Utf8) {
         return declared == utf8Name ? PageCharset::Unicode : PageCharset::Ascii;
@@ -103,6 +103,17 @@ constexpr bool ShowsNothingToday(JSMode mode)
 
 } // namespace
 
+TodayPage ContextOf(const PageDocument& page, QStringView text, QStringView rest, const MapPicture& picture)
+{
+    const QString pagePath = page.FileName();
+    return { .Text = rest,
+             .Path = pagePath,
+             .Charset = CharsetOf(text, page.ChosenEncoding()),
+             .PicturePath = picture.path,
+             .PictureSize = picture.size,
+             .SizeOf = [pagePath](const QString& path) { return SizeOfPicture(path, pagePath); } };
+}
+
 TodayInsert PrepareTodayInsert(
     const PageDocument& page, MarkupForm form, JSMode mode, const MapSource& source,
     const MapPicture& picture)
@@ -111,25 +122,18 @@ TodayInsert PrepareTodayInsert(
     const TextSpan selection = page.Selection();
     const InsertPlace place = FindInsertPlace(text, { selection.Start, selection.Length });
     if (place.refusal) {
-        return { .refusal = place.refusal, .insertion = {}, .notes = {}, .inFront = {} };
+        return { .refusal = place.refusal, .insertion = {}, .place = {}, .notes = {}, .inFront = {} };
     }
     QString rest = text;
     rest.remove(place.map.offset, place.map.length);
-    const QString pagePath = page.FileName();
-    const TodayPage context{ .Text = rest,
-                             .Path = pagePath,
-                             .Charset = CharsetOf(text, page.ChosenEncoding()),
-                             .PicturePath = picture.path,
-                             .PictureSize = picture.size,
-                             .SizeOf = [&pagePath](const QString& path) {
-                                 return SizeOfPicture(path, pagePath);
-                             } };
+    const TodayPage context = ContextOf(page, text, rest, picture);
     const TodayMap map = MakeTodayMap(mode, source, context);
     const QString markup =
         form == MarkupForm::Today ? GenerateTodayMap(mode, map) : GenerateTodayMapElement(mode, map);
     const NeededBlocks needed = BlocksFor(form, mode, map);
     return { .refusal = {},
              .insertion = InsertMap(text, place, markup, needed, QStringLiteral("\r\n")),
+             .place = { place.map.offset, place.map.length },
              .notes = NotesOn(mode, source),
              .inFront = PutInFront(place, needed) };
 }

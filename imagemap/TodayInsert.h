@@ -9,6 +9,7 @@ struct TodayInsert
     std::optional<InsertRefusal>
         refusal; ///< why nothing can be put where the caret is; then there is no more
     MapInsertion insertion;
+    TextSpan place; ///< what the map replaces
     TodayNotes notes;
     NeededBlocks inFront; ///< what has been put in front of everything, since the page has no head
 };
@@ -19,6 +20,10 @@ struct MapPicture
     QString path;
     QSize size;
 };
+
+/** What a map for today's browsers has to know of `page`, which holds `text`, and without the map `rest`. */
+[[nodiscard]] TodayPage
+ContextOf(const PageDocument& page, QStringView text, QStringView rest, const MapPicture& picture);
 
 /** Writes the map in `form`, which is none of HTML 4, for the place of the caret in `page`. */
 [[nodiscard]] TodayInsert PrepareTodayInsert(

@@ -8,6 +8,7 @@
 #include "imagemap/InsertCommand.h"
 #include "imagemap/MapFields.h"
 #include "imagemap/PictureCommands.h"
+#include "imagemap/UpdateCommand.h"
 #include "imagemap/ZoomControls.h"
 #include "shared/HelpViewer.h"
 #include "shared/Paths.h"
@@ -95,6 +96,7 @@ void frmImageMap::CreateAreaParts()
         map_, *zoom, imgMap_.Remembered);
     auto* const areaTab = new AreaTab(imgMap_, areaCommands_->Editing(), begin, ui_->SSTab1);
     areaTab->setObjectName(QStringLiteral("tabArea"));
+    areaTab->OfferAttributes(MapOrigins::Of(map_));
     ui_->SSTab1->addTab(areaTab, QStringLiteral("Area"));
     AreaTools& tools = areaCommands_->Tools();
     connect(&tools, &AreaTools::Taken, this, [this] {
@@ -105,9 +107,11 @@ void frmImageMap::CreateAreaParts()
     connect(&tools, &AreaTools::EditAsked, dialogs_.get(), &EditorDialogs::EditSelectedArea);
     connect(&map_, &MapDocument::PictureChanged, this, &frmImageMap::Map_PictureChanged);
     CreatePictureCommands();
+    update_ = new UpdateCommand(
+        { *this, areaCommands_->Menu(), *ui_->Toolbar2, map_, document_, *fields_, *panels_, pane, begin });
     insert_ = std::make_unique<InsertCommand>(
         InsertCommand::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, pane, *pictures_,
-                              *ui_->ListView1, *ui_->SSTab1, *areaTab });
+                              *ui_->ListView1, *ui_->SSTab1, *areaTab, *update_ });
 }
 
 void frmImageMap::Form_Load()
@@ -130,6 +134,7 @@ bool frmImageMap::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate) {
         ShowDefaultPointer();
+        update_->Enable(); // the page may be another one by now
     }
     return QMainWindow::event(event);
 }
@@ -154,6 +159,9 @@ void frmImageMap::CloseImageMapEditor()
 
 bool frmImageMap::DiscardMap()
 {
+    if (update_->IsOfPage()) {
+        return LeavePageMap();
+    }
     if (!map_.HasContent()) {
         return true;
     }
@@ -180,8 +188,33 @@ void frmImageMap::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
+bool frmImageMap::MayLeavePageMap()
+{
+    return update_->MayLeave();
+}
+
+void frmImageMap::ForgetPageMap()
+{
+    if (update_->IsOfPage()) {
+        map_.Clear();
+    }
+}
+
+/** A map that the page has can go; one with changes that it has not only after a question. */
+bool frmImageMap::LeavePageMap()
+{
+    if (!MayLeavePageMap()) {
+        return false;
+    }
+    map_.Clear();
+    return true;
+}
+
 bool frmImageMap::QueryUnload()
 {
+    if (update_->IsOfPage()) {
+        return LeavePageMap();
+    }
     if (!map_.HasContent()) {
         return true;
     }

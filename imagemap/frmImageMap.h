@@ -17,8 +17,13 @@ class EditorPanels;
 class HelpViewer;
 class InsertCommand;
 class MapFields;
+class MapOpening;
 class PictureCommands;
 class QShortcut;
+class UpdateCommand;
+struct HtmlSpan;
+struct MapPlace;
+struct PageMaps;
 
 /**
  * The image map editor: a picture to draw areas on, the list of the areas, the picture's attributes.
@@ -45,6 +50,15 @@ public:
     void OpenImage();
     /** Opens the picture `path`, which was named otherwise than in a dialog. */
     void OpenNamedImage(const QString& path);
+    /** Opens the map at `place` of the document, which is `page` and has `maps`; brings back the one that is
+     * open if it is that. */
+    void EditPageMap(const QString& page, const PageMaps& maps, const MapPlace& place);
+    /** Opens the picture of the document whose tag is at `place`, for a new map. */
+    void MapPagePicture(const QString& page, const PageMaps& maps, const HtmlSpan& place);
+    /** Asks before changes of a page's map are lost that the page has not got; false to go on with them. */
+    [[nodiscard]] bool MayLeavePageMap();
+    /** The program ends: a map of the page goes without being asked for again. */
+    void ForgetPageMap();
     void NewImageMap();
     void GenerateMap();
     void CloseImageMapEditor();
@@ -76,6 +90,7 @@ private:
     void CreateDrawing();
     void CreateAreaParts();
     void CreatePictureCommands();
+    [[nodiscard]] MapOpening Opening();
     void ShowPicture(const QString& path, const QImage& picture);
     void ShowPictureFile(const QString& path);
     void Pictures_Renewed(const QImage& picture);
@@ -84,6 +99,7 @@ private:
     void Drawing_FigureCommandsEnabled(bool enable);
     void ShowHint();
     [[nodiscard]] bool DiscardMap();
+    [[nodiscard]] bool LeavePageMap();
     [[nodiscard]] bool QueryUnload();
 
     ImgMap& imgMap_;
@@ -96,6 +112,7 @@ private:
     std::unique_ptr<EditorPanels> panels_;
     std::unique_ptr<EditorDialogs> dialogs_;
     std::unique_ptr<EditorDrawing> drawing_;
+    UpdateCommand* update_ = nullptr;
     std::unique_ptr<InsertCommand> insert_;
     AreaCommands* areaCommands_ = nullptr;
     PictureCommands* pictures_ = nullptr;

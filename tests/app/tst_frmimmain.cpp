@@ -159,7 +159,10 @@ void tst_frmimmain::menusHaveTheirEntriesInOrder_data()
                                              { "mnuPComplete", "Tag Comp&letion", "" },
                                              { "mnuPFormat", "Form&at Page", "" },
                                              { "mnuPSep5" },
-                                             { "mnuPCheck", "Chec&k Page", "" } };
+                                             { "mnuPCheck", "Chec&k Page", "" },
+                                             { "mnuPSep6" },
+                                             { "mnuPEditMap", "&Edit Image Map...", "Ctrl+M" },
+                                             { "mnuPToToday", "&Bring Map up to Date", "" } };
     QTest::newRow("mnuHelp") << "&Help"
                              << QList<Line>{ { "mnuHContents", "&Contents", "F1" },
                                              { "mnuHSearch", "&Search" },
@@ -217,7 +220,7 @@ void tst_frmimmain::everyCommandHasItsOwnShortcut()
     shortcuts.sort();
     QCOMPARE(
         shortcuts.join(u' '),
-        QStringLiteral("Ctrl++ Ctrl+- Ctrl+/ Ctrl+C Ctrl+D Ctrl+E Ctrl+F Ctrl+G Ctrl+H Ctrl+I "
+        QStringLiteral("Ctrl++ Ctrl+- Ctrl+/ Ctrl+C Ctrl+D Ctrl+E Ctrl+F Ctrl+G Ctrl+H Ctrl+I Ctrl+M "
                        "Ctrl+N Ctrl+O Ctrl+P Ctrl+S Ctrl+X "
                        "Ctrl+Y Ctrl+Z Del F1 F3 Shift+F3"));
 }

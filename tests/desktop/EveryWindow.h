@@ -3,8 +3,11 @@
 #include "app/FontDialog.h"
 #include "app/SourceEditor.h"
 #include "app/Startup.h"
+#include "app/TodayChange.h"
 #include "app/frmIMmain.h"
+#include "app/frmMapChange.h"
 #include "app/frmMapOptions.h"
+#include "app/frmPageMaps.h"
 #include "app/frmSplash.h"
 #include "help/HelpDisplay.h"
 #include "help/HelpWindow.h"
@@ -35,9 +38,10 @@ public:
     {
         QTest::addColumn<QByteArray>("window");
         for (const char* const name :
-             { "splash", "main", "links", "editor", "attributes", "area", "link-0", "link-1", "link-2",
-               "link-3", "link-4", "script-options", "preferences", "help-contents", "help-index",
-               "help-search", "font", "question" }) {
+             { "splash",      "main",           "links",       "editor",        "attributes",
+               "area",        "link-0",         "link-1",      "link-2",        "link-3",
+               "link-4",      "script-options", "preferences", "help-contents", "help-index",
+               "help-search", "font",           "question",    "page-maps",     "map-change" }) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
@@ -101,6 +105,16 @@ private:
             QWidget* const main = MainWindow(false);
             return Loaded(Keep(new frmMapOptions(imgMap_, *Find<SourceEditor>(main, "MapsText1"), main)));
         }
+        if (name == "page-maps") {
+            return Loaded(Keep(new frmPageMaps(imgMap_, PageMapsOfExample(), MainWindow(false))));
+        }
+        if (name == "map-change") {
+            TodayChange change;
+            change.before = QStringLiteral("<map name=house>\r\n</map>");
+            change.after = QStringLiteral("<p class=\"imap\">\r\n</p>");
+            change.notes << QStringLiteral("The new form has no place for these attributes: onclick");
+            return Loaded(Keep(new frmMapChange(imgMap_, change, MainWindow(false))));
+        }
         if (name == "font") {
             return Keep(new FontDialog(QFont(QStringLiteral("Courier New"), 10), nullptr));
         }
@@ -110,6 +124,16 @@ private:
                 QMessageBox::Yes | QMessageBox::No));
         }
         return Help(name);
+    }
+
+    static PageMapsModel* PageMapsOfExample()
+    {
+        QString page =
+            QStringLiteral("<img src=house.jpg usemap=#house>\r\n<map name=house><area href=house.htm "
+                           "coords=10,20,300,400></map>\r\n<map name=garden></map>\r\n<img src=tree.png>");
+        PageMaps maps = ReadPageMaps(page);
+        std::vector<MapPlace> places = MapPlacesOf(page, maps);
+        return new PageMapsModel(std::move(page), std::move(maps), std::move(places));
     }
 
     template<class Window> Window* Keep(Window* window)

@@ -106,6 +106,8 @@ void tst_keyboard::tabFollowsTheEye_data()
     row("script-options", "optJSOpt_0 cmdOK cmdHelp");
     // The field comes first, where the eye is; then on and around.
     row("preferences", "txtIndentValue cmdOK cmdClose optNoWordWrap");
+    row("map-change", "cmdOK cmdCancel txtBefore txtAfter");
+    row("page-maps", "lstMaps cmdOpen cmdClose");
     row("editor", "qt_tabwidget_tabbar txtName ListView1");
     row("attributes", "qt_tabwidget_tabbar txtAltDescript txtImgWidth txtImgHeight txtBorder txtHorSp "
                       "txtVertSp cmbAlign cmbMarkup");
@@ -124,8 +126,8 @@ void tst_keyboard::tabFollowsTheEye()
 void tst_keyboard::escapeClosesDialogs_data()
 {
     QTest::addColumn<QByteArray>("window");
-    for (const char* const name :
-         { "link-0", "link-3", "script-options", "preferences", "font", "help-contents", "question" }) {
+    for (const char* const name : { "link-0", "link-3", "script-options", "preferences", "font",
+                                    "help-contents", "question", "page-maps", "map-change" }) {
         QTest::newRow(name) << QByteArray(name);
     }
 }

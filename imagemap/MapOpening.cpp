@@ -1,0 +1,153 @@
+#include "imagemap/MapOpening.h"
+
+#include "imagemap/EditorPanels.h"
+#include "imagemap/MapFields.h"
+#include "imagemap/PastedPictures.h"
+#include "imagemap/UpdateCommand.h"
+#include "imagemap/model/MapDocument.h"
+#include "imagemap/origin/PagePicture.h"
+#include "imagemap/picture/AnyPicture.h"
+#include "mapreader/PageTag.h"
+#include "shared/FileWriting.h"
+#include "shared/Paths.h"
+#include "widgets/FileDialog.h"
+#include "widgets/WindowHelpers.h"
+
+#include <QBuffer>
+#include <QMainWindow>
+#include <utility>
+
+namespace {
+
+constexpr const char* groundFormat = "png";
+constexpr QStringView plainGroundNote = u"The picture was not found: the areas are on a plain ground";
+constexpr QStringView scaledNote =
+    u"The page shows the picture in another size: coordinates are written in that size";
+
+/** As much of a reference as a title has room for. */
+QString ShortName(const QString& reference)
+{
+    constexpr qsizetype most = 60;
+    return reference.size() > most ? QString(u"..." + reference.right(most)) : reference;
+}
+
+QByteArray BytesOf(const QImage& picture)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    return buffer.open(QIODevice::WriteOnly) && picture.save(&buffer, groundFormat) ? bytes : QByteArray();
+}
+
+} // namespace
+
+/** A file of the program's own for a picture that has none: undoing finds pictures by their files. */
+QString MapOpening::KeptPath(const QByteArray& bytes)
+{
+    PastedPictures& kept = PastedPictures::Of(parts_.map, parts_.imgMap.ProgramFolder);
+    const QString path = kept.FreePath();
+    if (path.isEmpty() || bytes.isEmpty() || WriteWholeFile(path, bytes)) {
+        kept.Remove(path);
+        return {};
+    }
+    return path;
+}
+
+MapOpening::Ground MapOpening::FindGround(const ReturnedMap& map, const QString& base)
+{
+    const FoundPicture found = FindPicture(map.source.PictureReference, base, parts_.page.FileName());
+    const QString path = found.data.isEmpty() ? found.path : KeptPath(found.data);
+    if (path.isEmpty()) {
+        return AskForGround(map, {});
+    }
+    const PictureReading reading = ReadAnyPicture(path);
+    return reading.Picture.isNull() ? AskForGround(map, reading.Problem)
+                                    : Ground{ path, reading.Picture, {} };
+}
+
+MapOpening::Ground MapOpening::AskForGround(const ReturnedMap& map, const QString& problem)
+{
+    ShowDefaultPointer();
+    FileDialog dialog(
+        &parts_.window, QStringLiteral("CMDialog1"), QFileDialog::ExistingFile, otherPictureFilter);
+    const QString name = ShortName(map.source.PictureReference);
+    dialog.setWindowTitle(
+        name.isEmpty() ? QStringLiteral("Which picture has the map?")
+                       : QStringLiteral("Where is the picture %1?").arg(name));
+    const std::optional<QString> path = dialog.Choose();
+    GoToProgramFolder(parts_.imgMap);
+    const PictureReading reading = path ? ReadAnyPicture(*path) : PictureReading{ {}, problem };
+    if (!reading.Picture.isNull()) {
+        return { *path, reading.Picture, {} };
+    }
+    Ground ground = PlainGround(map);
+    if (path && !reading.Problem.isEmpty()) {
+        ground.note = reading.Problem;
+    }
+    return ground;
+}
+
+MapOpening::Ground MapOpening::PlainGround(const ReturnedMap& map)
+{
+    const QSize size =
+        map.coordinateSize.isEmpty()
+            ? SizeOfGround(PixelsOf(map.source.Width), PixelsOf(map.source.Height), map.source.Areas)
+            : SizeOfGround(map.coordinateSize.width(), map.coordinateSize.height(), {});
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    return { KeptPath(BytesOf(picture)), picture, plainGroundNote.toString() };
+}
+
+void MapOpening::Open(ReturnedMap map, const QString& text, const QString& base)
+{
+    ShowHourglass();
+    Ground ground = FindGround(map, base);
+    if (FitToPicture(map, ground.picture.size())) {
+        ground.note = scaledNote.toString();
+    }
+    Show(map, ground);
+    ShowDefaultPointer();
+    parts_.page.Select({ map.place.offset, map.place.length });
+    parts_.update.TakeRead(std::move(map), text);
+    if (!ground.note.isEmpty()) {
+        parts_.panels.ShowHint(ground.note);
+    }
+}
+
+void MapOpening::OpenPicture(const QString& text, const HtmlSpan& place, const QString& base)
+{
+    const PageTag tag(text, place);
+    const auto value = [&tag](const char* name) { return tag.Value(QLatin1String(name)); };
+    ReturnedMap map;
+    const QString usemap = value("usemap");
+    map.source.MapName = usemap.mid(usemap.indexOf(u'#') + 1);
+    map.source.PictureReference = value("src");
+    map.source.AltText = value("alt");
+    map.source.Width = value("width");
+    map.source.Height = value("height");
+    ShowHourglass();
+    const Ground ground = FindGround(map, base);
+    Show(map, ground);
+    ShowDefaultPointer();
+    parts_.page.Select({ place.offset, place.length });
+    if (!ground.note.isEmpty()) {
+        parts_.panels.ShowHint(ground.note);
+    }
+}
+
+void MapOpening::Show(const ReturnedMap& map, const Ground& ground)
+{
+    {
+        const MapDocument::Step step(parts_.map, QStringLiteral("Opening of a Map"));
+        parts_.map.ForgetAreas();
+        parts_.map.SetPicture(ground.path);
+        parts_.map.Script().SetMode(map.mode);
+        if (const std::optional<LinkField> field = RulesOf(map.mode).modeDefault) {
+            LinkEntry entry;
+            entry.SetText(*field, map.source.ModeDefault);
+            parts_.map.Script().TakeModeDefault(entry);
+        }
+        parts_.map.ChangeAreas(map.source.Areas, QStringLiteral("Opening of a Map"));
+    }
+    parts_.showPicture(ground.path, ground.picture);
+    parts_.fields.ShowTyped(map.source);
+}

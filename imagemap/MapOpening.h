@@ -1,0 +1,61 @@
+#pragma once
+
+#include "mapback/ReturnedMap.h"
+
+#include <QImage>
+#include <functional>
+
+class EditorPanels;
+class MapDocument;
+class MapFields;
+class PageDocument;
+class QMainWindow;
+class UpdateCommand;
+struct ImgMap;
+
+/** A map of a page opens in the editor: with its picture and fields, and its areas as if they had been drawn.
+ */
+class MapOpening
+{
+public:
+    /** What it works on, all of which lives as long. */
+    struct Parts
+    {
+        QMainWindow& window;
+        const ImgMap& imgMap;
+        MapDocument& map;
+        PageDocument& page;
+        MapFields& fields;
+        EditorPanels& panels;
+        UpdateCommand& update;
+        std::function<void(const QString& path, const QImage& picture)> showPicture;
+    };
+
+    explicit MapOpening(const Parts& parts)
+        : parts_(parts)
+    {
+    }
+
+    /** Opens `map`, which `text`, the page, has; `base` is the address that its references count from. */
+    void Open(ReturnedMap map, const QString& text, const QString& base);
+
+    /** Opens the picture whose tag is at `place` of the page, for a new map. */
+    void OpenPicture(const QString& text, const HtmlSpan& place, const QString& base);
+
+private:
+    /** A picture to draw on, and what is to be told of it. */
+    struct Ground
+    {
+        QString path;
+        QImage picture;
+        QString note;
+    };
+
+    [[nodiscard]] Ground FindGround(const ReturnedMap& map, const QString& base);
+    [[nodiscard]] Ground AskForGround(const ReturnedMap& map, const QString& problem);
+    [[nodiscard]] Ground PlainGround(const ReturnedMap& map);
+    [[nodiscard]] QString KeptPath(const QByteArray& bytes);
+    void Show(const ReturnedMap& map, const Ground& ground);
+
+    Parts parts_;
+};

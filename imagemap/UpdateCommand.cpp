@@ -1,0 +1,233 @@
+#include "imagemap/UpdateCommand.h"
+
+#include "imagemap/EditorPanels.h"
+#include "imagemap/MapFields.h"
+#include "imagemap/PicturePane.h"
+#include "imagemap/TodayInsert.h"
+#include "imagemap/model/MapDocument.h"
+#include "imagemap/origin/AreaMatching.h"
+#include "mapback/MapUpdate.h"
+#include "widgets/WindowHelpers.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+constexpr QStringView updateQuestion =
+    u"The page does not have your changes of its map yet.\n\nUpdate the page?";
+constexpr QStringView goneText = u"The map is in the page no more, or was changed there so that it cannot be "
+                                 u"read.\nInsert puts it in at the caret !";
+constexpr QStringView refusedText =
+    u"The changes cannot be written: code of a template is in their way, or the form of the map in the page "
+    u"has no room for them !";
+constexpr QStringView lossesQuestion = u"The page was changed by hand meanwhile:";
+constexpr qsizetype mostLossesTold = 8;
+
+/** The line on which a place of the page is, from 1. */
+int LineOf(QStringView page, qsizetype offset)
+{
+    return int(page.first(offset).count(u'\n')) + 1;
+}
+
+} // namespace
+
+UpdateCommand::UpdateCommand(const Parts& parts)
+    : QObject(&parts.window)
+    , parts_(parts)
+    , origins_(MapOrigins::Of(parts_.map))
+    , serial_(parts_.map.Serial())
+{
+    parts_.menu.addSeparator()->setObjectName(QStringLiteral("mnuASep5"));
+    entry_ = parts_.menu.addAction(QStringLiteral("&Update Page"));
+    entry_->setObjectName(QStringLiteral("mnuAUpdatePage"));
+    entry_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
+    const auto nameLast = [this] {
+        QAction* const last = parts_.toolbar.actions().constLast();
+        last->setObjectName(
+            QStringLiteral("%1_%2").arg(parts_.toolbar.objectName()).arg(parts_.toolbar.actions().size()));
+        return last;
+    };
+    parts_.toolbar.addSeparator();
+    (void)nameLast();
+    button_ = parts_.toolbar.addAction(
+        QIcon(QStringLiteral(":/icons/map-update.svg")), QStringLiteral("Update Page"));
+    (void)nameLast();
+    button_->setToolTip(QStringLiteral("Update Page"));
+    auto* const face = qobject_cast<QToolButton*>(parts_.toolbar.widgetForAction(button_));
+    face->setAccessibleName(QStringLiteral("Update Page"));
+    face->setAutoRaise(true);
+    connect(entry_, &QAction::triggered, this, &UpdateCommand::Update);
+    connect(button_, &QAction::triggered, this, &UpdateCommand::Update);
+    connect(&origins_, &MapOrigins::Changed, this, &UpdateCommand::Enable);
+    connect(&parts_.map.History(), &MapHistory::Changed, this, &UpdateCommand::History_Changed);
+    Enable();
+}
+
+void UpdateCommand::Enable()
+{
+    const MapOrigin* const origin = origins_.Present();
+    const bool isThere = origin != nullptr && origin->IsThere();
+    entry_->setEnabled(isThere);
+    button_->setEnabled(isThere);
+}
+
+/** What leads to another map leads to its fields too. */
+void UpdateCommand::History_Changed()
+{
+    Enable();
+    if (parts_.map.Serial() == serial_) {
+        return;
+    }
+    serial_ = parts_.map.Serial();
+    if (const MapOrigin* const origin = origins_.Present()) {
+        parts_.fields.SetTexts(origin->Shown().fields);
+    }
+}
+
+ShownMap UpdateCommand::Shown(const ReturnedMap* read) const
+{
+    const MapScript& script = parts_.map.Script();
+    // In a tag without a size, the picture's own must not become one.
+    const bool isOwnForm = read == nullptr || read->form.has_value();
+    ShownMap shown{ { script.Mode(), isOwnForm ? parts_.fields.Source() : parts_.fields.TypedSource() },
+                    parts_.fields.Texts() };
+    shown.map.source.ModeDefault = script.ModeDefault();
+    shown.map.source.Areas = parts_.map.Areas();
+    if (read != nullptr) {
+        shown.map.source.PictureReference = read->source.PictureReference;
+    }
+    return shown;
+}
+
+void UpdateCommand::TakeInserted(std::unique_ptr<AnchoredRange> range)
+{
+    origins_.Set(std::make_unique<MapOrigin>(std::move(range), Shown(nullptr)));
+}
+
+void UpdateCommand::TakeRead(ReturnedMap read, const QString& page)
+{
+    serial_ = parts_.map.Serial();
+    std::unique_ptr<AnchoredRange> range = parts_.page.Anchor({ read.place.offset, read.place.length });
+    ShownMap shown = Shown(&read);
+    const QString text = TextOf(page, read);
+    if (MapOrigin* const origin = origins_.Present()) {
+        origin->Agree(std::move(read), std::move(range), text, std::move(shown));
+        Enable();
+        return;
+    }
+    origins_.Set(std::make_unique<MapOrigin>(std::move(read), std::move(range), text, std::move(shown)));
+}
+
+bool UpdateCommand::IsOfPage() const
+{
+    const MapOrigin* const origin = origins_.Present();
+    return origin != nullptr && origin->IsOfPage() && origin->IsThere();
+}
+
+bool UpdateCommand::IsOpen(QStringView page, const HtmlSpan& place) const
+{
+    return IsOfPage() && origins_.Present()->Read()->place == place && origins_.Present()->IsAsRead(page);
+}
+
+bool UpdateCommand::HasUnwrittenChanges() const
+{
+    if (!IsOfPage()) {
+        return false;
+    }
+    const ShownMap& agreed = origins_.Present()->Shown();
+    const MapScript& script = parts_.map.Script();
+    return parts_.map.Areas() != agreed.map.source.Areas || script.Mode() != agreed.map.mode ||
+           script.ModeDefault() != agreed.map.source.ModeDefault || parts_.fields.Texts() != agreed.fields;
+}
+
+bool UpdateCommand::MayLeave()
+{
+    if (!HasUnwrittenChanges()) {
+        return true;
+    }
+    const QMessageBox::StandardButton answer = ShowMessage(
+        &parts_.window, QMessageBox::Question, updateQuestion.toString(),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    return answer == QMessageBox::No || (answer == QMessageBox::Yes && Update());
+}
+
+bool UpdateCommand::Update()
+{
+    MapOrigin* const origin = origins_.Present();
+    if (origin == nullptr || !origin->IsThere() || !parts_.begin()) {
+        return false;
+    }
+    const QString page = parts_.page.Text();
+    const ReturnedMap* const read = origin->Read();
+    if (read != nullptr && origin->IsAsRead(page)) {
+        return Write(page, ReturnedMap(*read), Shown(read).map);
+    }
+    std::optional<ReturnedMap> now = origin->ReadAgain(page);
+    if (!now) {
+        ShowMessage(&parts_.window, QMessageBox::Information, goneText.toString());
+        return false;
+    }
+    const PictureSurface& surface = parts_.pane.Surface();
+    (void)FitToPicture(*now, { surface.PictureWidth(), surface.PictureHeight() });
+    const EditedMap shown = Shown(&*now).map;
+    KeepSources(now->source.Areas, origin->Shown().map.source.Areas, shown.source.Areas);
+    const MergedMap merged = Merge(origin->Shown().map, shown, { now->mode, now->source });
+    return MayLose(merged.losses) && Write(page, *now, merged.map);
+}
+
+bool UpdateCommand::MayLose(const QStringList& losses)
+{
+    if (losses.isEmpty()) {
+        return true;
+    }
+    QStringList told = losses.mid(0, mostLossesTold);
+    if (losses.size() > mostLossesTold) {
+        told << QStringLiteral("and %1 more").arg(losses.size() - mostLossesTold);
+    }
+    return AskYesNo(
+        &parts_.window, lossesQuestion + QStringLiteral("\n\n") + told.join(u'\n') +
+                            QStringLiteral("\n\nUpdate the page all the same?"));
+}
+
+bool UpdateCommand::Write(const QString& page, const ReturnedMap& was, const EditedMap& now)
+{
+    const PictureSurface& surface = parts_.pane.Surface();
+    const MapPicture picture{ parts_.map.Picture(), { surface.PictureWidth(), surface.PictureHeight() } };
+    QString rest = page;
+    rest.remove(was.place.offset, was.place.length);
+    const std::optional<MapUpdate> update =
+        UpdateMap(page, was, now.mode, now.source, ContextOf(parts_.page, page, rest, picture));
+    if (!update) {
+        ShowMessage(&parts_.window, QMessageBox::Information, refusedText.toString());
+        return false;
+    }
+    parts_.page.Replace(update->changes);
+    Show(now);
+    TakeRead(update->after, parts_.page.Text());
+    parts_.panels.ShowHint(
+        update->changes.isEmpty() ? QStringLiteral("The page says the same already")
+                                  : QStringLiteral("Updated in line %1")
+                                        .arg(LineOf(parts_.page.Text(), update->after.place.offset)));
+    return true;
+}
+
+/** What was changed by hand in the page is shown too. */
+void UpdateCommand::Show(const EditedMap& merged)
+{
+
+    const MapDocument::Step step(parts_.map, QStringLiteral("Reading of the Page"));
+    if (merged.mode != parts_.map.Script().Mode()) {
+        parts_.map.Script().SetMode(merged.mode);
+    }
+    if (merged.source.ModeDefault != parts_.map.Script().ModeDefault()) {
+        parts_.map.Script().SetModeDefault(merged.source.ModeDefault);
+    }
+    if (merged.source.Areas != parts_.map.Areas()) {
+        parts_.map.ChangeAreas(merged.source.Areas, QStringLiteral("Reading of the Page"));
+    }
+    parts_.fields.ShowOther(merged.source);
+}

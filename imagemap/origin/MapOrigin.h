@@ -1,0 +1,60 @@
+#pragma once
+
+#include "imagemap/origin/MapMerge.h"
+#include "mapback/ReturnedMap.h"
+#include "shared/PageDocument.h"
+
+#include <QMap>
+#include <memory>
+
+/** What an editor showed of a map at one moment. */
+struct ShownMap
+{
+    EditedMap map;
+    QMap<QString, QString> fields; ///< what was in the editor's fields, by their names
+};
+
+/**
+ * Where a map came from: the part of a page that it was read from, or put into, and what it was when the two
+ * agreed last.
+ */
+class MapOrigin
+{
+public:
+    /** A map that was read from a page, at `range`. */
+    MapOrigin(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);
+
+    /** A map that was put into a page, at `range`; what stands there is read when it is needed. */
+    MapOrigin(std::unique_ptr<AnchoredRange> range, ShownMap shown);
+
+    /** Whether its page is still the document. */
+    [[nodiscard]] bool IsThere() const { return range_ != nullptr && range_->IsThere(); }
+
+    /** Whether the page has had the map from the beginning, or was given it by an update: what agrees with it
+     * can go without a question. */
+    [[nodiscard]] bool IsOfPage() const { return read_.has_value(); }
+
+    /** The map as it was read last; nullptr while it never was. */
+    [[nodiscard]] const ReturnedMap* Read() const { return read_ ? &*read_ : nullptr; }
+
+    /** What was shown when map and page agreed last. */
+    [[nodiscard]] const ShownMap& Shown() const { return shown_; }
+
+    /** Whether the page has at the same place what Read() was read from. */
+    [[nodiscard]] bool IsAsRead(QStringView page) const;
+
+    /** Reads the map again where it is now; nothing if it is there no more, or cannot be read. */
+    [[nodiscard]] std::optional<ReturnedMap> ReadAgain(QStringView page) const;
+
+    /** Map and page agree: `read` is what the page has at `range`, which holds `text`. */
+    void Agree(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);
+
+private:
+    std::unique_ptr<AnchoredRange> range_;
+    QString text_; ///< of the range and of the picture's tag when they were read
+    std::optional<ReturnedMap> read_;
+    ShownMap shown_;
+};
+
+/** What a page has at the places of `map`; while it stays the same, so do they. */
+[[nodiscard]] QString TextOf(QStringView page, const ReturnedMap& map);
