@@ -64,8 +64,8 @@ struct PageMaps
     std::vector<HtmlSpan> areas; ///< their tags, those outside of maps too
     std::vector<PagePicture> pictures;
     std::vector<HtmlSpan> plainPictures; ///< the tags of those without `usemap`
-    HtmlSpan baseTag; ///< the first `base` with an address; empty if there is none
-    QString base;     ///< that address
+    HtmlSpan baseTag;                    ///< the first `base` with an address; empty if there is none
+    QString base;                        ///< that address
     /** Where something begins that is like what this program writes: its comment, or its shapes. */
     std::vector<qsizetype> ownStarts;
 
