@@ -10,6 +10,8 @@ namespace {
 
 constexpr int attributeNameColumn = 0;
 constexpr int attributeValueColumn = 1;
+/** Room in a row beside its text, in pixels. */
+constexpr int rowAir = 8;
 constexpr QStringView codeTip = u"Code for a template or a server: it is left as it is";
 constexpr QStringView refusedTip = u"No tag can have that attribute, or code stands in its way";
 
@@ -23,7 +25,9 @@ AreaAttributes::AreaAttributes(const Parts& parts)
     table.setColumnCount(2);
     table.setHorizontalHeaderLabels({ QStringLiteral("Attribute"), QStringLiteral("Value") });
     table.horizontalHeader()->setStretchLastSection(true);
+    table.horizontalHeader()->setHighlightSections(false);
     table.verticalHeader()->hide();
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().lineSpacing() + rowAir);
     table.installEventFilter(this);
     connect(&table, &QTableWidget::itemChanged, this, &AreaAttributes::tblAttributes_Changed);
     connect(
