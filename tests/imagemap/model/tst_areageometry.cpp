@@ -80,9 +80,9 @@ void tst_areageometry::aClickHitsWhatItWouldInABrowser()
 
 void tst_areageometry::anAreaWithoutItsNumbersIsNowhere()
 {
-    for (const MapArea& area : { Rectangle({ 0, 0, 10 }), Circle({ 5, 5 }), Circle({ 5, 5, -1 }),
-                                 Polygon({ 0, 0, 9, 9 }), Polygon({}),
-                                 MapArea{ AreaShape::Default, {}, "rest.html", "", "" } }) {
+    for (const MapArea& area :
+         { Rectangle({ 0, 0, 10 }), Circle({ 5, 5 }), Circle({ 5, 5, -1 }), Polygon({ 0, 0, 9, 9 }),
+           Polygon({}), MapArea{ AreaShape::Default, {}, "rest.html", "", "" } }) {
         QVERIFY(!Contains(area, { 5, 5 }));
         QVERIFY(HandlesOf(area).isEmpty());
         QCOMPARE(Resized(area, { 3, 3 }), area);
