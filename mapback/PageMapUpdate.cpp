@@ -72,6 +72,7 @@ private:
     {
         return AttributesFor(area, mode_, scale_);
     }
+    [[nodiscard]] MapAreas AreasAfter(const Changes& changes, const HtmlSpan& place) const;
     [[nodiscard]] ReturnedMap After(const Changes& changes) const;
 
     QStringView page_;
@@ -211,11 +212,25 @@ bool PageMapUpdater::ChangePicture(Changes& changes, const TodayPage& context) c
     return ofPicture.has_value();
 }
 
+/** The areas of the map in `place` once the changes are made. */
+MapAreas PageMapUpdater::AreasAfter(const Changes& changes, const HtmlSpan& place) const
+{
+    const QString alone = Replaced(was_.place.In(page_), Within(changes, was_.place), was_.place.offset);
+    const PageMaps inIt = ReadPageMaps(alone);
+    if (!inIt.maps.empty() && inIt.maps.front().areaCount == now_.Areas.size()) {
+        return ReadPageMap(alone, inIt, 0).source.Areas;
+    }
+    // What is around it may decide what is in it.
+    const QString page = Replaced(page_, changes, 0);
+    const PageMaps all = ReadPageMaps(page);
+    const auto found = std::ranges::find(all.maps, place, &PageMap::whole);
+    return found != all.maps.end() ? ReadPageMap(page, all, found - all.maps.begin()).source.Areas
+                                   : MapAreas();
+}
+
 /** What stands in the page once the changes are made. */
 ReturnedMap PageMapUpdater::After(const Changes& changes) const
 {
-    const QString text = Replaced(was_.place.In(page_), Within(changes, was_.place), was_.place.offset);
-    const PageMaps maps = ReadPageMaps(text);
     ReturnedMap after = was_;
     after.place = Moved(was_.place, changes);
     after.picture = was_.picture.length == 0 ? HtmlSpan() : Moved(was_.picture, changes);
@@ -223,10 +238,7 @@ ReturnedMap PageMapUpdater::After(const Changes& changes) const
     after.pictureSize = pictureSize_;
     after.coordinateSize = coordinateSize_;
     after.source = now_;
-    after.source.Areas.clear();
-    if (!maps.maps.empty()) {
-        after.source.Areas = ReadPageMap(text, maps, 0).source.Areas;
-    }
+    after.source.Areas = AreasAfter(changes, after.place);
     QSet<int> sources; // a copy of an area has the same
     for (qsizetype i = 0; i < after.source.Areas.size(); ++i) {
         MapArea& area = after.source.Areas[i];
