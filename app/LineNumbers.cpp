@@ -41,7 +41,8 @@ LineNumbers::LineNumbers(SourceEditor& editor)
 
 QSize LineNumbers::sizeHint() const
 {
-    const int digits = std::max(static_cast<int>(QString::number(editor_.Lines()).size()), leastDigits);
+    const int digits =
+        std::max(static_cast<int>(QString::number(LineCount(*editor_.document())).size()), leastDigits);
     const double digit = QFontMetricsF(font()).horizontalAdvance(u'0');
     return { static_cast<int>(std::ceil((digits + 2 * sideRoom) * digit)), 0 };
 }

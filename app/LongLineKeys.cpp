@@ -4,7 +4,11 @@
 #include "app/source/LineFitter.h"
 #include "app/source/LongLines.h"
 
+#include <QAction>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <algorithm>
@@ -288,8 +292,36 @@ void LongLineKeys::SettleAfter(const QKeyEvent& key)
     LeaveJoint(std::ranges::find(rowKeys, key.key()) != rowKeys.end());
 }
 
-void LongLineKeys::SettleAfterMouse(bool mayBeLine)
+bool LongLineKeys::ShowMenu(const QContextMenuEvent& event)
 {
+    if (LineCount(*editor_.document()) == editor_.blockCount()) {
+        return false;
+    }
+    QMenu* const menu = editor_.createStandardContextMenu(event.pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    // What these entries do of themselves would leave pieces that do not fit.
+    const auto take = [this, menu](const char* name, void (SourceEditor::*act)()) {
+        if (const auto* const entry = menu->findChild<QAction*>(QString::fromLatin1(name))) {
+            QObject::disconnect(entry, &QAction::triggered, nullptr, nullptr);
+            QObject::connect(entry, &QAction::triggered, &editor_, act);
+        }
+    };
+    take("edit-cut", &SourceEditor::CutText);
+    take("edit-delete", &SourceEditor::DeleteText);
+    menu->popup(event.globalPos());
+    return true;
+}
+
+void LongLineKeys::SettleAfterMouse(const QEvent& event)
+{
+    constexpr std::array mouseEvents = { QEvent::MouseButtonPress, QEvent::MouseMove,
+                                         QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick };
+    if (std::ranges::find(mouseEvents, event.type()) == mouseEvents.end()) {
+        return;
+    }
+    // A third click selects a line.
+    const bool mayBeLine = event.type() == QEvent::MouseButtonPress &&
+                           !static_cast<const QMouseEvent&>(event).modifiers().testFlag(Qt::ShiftModifier);
     QTextCursor caret = editor_.textCursor();
     const QTextBlock block = caret.document()->findBlock(caret.anchor());
     const bool isWhole = caret.anchor() == block.position() && caret.position() >= EndOf(block);

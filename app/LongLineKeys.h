@@ -1,5 +1,7 @@
 #pragma once
 
+class QContextMenuEvent;
+class QEvent;
 class QKeyEvent;
 class SourceEditor;
 
@@ -18,8 +20,12 @@ public:
     /** Puts the caret right after the editor has done what `key` does. */
     void SettleAfter(const QKeyEvent& key);
 
-    /** The same after the mouse was used; `mayBeLine` if the click may have selected a line. */
-    void SettleAfterMouse(bool mayBeLine);
+    /** The same after the mouse has done what `event` tells; nothing after other events. */
+    void SettleAfterMouse(const QEvent& event);
+
+    /** Shows the menu that `event` asks for, if it would leave pieces that do not fit; whether that was so.
+     */
+    [[nodiscard]] bool ShowMenu(const QContextMenuEvent& event);
 
     /** Takes caret and selection away from the front of a joint; the caret goes behind it, or stays in its
      * row. */

@@ -74,9 +74,9 @@ void PageCommands::mnuPGoTo_Click()
     QInputDialog dialog(window_);
     dialog.setObjectName(QStringLiteral("frmGoTo"));
     dialog.setWindowTitle(QStringLiteral("Go to Line"));
-    dialog.setLabelText(QStringLiteral("Line, 1 to %1:").arg(editor_.Lines()));
+    dialog.setLabelText(QStringLiteral("Line, 1 to %1:").arg(LineCount(*editor_.document())));
     dialog.setInputMode(QInputDialog::IntInput);
-    dialog.setIntRange(1, editor_.Lines());
+    dialog.setIntRange(1, LineCount(*editor_.document()));
     dialog.setIntValue(LineNumberOf(editor_.textCursor().block()) + 1);
     if (auto* const field = dialog.findChild<QSpinBox*>()) {
         field->setObjectName(QStringLiteral("txtLine"));

@@ -4,6 +4,7 @@
 #include "app/TodayChange.h"
 #include "app/frmMapChange.h"
 #include "app/frmPageMaps.h"
+#include "imagemap/MapOpening.h"
 #include "imagemap/frmImageMap.h"
 #include "shared/PageDocument.h"
 #include "widgets/WindowHelpers.h"
@@ -84,10 +85,10 @@ void PageMapCommands::ShowList(PageMapsModel* model)
 
 void PageMapCommands::Open(const PageMapsModel& model, int row)
 {
-    frmImageMap& editor = openEditor_();
+    MapOpening& opening = openEditor_().Opening();
     if (const MapPlace* const place = model.MapOf(row)) {
-        editor.EditPageMap(model.Page(), model.Maps(), *place);
+        opening.EditMap(model.Page(), model.Maps(), *place);
     } else if (const std::optional<HtmlSpan> picture = model.PictureOf(row)) {
-        editor.MapPagePicture(model.Page(), model.Maps(), *picture);
+        opening.MapPicture(model.Page(), model.Maps(), *picture);
     }
 }

@@ -11,13 +11,10 @@
 #include "widgets/CommandTable.h"
 #include "widgets/WindowHelpers.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMimeData>
 #include <QResizeEvent>
 #include <QTextDocument>
@@ -117,11 +114,6 @@ QString SourceEditor::SelectedLines() const
 {
     const QTextCursor caret = textCursor();
     return WithoutJoints(*document(), caret.selectedText(), caret.selectionStart());
-}
-
-int SourceEditor::Lines() const
-{
-    return LineCount(*document());
 }
 
 void SourceEditor::Select(qsizetype start, qsizetype length)
@@ -293,46 +285,18 @@ void SourceEditor::keyPressEvent(QKeyEvent* event)
 
 void SourceEditor::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (longLines_->Joints().isEmpty()) {
+    if (!keys_->ShowMenu(*event)) {
         QPlainTextEdit::contextMenuEvent(event);
-        return;
     }
-    QMenu* const menu = createStandardContextMenu(event->pos());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    // What these entries do of themselves would leave pieces that do not fit.
-    const auto take = [this, menu](const char* name, void (SourceEditor::*act)()) {
-        if (const auto* const entry = menu->findChild<QAction*>(QString::fromLatin1(name))) {
-            disconnect(entry, &QAction::triggered, nullptr, nullptr);
-            connect(entry, &QAction::triggered, this, act);
-        }
-    };
-    take("edit-cut", &SourceEditor::CutText);
-    take("edit-delete", &SourceEditor::DeleteText);
-    menu->popup(event->globalPos());
 }
 
-void SourceEditor::mousePressEvent(QMouseEvent* event)
+bool SourceEditor::viewportEvent(QEvent* event)
 {
-    QPlainTextEdit::mousePressEvent(event);
-    keys_->SettleAfterMouse(!event->modifiers().testFlag(Qt::ShiftModifier));
-}
-
-void SourceEditor::mouseMoveEvent(QMouseEvent* event)
-{
-    QPlainTextEdit::mouseMoveEvent(event);
-    keys_->SettleAfterMouse(false);
-}
-
-void SourceEditor::mouseReleaseEvent(QMouseEvent* event)
-{
-    QPlainTextEdit::mouseReleaseEvent(event);
-    keys_->SettleAfterMouse(false);
-}
-
-void SourceEditor::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    QPlainTextEdit::mouseDoubleClickEvent(event);
-    keys_->SettleAfterMouse(false);
+    const bool isDone = QPlainTextEdit::viewportEvent(event);
+    if (keys_ != nullptr) {
+        keys_->SettleAfterMouse(*event);
+    }
+    return isDone;
 }
 
 void SourceEditor::inputMethodEvent(QInputMethodEvent* event)

@@ -64,9 +64,6 @@ public:
     /** The same with a paragraph separator for a line end. */
     [[nodiscard]] QString SelectedLines() const;
 
-    /** How many lines the text has; one that the document holds in several blocks is one. */
-    [[nodiscard]] int Lines() const;
-
     /** Selects `length` characters from `start`; both are cut to the text. */
     void Select(qsizetype start, qsizetype length);
 
@@ -128,10 +125,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     void insertFromMimeData(const QMimeData* source) override;

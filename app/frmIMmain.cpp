@@ -18,6 +18,7 @@
 #include "app/rules/WindowLayout.h"
 #include "help/HelpDisplay.h"
 #include "help/HelpWindow.h"
+#include "imagemap/UpdateCommand.h"
 #include "imagemap/frmImageMap.h"
 #include "ui_frmIMmain.h"
 #include "widgets/ElidedLabel.h"
@@ -238,7 +239,7 @@ void frmIMmain::ExitProgram()
 void frmIMmain::closeEvent(QCloseEvent* event)
 {
     const bool isEditing = imageMapEditor_ != nullptr && imageMapEditor_->isVisible();
-    if ((isEditing && !imageMapEditor_->MayLeavePageMap()) || !QueryUnload()) {
+    if ((isEditing && !imageMapEditor_->Updating().MayLeave()) || !QueryUnload()) {
         event->ignore();
         return;
     }
@@ -249,7 +250,7 @@ void frmIMmain::closeEvent(QCloseEvent* event)
 void frmIMmain::Form_Unload()
 {
     if (imageMapEditor_ != nullptr) {
-        imageMapEditor_->ForgetPageMap();
+        imageMapEditor_->Updating().Forget();
     }
     recovery_->End();
     imgMap_.ContinueAction = true;

@@ -5,8 +5,10 @@
 #include "imagemap/PastedPictures.h"
 #include "imagemap/UpdateCommand.h"
 #include "imagemap/model/MapDocument.h"
+#include "imagemap/origin/MapOrigin.h"
 #include "imagemap/origin/PagePicture.h"
 #include "imagemap/picture/AnyPicture.h"
+#include "mapback/MapPlaces.h"
 #include "mapreader/PageTag.h"
 #include "shared/FileWriting.h"
 #include "shared/Paths.h"
@@ -39,6 +41,40 @@ QByteArray BytesOf(const QImage& picture)
 }
 
 } // namespace
+
+void MapOpening::EditMap(const QString& page, const PageMaps& maps, const MapPlace& place)
+{
+    if (!parts_.begin()) {
+        return;
+    }
+    std::optional<ReturnedMap> map = ReadMap(page, maps, place);
+    if (!map) {
+        ShowMessage(
+            &parts_.window, QMessageBox::Information,
+            QStringLiteral("The map was changed by hand, so that it cannot be read any more !"));
+        return;
+    }
+    const MapOrigin there(parts_.page.Anchor({ place.whole.offset, place.whole.length }), {});
+    if (parts_.update.IsOpen(page, place.whole) || !parts_.discard()) {
+        return;
+    }
+    // The map that went may have been written before.
+    const QString now = parts_.page.Text();
+    map = now == page ? map : there.ReadAgain(now);
+    if (map) {
+        Open(*map, now, maps.base);
+    }
+}
+
+void MapOpening::MapPicture(const QString& page, const PageMaps& maps, const HtmlSpan& place)
+{
+    const std::unique_ptr<AnchoredRange> there = parts_.page.Anchor({ place.offset, place.length });
+    if (parts_.begin() && parts_.discard()) {
+        const QString now = parts_.page.Text();
+        const TextSpan tag = now == page ? TextSpan{ place.offset, place.length } : there->Place();
+        OpenPicture(now, { tag.Start, tag.Length }, maps.base);
+    }
+}
 
 /** A file of the program's own for a picture that has none: undoing finds pictures by their files. */
 QString MapOpening::KeptPath(const QByteArray& bytes)

@@ -29,6 +29,8 @@ public:
         EditorPanels& panels;
         UpdateCommand& update;
         std::function<void(const QString& path, const QImage& picture)> showPicture;
+        std::function<bool()> begin; ///< gives up what is being drawn; false where a dialog is about to open
+        std::function<bool()> discard; ///< the map that is there goes; false if the user keeps it
     };
 
     explicit MapOpening(const Parts& parts)
@@ -36,13 +38,17 @@ public:
     {
     }
 
-    /** Opens `map`, which `text`, the page, has; `base` is the address that its references count from. */
-    void Open(ReturnedMap map, const QString& text, const QString& base);
+    /** Opens the map at `place` of the document, which is `page` and has `maps`; brings back the one that is
+     * open if it is that. */
+    void EditMap(const QString& page, const PageMaps& maps, const MapPlace& place);
 
-    /** Opens the picture whose tag is at `place` of the page, for a new map. */
-    void OpenPicture(const QString& text, const HtmlSpan& place, const QString& base);
+    /** Opens the picture of the document whose tag is at `place`, for a new map. */
+    void MapPicture(const QString& page, const PageMaps& maps, const HtmlSpan& place);
 
 private:
+    void Open(ReturnedMap map, const QString& text, const QString& base);
+    void OpenPicture(const QString& text, const HtmlSpan& place, const QString& base);
+
     /** A picture to draw on, and what is to be told of it. */
     struct Ground
     {

@@ -155,6 +155,13 @@ bool UpdateCommand::MayLeave()
     return answer == QMessageBox::No || (answer == QMessageBox::Yes && Update());
 }
 
+void UpdateCommand::Forget()
+{
+    if (IsOfPage()) {
+        parts_.map.Clear();
+    }
+}
+
 bool UpdateCommand::Update()
 {
     MapOrigin* const origin = origins_.Present();

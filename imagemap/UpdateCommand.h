@@ -59,6 +59,9 @@ public:
      */
     [[nodiscard]] bool MayLeave();
 
+    /** The map goes, if it is of the page: after MayLeave() has been asked. */
+    void Forget();
+
     /** The map is in the page at `range` since it was inserted. */
     void TakeInserted(std::unique_ptr<AnchoredRange> range);
 

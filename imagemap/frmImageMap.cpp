@@ -7,6 +7,7 @@
 #include "imagemap/EditorPanels.h"
 #include "imagemap/InsertCommand.h"
 #include "imagemap/MapFields.h"
+#include "imagemap/MapOpening.h"
 #include "imagemap/PictureCommands.h"
 #include "imagemap/UpdateCommand.h"
 #include "imagemap/ZoomControls.h"
@@ -109,6 +110,13 @@ void frmImageMap::CreateAreaParts()
     CreatePictureCommands();
     update_ = new UpdateCommand(
         { *this, areaCommands_->Menu(), *ui_->Toolbar2, map_, document_, *fields_, *panels_, pane, begin });
+    opening_ = std::make_unique<MapOpening>(
+        MapOpening::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, *update_,
+                           [this](const QString& path, const QImage& picture) {
+                               ShowPicture(path, picture);
+                               drawing_->Figures().ShowFigures();
+                           },
+                           begin, [this] { return DiscardMap(); } });
     insert_ = std::make_unique<InsertCommand>(
         InsertCommand::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, pane, *pictures_,
                               *ui_->ListView1, *ui_->SSTab1, *areaTab, *update_ });
@@ -160,7 +168,11 @@ void frmImageMap::CloseImageMapEditor()
 bool frmImageMap::DiscardMap()
 {
     if (update_->IsOfPage()) {
-        return LeavePageMap();
+        const bool mayLeave = update_->MayLeave();
+        if (mayLeave) {
+            map_.Clear();
+        }
+        return mayLeave;
     }
     if (!map_.HasContent()) {
         return true;
@@ -188,32 +200,14 @@ void frmImageMap::closeEvent(QCloseEvent* event)
     event->accept();
 }
 
-bool frmImageMap::MayLeavePageMap()
-{
-    return update_->MayLeave();
-}
-
-void frmImageMap::ForgetPageMap()
-{
-    if (update_->IsOfPage()) {
-        map_.Clear();
-    }
-}
-
-/** A map that the page has can go; one with changes that it has not only after a question. */
-bool frmImageMap::LeavePageMap()
-{
-    if (!MayLeavePageMap()) {
-        return false;
-    }
-    map_.Clear();
-    return true;
-}
-
 bool frmImageMap::QueryUnload()
 {
     if (update_->IsOfPage()) {
-        return LeavePageMap();
+        const bool mayLeave = update_->MayLeave();
+        if (mayLeave) {
+            map_.Clear();
+        }
+        return mayLeave;
     }
     if (!map_.HasContent()) {
         return true;

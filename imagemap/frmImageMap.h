@@ -21,9 +21,6 @@ class MapOpening;
 class PictureCommands;
 class QShortcut;
 class UpdateCommand;
-struct HtmlSpan;
-struct MapPlace;
-struct PageMaps;
 
 /**
  * The image map editor: a picture to draw areas on, the list of the areas, the picture's attributes.
@@ -50,15 +47,6 @@ public:
     void OpenImage();
     /** Opens the picture `path`, which was named otherwise than in a dialog. */
     void OpenNamedImage(const QString& path);
-    /** Opens the map at `place` of the document, which is `page` and has `maps`; brings back the one that is
-     * open if it is that. */
-    void EditPageMap(const QString& page, const PageMaps& maps, const MapPlace& place);
-    /** Opens the picture of the document whose tag is at `place`, for a new map. */
-    void MapPagePicture(const QString& page, const PageMaps& maps, const HtmlSpan& place);
-    /** Asks before changes of a page's map are lost that the page has not got; false to go on with them. */
-    [[nodiscard]] bool MayLeavePageMap();
-    /** The program ends: a map of the page goes without being asked for again. */
-    void ForgetPageMap();
     void NewImageMap();
     void GenerateMap();
     void CloseImageMapEditor();
@@ -77,6 +65,12 @@ public:
     /** The fields about the whole map. */
     [[nodiscard]] MapFields& Fields() const { return *fields_; }
 
+    /** By which maps of the page are opened. */
+    [[nodiscard]] MapOpening& Opening() const { return *opening_; }
+
+    /** What is between the map and its page. */
+    [[nodiscard]] UpdateCommand& Updating() const { return *update_; }
+
 Q_SIGNALS:
     /** A picture was opened, or saved, that is in the file `path`. */
     void PictureFileKnown(const QString& path);
@@ -90,7 +84,6 @@ private:
     void CreateDrawing();
     void CreateAreaParts();
     void CreatePictureCommands();
-    [[nodiscard]] MapOpening Opening();
     void ShowPicture(const QString& path, const QImage& picture);
     void ShowPictureFile(const QString& path);
     void Pictures_Renewed(const QImage& picture);
@@ -99,7 +92,6 @@ private:
     void Drawing_FigureCommandsEnabled(bool enable);
     void ShowHint();
     [[nodiscard]] bool DiscardMap();
-    [[nodiscard]] bool LeavePageMap();
     [[nodiscard]] bool QueryUnload();
 
     ImgMap& imgMap_;
@@ -113,6 +105,7 @@ private:
     std::unique_ptr<EditorDialogs> dialogs_;
     std::unique_ptr<EditorDrawing> drawing_;
     UpdateCommand* update_ = nullptr;
+    std::unique_ptr<MapOpening> opening_;
     std::unique_ptr<InsertCommand> insert_;
     AreaCommands* areaCommands_ = nullptr;
     PictureCommands* pictures_ = nullptr;

@@ -4,12 +4,9 @@
 #include "imagemap/AreaCommands.h"
 #include "imagemap/EditorPanels.h"
 #include "imagemap/MapFields.h"
-#include "imagemap/MapOpening.h"
 #include "imagemap/PictureCommands.h"
-#include "imagemap/UpdateCommand.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/picture/PictureFile.h"
-#include "mapback/MapPlaces.h"
 #include "shared/Paths.h"
 #include "ui_frmImageMap.h"
 #include "widgets/FileDialog.h"
@@ -42,49 +39,6 @@ void frmImageMap::OpenNamedImage(const QString& path)
 {
     if (drawing_->BeginCommand()) {
         pictures_->Open(path);
-    }
-}
-
-MapOpening frmImageMap::Opening()
-{
-    return MapOpening({ *this, imgMap_, map_, document_, *fields_, *panels_, *update_,
-                        [this](const QString& path, const QImage& picture) {
-                            ShowPicture(path, picture);
-                            drawing_->Figures().ShowFigures();
-                        } });
-}
-
-void frmImageMap::EditPageMap(const QString& page, const PageMaps& maps, const MapPlace& place)
-{
-    if (!drawing_->BeginCommand()) {
-        return;
-    }
-    std::optional<ReturnedMap> map = ReadMap(page, maps, place);
-    if (!map) {
-        ShowMessage(
-            this, QMessageBox::Information,
-            QStringLiteral("The map was changed by hand, so that it cannot be read any more !"));
-        return;
-    }
-    const MapOrigin there(document_.Anchor({ place.whole.offset, place.whole.length }), {});
-    if (update_->IsOpen(page, place.whole) || !DiscardMap()) {
-        return;
-    }
-    // The map that went may have been written before.
-    const QString now = document_.Text();
-    map = now == page ? map : there.ReadAgain(now);
-    if (map) {
-        Opening().Open(*map, now, maps.base);
-    }
-}
-
-void frmImageMap::MapPagePicture(const QString& page, const PageMaps& maps, const HtmlSpan& place)
-{
-    const std::unique_ptr<AnchoredRange> there = document_.Anchor({ place.offset, place.length });
-    if (drawing_->BeginCommand() && DiscardMap()) {
-        const QString now = document_.Text();
-        const TextSpan tag = now == page ? TextSpan{ place.offset, place.length } : there->Place();
-        Opening().OpenPicture(now, { tag.Start, tag.Length }, maps.base);
     }
 }
 

@@ -73,7 +73,8 @@ inline QString LongLinesFixture::Trouble() const
     if (joints != LongLines::Of(document)->Joints()) {
         return QStringLiteral("other joints are known than there are");
     }
-    return line == editor_->Lines() ? QString() : QStringLiteral("the count of lines is wrong");
+    return line == LineCount(*editor_->document()) ? QString()
+                                                   : QStringLiteral("the count of lines is wrong");
 }
 
 /** `length` characters of markup without a line end. */

@@ -1,6 +1,7 @@
 // Lines that are in several blocks of the document: nobody is to notice.
 
 #include "app/SyntaxColours.h"
+#include "app/source/LongLines.h"
 #include "app/source/TextSnapshot.h"
 #include "tests/app/LongLinesFixture.h"
 
@@ -51,7 +52,7 @@ void tst_longlines::onlyLongLinesAreInPieces()
     QCOMPARE(Joints(), 0);
     editor_->LoadText(MarkupLine(longLine - 1) + u'\n' + MarkupLine(longLine));
     QVERIFY(Joints() > 0);
-    QCOMPARE(editor_->Lines(), 2);
+    QCOMPARE(LineCount(*editor_->document()), 2);
     QCOMPARE(Trouble(), QString());
 }
 
@@ -196,10 +197,10 @@ void tst_longlines::typingMakesALongLineAndDeletingAShortOne()
     QVERIFY(Joints() > 0);
     Press(Qt::Key_Return);
     QCOMPARE(Joints(), 0);
-    QCOMPARE(editor_->Lines(), 2);
+    QCOMPARE(LineCount(*editor_->document()), 2);
     Press(Qt::Key_Backspace);
     QVERIFY(Joints() > 0);
-    QCOMPARE(editor_->Lines(), 1);
+    QCOMPARE(LineCount(*editor_->document()), 1);
 }
 
 void tst_longlines::rowsEndInFrontOfTheirLastCharacter()
