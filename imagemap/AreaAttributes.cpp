@@ -119,9 +119,10 @@ void AreaAttributes::RemoveCurrent()
 
 bool AreaAttributes::eventFilter(QObject* watched, QEvent* event)
 {
-    const auto* const key = static_cast<QKeyEvent*>(event);
-    const bool isDelete = (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) &&
-                          key->key() == Qt::Key_Delete && key->modifiers() == Qt::NoModifier;
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    const auto* const key = isKey ? static_cast<QKeyEvent*>(event) : nullptr;
+    const bool isDelete =
+        key != nullptr && key->key() == Qt::Key_Delete && key->modifiers() == Qt::NoModifier;
     if (isDelete && event->type() == QEvent::KeyPress) {
         RemoveCurrent();
         return true;

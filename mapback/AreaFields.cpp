@@ -108,10 +108,8 @@ Geometry GeometryOf(const QList<AreaAttribute>& attributes, const PictureScale& 
     MapArea drawn;
     drawn.Shape = geometry.shape;
     drawn.Coordinates = geometry.numbers;
-    if (!IsWhole(drawn)) {
-        geometry.numbers.clear();
-    }
-    return geometry;
+    // An emptied list keeps its room, which the sanitizers do not let Qt compare with none.
+    return IsWhole(drawn) ? geometry : Geometry{ .shape = geometry.shape, .numbers = {} };
 }
 
 /** What stands between the numbers of a list: within a pair, and between pairs. */

@@ -107,7 +107,7 @@ std::optional<TodayOutput> ReadTodayOutput(QStringView page, qsizetype start)
     for (TodayArea& area : map.Areas) {
         if (area == first && area.Coordinates == whole) {
             area.Shape = AreaShape::Default;
-            area.Coordinates.clear();
+            area.Coordinates = {};
         }
     }
     return Checked(page, start, MarkupForm::Today, mode, map);

@@ -116,7 +116,7 @@ MapArea Converted(const MapArea& area, AreaShape shape)
             area.Shape == AreaShape::Circle ? RoundPolygon(area.Coordinates) : CornersAsPolygon(bounds);
         break;
     case AreaShape::Default:
-        converted.Coordinates.clear();
+        converted.Coordinates = {};
         break;
     }
     return converted;

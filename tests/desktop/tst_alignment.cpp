@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScreen>
 #include <QToolBar>
@@ -316,14 +317,16 @@ void tst_alignment::everyTextIsInOneTypeface()
     }
     QWidget* const shown = every.Show(window);
     const QString family = QFontInfo(QFont(QStringLiteral("Tahoma"))).family();
-    const auto* const source = shown->findChild<SourceEditor*>();
+    const auto sources = shown->findChildren<QPlainTextEdit*>();
     QStringList others;
     QWidgetList parts = shown->findChildren<QWidget*>();
     const QMenu menu(shown);
     parts << shown;
     for (const QWidget* const part : std::as_const(parts)) {
-        // The source is in letters of one width, the font dialog has a sample of any font.
-        const bool isSource = source != nullptr && (part == source || source->isAncestorOf(part));
+        // Source is in letters of one width, the font dialog has a sample of any font.
+        const bool isSource = std::ranges::any_of(sources, [part](const QPlainTextEdit* source) {
+            return part == source || source->isAncestorOf(part);
+        });
         const bool isSample = window == "font" && part->inherits("QLineEdit");
         if (!isSource && !isSample && QFontInfo(part->font()).family() != family) {
             others << QStringLiteral("%1 %2: %3")

@@ -135,7 +135,9 @@ void tst_pagemapupdates::tagSaysWhatTheEditorShows()
     QCOMPARE(map.source.Areas.size(), 1);
     const MapArea& area = map.source.Areas[0];
     QTEST(int(area.Shape), "shape");
-    QTEST(area.Coordinates, "numbers");
+    QFETCH(const QList<int>, numbers);
+    // Qt compares the places of empty lists, which the sanitizers do not allow.
+    QVERIFY(numbers.isEmpty() ? area.Coordinates.isEmpty() : area.Coordinates == numbers);
     QCOMPARE(
         CoordinatesText(area).isEmpty(),
         area.Coordinates.isEmpty() && !tag.contains(QLatin1String("coords")));
