@@ -80,7 +80,7 @@ void MapOpening::MapPicture(const QString& page, const PageMaps& maps, const Htm
 QString MapOpening::KeptPath(const QByteArray& bytes)
 {
     PastedPictures& kept = PastedPictures::Of(parts_.map, parts_.imgMap.ProgramFolder);
-    const QString path = kept.FreePath();
+    QString path = kept.FreePath();
     if (path.isEmpty() || bytes.isEmpty() || WriteWholeFile(path, bytes)) {
         kept.Remove(path);
         return {};
