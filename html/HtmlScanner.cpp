@@ -19,8 +19,7 @@ bool StartsMarkup(const HtmlCursor& cursor, qsizetype behindAngle)
 } // namespace
 
 HtmlScanner::HtmlScanner(QStringView text, HtmlState state, HtmlEnd end)
-    : cursor_(text, end)
-    , state_(state)
+    : HtmlReading(text, state, end)
 {
 }
 
@@ -64,46 +63,6 @@ bool HtmlScanner::Next(HtmlPart& part)
         PassLineEnd();
     }
     return false;
-}
-
-/** What a line end makes of the modes that do not outlast it; all others were left in sight of it. */
-void HtmlScanner::PassLineEnd()
-{
-    if (state_.mode == HtmlMode::AfterQuotedValue) {
-        state_.mode = HtmlMode::InTag;
-    } else if (state_.mode == HtmlMode::CommentStart) {
-        state_.mode = HtmlMode::Comment;
-    }
-}
-
-bool HtmlScanner::Emit(HtmlPartKind kind, qsizetype length, HtmlMode next)
-{
-    part_ = { .place = { cursor_.at, length }, .kind = kind };
-    cursor_.at += length;
-    state_.mode = next;
-    return true;
-}
-
-bool HtmlScanner::EmitError(HtmlPartKind kind, qsizetype length, HtmlMode next)
-{
-    (void)Emit(kind, length, next);
-    part_.isError = true;
-    return true;
-}
-
-/** Makes a text of what stands before `end`, without a change of mode. */
-bool HtmlScanner::EmitText(HtmlContent content, qsizetype end)
-{
-    (void)Emit(HtmlPartKind::Text, end - cursor_.at, state_.mode);
-    part_.content = content;
-    return true;
-}
-
-/** Makes a part of the text up to `end`, and when there is none, of what closes it. */
-bool HtmlScanner::ReadUpTo(HtmlPartKind kind, qsizetype end, HtmlPartKind closing, qsizetype closingLength)
-{
-    return end > cursor_.at ? Emit(kind, end - cursor_.at, state_.mode)
-                            : Emit(closing, closingLength, HtmlMode::Data);
 }
 
 bool HtmlScanner::ReadData()
@@ -190,16 +149,16 @@ bool HtmlScanner::ReadComment()
         end = cursor_.Find(u"--", end + 1);
     }
     const qsizetype closing = cursor_.At(end + 2) == '!' ? 4 : 3;
-    return ReadUpTo(HtmlPartKind::Comment, end, HtmlPartKind::CommentClose, closing);
+    return EmitUpTo(HtmlPartKind::Comment, end, HtmlPartKind::CommentClose, closing);
 }
 
 bool HtmlScanner::ReadBogusComment()
 {
-    return ReadUpTo(HtmlPartKind::Comment, cursor_.Find(u'>'), HtmlPartKind::CommentClose, 1);
+    return EmitUpTo(HtmlPartKind::Comment, cursor_.Find(u'>'), HtmlPartKind::CommentClose, 1);
 }
 
 /** Nothing in it hides its end, not even quotes. */
 bool HtmlScanner::ReadDoctype()
 {
-    return ReadUpTo(HtmlPartKind::Doctype, cursor_.Find(u'>'), HtmlPartKind::DoctypeClose, 1);
+    return EmitUpTo(HtmlPartKind::Doctype, cursor_.Find(u'>'), HtmlPartKind::DoctypeClose, 1);
 }

@@ -1,47 +1,6 @@
 #pragma once
 
-#include "html/ForeignNesting.h"
-#include "html/HtmlCursor.h"
-#include "html/HtmlPart.h"
-
-/** Where the scanner stands: the states of the HTML standard's tokenizer, less those that one look ahead
- * spares. */
-enum class HtmlMode : quint8 {
-    Data,
-    RawText,
-    Script,
-    ScriptEscaped,       ///< behind "<!--"
-    ScriptDoubleEscaped, ///< and then "<script"
-    PlainText,
-    CData,
-    TagName,
-    TextEndTagName,
-    InTag,
-    AfterAttributeName,
-    BeforeValue,
-    DoubleQuotedValue,
-    SingleQuotedValue,
-    AfterQuotedValue,
-    SelfClosed,
-    CommentStart,
-    Comment,
-    BogusComment,
-    Doctype
-};
-
-/** What has to be known of the lines before to go on with the next. From equal states, all goes on alike. */
-struct HtmlState
-{
-    HtmlMode mode = HtmlMode::Data;
-    HtmlTag tag = HtmlTag::Other; ///< the one that is being read, or whose text this is
-    bool isEndTag = false;
-    bool isHtmlFont = false; ///< of `font`: whether it has one of the attributes that make it HTML's
-    ForeignNesting foreign;
-
-    bool operator==(const HtmlState&) const = default;
-};
-// One is kept for every line of a document.
-static_assert(sizeof(HtmlState) == 16);
+#include "html/HtmlReading.h"
 
 /**
  * Takes HTML to pieces as the tokenizer of the HTML standard (html.spec.whatwg.org) does, one part after the
@@ -52,7 +11,7 @@ static_assert(sizeof(HtmlState) == 16);
  * those of the whole text, cut at the line ends. The line end that is taken to follow changes nothing behind
  * a blank or a ">", so a long line may be cut there too.
  */
-class HtmlScanner
+class HtmlScanner : public HtmlReading
 {
 public:
     /** `text` must outlive the scanner. */
@@ -66,9 +25,6 @@ public:
      * ends it. Does nothing where they count for how the text goes on, or where there is no such ">".
      */
     void PassAttributes();
-
-    /** The state behind the part that came last; behind the whole text once Next() was false. */
-    [[nodiscard]] const HtmlState& State() const { return state_; }
 
 private:
     using Step = bool (HtmlScanner::*)();
@@ -98,16 +54,6 @@ private:
     bool ReadQuotedValue();
     bool ReadAfterQuotedValue();
 
-    bool ReadUpTo(HtmlPartKind kind, qsizetype end, HtmlPartKind closing, qsizetype closingLength);
     bool ReadTextUpTo(qsizetype end);
     bool CloseTag();
-
-    bool Emit(HtmlPartKind kind, qsizetype length, HtmlMode next);
-    bool EmitError(HtmlPartKind kind, qsizetype length, HtmlMode next);
-    bool EmitText(HtmlContent content, qsizetype end);
-    void PassLineEnd();
-
-    HtmlCursor cursor_;
-    HtmlState state_;
-    HtmlPart part_;
 };
