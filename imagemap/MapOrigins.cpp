@@ -16,12 +16,12 @@ MapOrigins& MapOrigins::Of(MapDocument& map)
 
 MapOrigin* MapOrigins::Present() const
 {
-    const auto found = origins_.find(map_.Serial());
+    const auto found = origins_.find(map_.Serial().Number());
     return found != origins_.end() ? found->second.get() : nullptr;
 }
 
 void MapOrigins::Set(std::unique_ptr<MapOrigin> origin)
 {
-    origins_[map_.Serial()] = std::move(origin);
+    origins_[map_.Serial().Number()] = std::move(origin);
     Q_EMIT Changed();
 }

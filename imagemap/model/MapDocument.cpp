@@ -220,7 +220,7 @@ void MapDocument::ForgetAreas()
     areas_.clear();
     areAreasEdited_ = false;
     figuresOfAreas_ = 0;
-    BeginSerial();
+    serial_.Begin();
     Q_EMIT AreasChanged();
 }
 

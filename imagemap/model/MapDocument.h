@@ -7,6 +7,7 @@
 #include "imagemap/model/MapDrawing.h"
 #include "imagemap/model/MapHistory.h"
 #include "imagemap/model/MapScript.h"
+#include "imagemap/model/MapSerial.h"
 
 #include <QObject>
 
@@ -78,15 +79,9 @@ public:
     [[nodiscard]] const QString& Picture() const { return picture_; }
     void SetPicture(const QString& path);
 
-    /** Tells apart the maps that were here one after the other. Undoing and doing again goes from one to the
-     * other. */
-    [[nodiscard]] int Serial() const { return serial_; }
-
-    /** From now on this is another map, whatever has stayed of the one before. */
-    void BeginSerial() { serial_ = ++lastSerial_; }
-
-    /** This is the map of that serial again; for MapHistory. */
-    void ReturnToSerial(int serial) { serial_ = serial; }
+    /** Which of the maps that were here one after the other this is. */
+    [[nodiscard]] MapSerial& Serial() { return serial_; }
+    [[nodiscard]] const MapSerial& Serial() const { return serial_; }
 
     /** Puts `areas` in place of those of the map and makes the ledger anew: one step, called `name`. What is
      * being drawn is given up. */
@@ -158,7 +153,6 @@ private:
     MapScript script_{ *this };
     MapDrawing drawing_{ *this };
     QString picture_;
-    int serial_ = 0;
-    int lastSerial_ = 0;
+    MapSerial serial_;
     MapHistory history_{ *this };
 };

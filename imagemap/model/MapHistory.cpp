@@ -41,7 +41,7 @@ void MapHistory::PackPresent()
 void MapHistory::TakePresent(const MapState& now)
 {
     present_ = now;
-    states_[now_].serial = map_.Serial();
+    states_[now_].serial = map_.Serial().Number();
 }
 
 void MapHistory::EndStep(const QString& name, const QString& joinKey)
@@ -71,7 +71,7 @@ void MapHistory::Forget()
 {
     states_ = { Step() };
     now_ = 0;
-    states_[now_].serial = map_.Serial();
+    states_[now_].serial = map_.Serial().Number();
     Q_EMIT Changed();
 }
 
@@ -86,7 +86,7 @@ void MapHistory::Keep(const QString& name, const QString& joinKey)
     states_.resize(now_ + 1);
     if (!isJoined) {
         PackPresent();
-        states_ << Step{ {}, name, joinKey, map_.Serial() };
+        states_ << Step{ {}, name, joinKey, map_.Serial().Number() };
         ++now_;
         TakePresent(now);
         return;
@@ -111,7 +111,7 @@ void MapHistory::FinishLastStep()
 void MapHistory::RestorePresent()
 {
     present_ = states_[now_].state.Unpacked();
-    map_.ReturnToSerial(states_[now_].serial);
+    map_.Serial().ReturnTo(states_[now_].serial);
     // Whoever hears of it may change the map.
     map_.Restore(MapState(present_));
     Q_EMIT Changed();
@@ -144,7 +144,7 @@ void MapHistory::PutBack(const MapState& state)
 {
     map_.Drawing().GiveUp();
     const MapDocument::Step step(map_, QStringLiteral("Restoring of the Map"));
-    map_.BeginSerial();
+    map_.Serial().Begin();
     map_.Restore(state);
 }
 
