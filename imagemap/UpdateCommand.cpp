@@ -39,7 +39,7 @@ UpdateCommand::UpdateCommand(const Parts& parts)
     : QObject(&parts.window)
     , parts_(parts)
     , origins_(MapOrigins::Of(parts_.map))
-    , serial_(parts_.map.Serial())
+    , serial_(parts_.map.Serial().Number())
 {
     parts_.menu.addSeparator()->setObjectName(QStringLiteral("mnuASep5"));
     entry_ = parts_.menu.addAction(QStringLiteral("&Update Page"));
@@ -79,10 +79,10 @@ void UpdateCommand::Enable()
 void UpdateCommand::History_Changed()
 {
     Enable();
-    if (parts_.map.Serial() == serial_) {
+    if (parts_.map.Serial().Number() == serial_) {
         return;
     }
-    serial_ = parts_.map.Serial();
+    serial_ = parts_.map.Serial().Number();
     if (const MapOrigin* const origin = origins_.Present()) {
         parts_.fields.SetTexts(origin->Shown().fields);
     }
@@ -110,7 +110,7 @@ void UpdateCommand::TakeInserted(std::unique_ptr<AnchoredRange> range)
 
 void UpdateCommand::TakeRead(ReturnedMap read, const QString& page)
 {
-    serial_ = parts_.map.Serial();
+    serial_ = parts_.map.Serial().Number();
     std::unique_ptr<AnchoredRange> range = parts_.page.Anchor({ read.place.offset, read.place.length });
     ShownMap shown = Shown(&read);
     const QString text = TextOf(page, read);
@@ -160,6 +160,15 @@ void UpdateCommand::Forget()
     if (IsOfPage()) {
         parts_.map.Clear();
     }
+}
+
+bool UpdateCommand::Leave()
+{
+    if (!MayLeave()) {
+        return false;
+    }
+    Forget();
+    return true;
 }
 
 bool UpdateCommand::Update()
@@ -225,7 +234,6 @@ bool UpdateCommand::Write(const QString& page, const ReturnedMap& was, const Edi
 /** What was changed by hand in the page is shown too. */
 void UpdateCommand::Show(const EditedMap& merged)
 {
-
     const MapDocument::Step step(parts_.map, QStringLiteral("Reading of the Page"));
     if (merged.mode != parts_.map.Script().Mode()) {
         parts_.map.Script().SetMode(merged.mode);

@@ -62,6 +62,9 @@ public:
     /** The map goes, if it is of the page: after MayLeave() has been asked. */
     void Forget();
 
+    /** The map goes unless MayLeave() says no, which is the answer then. */
+    [[nodiscard]] bool Leave();
+
     /** The map is in the page at `range` since it was inserted. */
     void TakeInserted(std::unique_ptr<AnchoredRange> range);
 

@@ -6,6 +6,7 @@
 #include "imagemap/EditorDialogs.h"
 #include "imagemap/EditorPanels.h"
 #include "imagemap/InsertCommand.h"
+#include "imagemap/MapDiscarding.h"
 #include "imagemap/MapFields.h"
 #include "imagemap/MapOpening.h"
 #include "imagemap/PictureCommands.h"
@@ -29,7 +30,6 @@ using Need = frmImageMap::Need;
 /** Room for the list with its headers, and to draw in. */
 constexpr QSize leastSize(680, 600);
 constexpr QStringView helpPage = u"image-map-editor";
-constexpr const char* deleteMapQuestion = "Do you want to delete your Image Map?";
 
 } // namespace
 
@@ -110,13 +110,14 @@ void frmImageMap::CreateAreaParts()
     CreatePictureCommands();
     update_ = new UpdateCommand(
         { *this, areaCommands_->Menu(), *ui_->Toolbar2, map_, document_, *fields_, *panels_, pane, begin });
+    discarding_ = std::make_unique<MapDiscarding>(*this, imgMap_, map_, *update_);
     opening_ = std::make_unique<MapOpening>(
         MapOpening::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, *update_,
                            [this](const QString& path, const QImage& picture) {
                                ShowPicture(path, picture);
                                drawing_->Figures().ShowFigures();
                            },
-                           begin, [this] { return DiscardMap(); } });
+                           begin, [this] { return discarding_->Discard(); } });
     insert_ = std::make_unique<InsertCommand>(
         InsertCommand::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, pane, *pictures_,
                               *ui_->ListView1, *ui_->SSTab1, *areaTab, *update_ });
@@ -153,35 +154,16 @@ void frmImageMap::NewImageMap()
         map_.Drawing().GiveUp();
         map_.ForgetAreas();
         ShowHint();
-    } else if (DiscardMap()) {
+    } else if (discarding_->Discard()) {
         map_.Script().ResetMessageHeader();
     }
 }
 
 void frmImageMap::CloseImageMapEditor()
 {
-    if (DiscardMap()) {
+    if (discarding_->Discard()) {
         close();
     }
-}
-
-bool frmImageMap::DiscardMap()
-{
-    if (update_->IsOfPage()) {
-        const bool mayLeave = update_->MayLeave();
-        if (mayLeave) {
-            map_.Clear();
-        }
-        return mayLeave;
-    }
-    if (!map_.HasContent()) {
-        return true;
-    }
-    if (!AskYesNo(this, QString::fromLatin1(deleteMapQuestion))) {
-        return false;
-    }
-    map_.Clear();
-    return true;
 }
 
 void frmImageMap::closeEvent(QCloseEvent* event)
@@ -191,35 +173,13 @@ void frmImageMap::closeEvent(QCloseEvent* event)
     const bool mayDelete = QThread::currentThread()->loopLevel() <= 1;
     setAttribute(Qt::WA_DeleteOnClose, mayDelete);
     dialogs_->Close(mayDelete);
-    if (!QueryUnload()) {
+    if (!discarding_->DiscardAtClosing()) {
         event->ignore();
         return;
     }
     map_.Drawing().GiveUp();
     ShowDefaultPointer();
     event->accept();
-}
-
-bool frmImageMap::QueryUnload()
-{
-    if (update_->IsOfPage()) {
-        const bool mayLeave = update_->MayLeave();
-        if (mayLeave) {
-            map_.Clear();
-        }
-        return mayLeave;
-    }
-    if (!map_.HasContent()) {
-        return true;
-    }
-    if (imgMap_.ContinueAction) {
-        ShowMessage(this, QMessageBox::NoIcon, QStringLiteral("Your Image Map must be deleted"));
-    } else if (!AskYesNo(
-                   this, QString::fromLatin1(deleteMapQuestion), QStringLiteral("Client Side Image Map !"))) {
-        return false;
-    }
-    map_.Clear();
-    return true;
 }
 
 void frmImageMap::GenerateMap()

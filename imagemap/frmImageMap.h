@@ -16,6 +16,7 @@ class EditorDialogs;
 class EditorPanels;
 class HelpViewer;
 class InsertCommand;
+class MapDiscarding;
 class MapFields;
 class MapOpening;
 class PictureCommands;
@@ -91,8 +92,6 @@ private:
     void Drawing_ToolChosen(DrawingTool tool);
     void Drawing_FigureCommandsEnabled(bool enable);
     void ShowHint();
-    [[nodiscard]] bool DiscardMap();
-    [[nodiscard]] bool QueryUnload();
 
     ImgMap& imgMap_;
     MapDocument& map_;
@@ -105,6 +104,7 @@ private:
     std::unique_ptr<EditorDialogs> dialogs_;
     std::unique_ptr<EditorDrawing> drawing_;
     UpdateCommand* update_ = nullptr;
+    std::unique_ptr<MapDiscarding> discarding_;
     std::unique_ptr<MapOpening> opening_;
     std::unique_ptr<InsertCommand> insert_;
     AreaCommands* areaCommands_ = nullptr;

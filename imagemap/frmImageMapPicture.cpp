@@ -3,6 +3,7 @@
 
 #include "imagemap/AreaCommands.h"
 #include "imagemap/EditorPanels.h"
+#include "imagemap/MapDiscarding.h"
 #include "imagemap/MapFields.h"
 #include "imagemap/PictureCommands.h"
 #include "imagemap/frmImageMap.h"
@@ -14,7 +15,7 @@
 
 void frmImageMap::OpenImage()
 {
-    if (!DiscardMap()) {
+    if (!discarding_->Discard()) {
         return;
     }
     map_.Drawing().GiveUp();
@@ -44,9 +45,9 @@ void frmImageMap::OpenNamedImage(const QString& path)
 
 void frmImageMap::CreatePictureCommands()
 {
-    pictures_ =
-        new PictureCommands({ *this, areaCommands_->View().Menu(), map_, document_, imgMap_,
-                              [this] { return drawing_->BeginCommand(); }, [this] { return DiscardMap(); } });
+    pictures_ = new PictureCommands({ *this, areaCommands_->View().Menu(), map_, document_, imgMap_,
+                                      [this] { return drawing_->BeginCommand(); },
+                                      [this] { return discarding_->Discard(); } });
     connect(areaCommands_, &AreaCommands::OtherPasted, this, [this] {
         if (!pictures_->Paste()) {
             panels_->ShowHint(u"There are no areas on the clipboard");
