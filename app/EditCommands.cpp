@@ -49,7 +49,7 @@ void EditCommands::mnuEFont_Click()
     }
     // A cancelled dialog keeps its last values, which are applied again.
     if (lastFont_) {
-        editor_.SetSelFormat(*lastFont_);
+        editor_.mergeCurrentCharFormat(*lastFont_);
     }
 }
 

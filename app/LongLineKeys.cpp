@@ -1,5 +1,6 @@
 #include "app/LongLineKeys.h"
 
+#include "app/EditorClipboard.h"
 #include "app/SourceEditor.h"
 #include "app/source/LineFitter.h"
 #include "app/source/LongLines.h"
@@ -59,6 +60,11 @@ constexpr std::array removeKeys = {
     RemoveKey{ QKeySequence::DeleteEndOfWord, Operation::NextWord },
     RemoveKey{ QKeySequence::DeleteEndOfLine, Operation::EndOfBlock },
 };
+
+bool HasJoints(const SourceEditor& editor)
+{
+    return LineCount(*editor.document()) != editor.blockCount();
+}
 
 bool IsPiece(const QTextBlock& block)
 {
@@ -294,19 +300,19 @@ void LongLineKeys::SettleAfter(const QKeyEvent& key)
 
 bool LongLineKeys::ShowMenu(const QContextMenuEvent& event)
 {
-    if (LineCount(*editor_.document()) == editor_.blockCount()) {
+    if (!HasJoints(editor_)) {
         return false;
     }
     QMenu* const menu = editor_.createStandardContextMenu(event.pos());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     // What these entries do of themselves would leave pieces that do not fit.
-    const auto take = [this, menu](const char* name, void (SourceEditor::*act)()) {
+    const auto take = [this, menu](const char* name, auto act) {
         if (const auto* const entry = menu->findChild<QAction*>(QString::fromLatin1(name))) {
             QObject::disconnect(entry, &QAction::triggered, nullptr, nullptr);
             QObject::connect(entry, &QAction::triggered, &editor_, act);
         }
     };
-    take("edit-cut", &SourceEditor::CutText);
+    take("edit-cut", [this] { CutText(editor_); });
     take("edit-delete", &SourceEditor::DeleteText);
     menu->popup(event.globalPos());
     return true;
@@ -316,7 +322,7 @@ void LongLineKeys::SettleAfterMouse(const QEvent& event)
 {
     constexpr std::array mouseEvents = { QEvent::MouseButtonPress, QEvent::MouseMove,
                                          QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick };
-    if (std::ranges::find(mouseEvents, event.type()) == mouseEvents.end()) {
+    if (std::ranges::find(mouseEvents, event.type()) == mouseEvents.end() || !HasJoints(editor_)) {
         return;
     }
     // A third click selects a line.

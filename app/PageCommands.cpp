@@ -1,5 +1,6 @@
 #include "app/PageCommands.h"
 
+#include "app/EditorMargins.h"
 #include "app/ProblemsBar.h"
 #include "app/SourceEditor.h"
 #include "app/TagCompletion.h"
@@ -228,7 +229,7 @@ void PageCommands::mnuPCheck_Click()
 {
     if (problems_ == nullptr) {
         problems_ = new ProblemsBar(editor_, file_);
-        editor_.SetBar(Qt::BottomEdge, problems_);
+        editor_.Margins().SetBar(Qt::BottomEdge, problems_);
     }
     problems_->CheckNow();
 }

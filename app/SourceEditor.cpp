@@ -1,5 +1,6 @@
 #include "app/SourceEditor.h"
 
+#include "app/EditorClipboard.h"
 #include "app/EditorMargins.h"
 #include "app/LongLineKeys.h"
 #include "app/TagDrops.h"
@@ -11,8 +12,6 @@
 #include "widgets/CommandTable.h"
 #include "widgets/WindowHelpers.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -184,23 +183,6 @@ SourceEditor::UndoStep::~UndoStep()
     editor_.stepStart_.reset();
 }
 
-void SourceEditor::CopyText()
-{
-    QGuiApplication::clipboard()->clear();
-    QGuiApplication::clipboard()->setMimeData(createMimeDataFromSelection());
-}
-
-void SourceEditor::CutText()
-{
-    CopyText();
-    ReplaceSelection(QString());
-}
-
-void SourceEditor::PasteText()
-{
-    ReplaceSelection(QGuiApplication::clipboard()->text());
-}
-
 void SourceEditor::DeleteText()
 {
     keys_->LeaveJoint(false);
@@ -216,21 +198,6 @@ void SourceEditor::DeleteText()
     cursor.deleteChar();
     setTextCursor(cursor);
     ensureCursorVisible();
-}
-
-void SourceEditor::SetSelFormat(const QTextCharFormat& format)
-{
-    mergeCurrentCharFormat(format);
-}
-
-void SourceEditor::SetIndent(double twips)
-{
-    margins_->SetIndent(twips);
-}
-
-void SourceEditor::SetBar(Qt::Edge edge, QWidget* bar)
-{
-    margins_->SetBar(edge, bar);
 }
 
 void SourceEditor::SetMarks(MarkLayer layer, const QList<QTextEdit::ExtraSelection>& marks)
@@ -267,11 +234,11 @@ bool SourceEditor::event(QEvent* event)
 void SourceEditor::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy)) {
-        CopyText();
+        CopyText(*this);
     } else if (event->matches(QKeySequence::Cut)) {
-        CutText();
+        CutText(*this);
     } else if (event->matches(QKeySequence::Paste)) {
-        PasteText();
+        PasteText(*this);
     } else if (event->matches(QKeySequence::InsertLineSeparator)) {
         // Shift+Enter would put in a character that no page can hold.
         ReplaceSelection(QStringLiteral("\n"));
@@ -323,10 +290,7 @@ void SourceEditor::inputMethodEvent(QInputMethodEvent* event)
 
 QMimeData* SourceEditor::createMimeDataFromSelection() const
 {
-    // Only the text, and all of it: the usual way turns no-break spaces into blanks.
-    auto* const text = new QMimeData;
-    text->setText(SelectedLines().replace(QChar::ParagraphSeparator, u'\n'));
-    return text;
+    return SelectedData(*this);
 }
 
 void SourceEditor::insertFromMimeData(const QMimeData* source)

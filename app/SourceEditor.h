@@ -52,8 +52,8 @@ public:
     /** Whether the text is saved in the code page, as at first, or in UTF-8, which has every character. */
     void SetLayoutCharacters(LayoutCharacters layout) { layout_ = layout; }
 
-    /** Shows `bar` at an edge of the text while it is not hidden; it becomes a child of the editor. */
-    void SetBar(Qt::Edge edge, QWidget* bar);
+    /** The room around the text: its indentation, and bars. */
+    [[nodiscard]] EditorMargins& Margins() { return *margins_; }
 
     [[nodiscard]] qsizetype TextLength() const;
 
@@ -81,21 +81,8 @@ public:
     /** Keeps hold of a part of the text; it may outlive the editor. */
     [[nodiscard]] std::unique_ptr<AnchoredRange> Anchor(const TextSpan& place);
 
-    /** Puts the selected text, be it empty, on the clipboard in place of what is there. */
-    void CopyText();
-    void CutText();
-
-    /** Replaces the selection with the clipboard's text, which is empty where that holds none. */
-    void PasteText();
-
     /** Deletes the selection; without one the character or line end behind the caret. */
     void DeleteText();
-
-    /** The look of the selected text, or of what is typed next; no edit. */
-    void SetSelFormat(const QTextCharFormat& format);
-
-    /** Moves the whole text in from the left edge, in twips; on a narrow editor by less. */
-    void SetIndent(double twips);
 
     /** What is marked in the text without being formatted; later ones lie above. */
     enum class MarkLayer : std::size_t { CurrentLine, Matches, Pairs };

@@ -1,5 +1,6 @@
 #include "app/TagTree.h"
 
+#include "app/EditorClipboard.h"
 #include "app/LookStyle.h"
 #include "app/SourceEditor.h"
 #include "taglib/TagCatalogue.h"
@@ -189,7 +190,7 @@ void TagTree::TreeView1_DblClick()
     // It goes to the clipboard, since users count on what is there afterwards, but does not come from there:
     // another program may have taken it over.
     const QString selected = editor_.SelText();
-    editor_.CutText();
+    CutText(editor_);
     editor_.ReplaceSelection(TextOf(tag->Before));
     editor_.ReplaceSelection(selected);
     editor_.ReplaceSelection(TextOf(tag->After));

@@ -1,5 +1,6 @@
 #include "app/ViewCommands.h"
 
+#include "app/EditorMargins.h"
 #include "app/LineNumbers.h"
 #include "app/PairMarks.h"
 #include "app/Shades.h"
@@ -159,7 +160,7 @@ void ViewCommands::ShowLineNumbers(bool areShown)
 {
     if (numbers_ == nullptr && areShown) {
         numbers_ = new LineNumbers(editor_);
-        editor_.SetBar(Qt::LeftEdge, numbers_);
+        editor_.Margins().SetBar(Qt::LeftEdge, numbers_);
     }
     if (numbers_ != nullptr) {
         numbers_->setVisible(areShown);

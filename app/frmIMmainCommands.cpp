@@ -3,6 +3,8 @@
 #include "app/DiskWatch.h"
 #include "app/DocumentCommands.h"
 #include "app/EditCommands.h"
+#include "app/EditorClipboard.h"
+#include "app/EditorMargins.h"
 #include "app/EncodingCommands.h"
 #include "app/FileDrops.h"
 #include "app/FindBar.h"
@@ -19,15 +21,17 @@
 #include "imagemap/frmImageMap.h"
 #include "ui_frmIMmain.h"
 
+#include <functional>
+
 namespace {
 
 using Row = frmIMmain::Command;
 using enum CommandRowKind;
 
-/** The procedure of one of the window's parts. */
+/** A procedure of, or for, one of the window's parts. */
 template<auto Part, auto Run> void In(frmIMmain& window)
 {
-    ((window.*Part)().*Run)();
+    std::invoke(Run, (window.*Part)());
 }
 
 constexpr int toolbarPositions = 21;
@@ -69,24 +73,9 @@ constexpr auto commandRows = std::to_array<Row>({
       In<&frmIMmain::Source, &SourceEditor::undo>,
       { 11, "Undo", "undo" } },
     { Separator, "mnuESep1" },
-    { Entry,
-      "mnuECut",
-      "Cu&t",
-      "Ctrl+X",
-      In<&frmIMmain::Source, &SourceEditor::CutText>,
-      { 8, "Cut", "cut" } },
-    { Entry,
-      "mnuECopy",
-      "&Copy",
-      "Ctrl+C",
-      In<&frmIMmain::Source, &SourceEditor::CopyText>,
-      { 9, "Copy", "copy" } },
-    { Entry,
-      "mnuEPaste",
-      "&Paste",
-      "",
-      In<&frmIMmain::Source, &SourceEditor::PasteText>,
-      { 10, "Paste", "paste" } },
+    { Entry, "mnuECut", "Cu&t", "Ctrl+X", In<&frmIMmain::Source, CutText>, { 8, "Cut", "cut" } },
+    { Entry, "mnuECopy", "&Copy", "Ctrl+C", In<&frmIMmain::Source, CopyText>, { 9, "Copy", "copy" } },
+    { Entry, "mnuEPaste", "&Paste", "", In<&frmIMmain::Source, PasteText>, { 10, "Paste", "paste" } },
     { Entry, "mnuEDelete", "&Delete", "Del", In<&frmIMmain::Edits, &EditCommands::mnuEDelete_Click> },
     { Entry, "mnuESelectAll", "Select &All", "", In<&frmIMmain::Source, &SourceEditor::selectAll> },
     { Separator, "mnuESep2" },
@@ -209,7 +198,7 @@ void frmIMmain::CreateParts()
         return *imageMapEditor_;
     });
     messages_ = new MessageBar(&source);
-    source.SetBar(Qt::TopEdge, messages_);
+    source.Margins().SetBar(Qt::TopEdge, messages_);
     encodings_ = new EncodingCommands(this, imgMap_.Remembered, source, file_, *documents_, *messages_);
     new FileDrops(this, &source, [this](const QStringList& paths) { OpenFiles(paths); });
     new DiskWatch(this, source, file_, *documents_, *messages_);
@@ -279,7 +268,7 @@ FindBar& frmIMmain::Find()
 {
     if (find_ == nullptr) {
         find_ = new FindBar(*ui_->MapsText1, imgMap_.Remembered, file_);
-        ui_->MapsText1->SetBar(Qt::BottomEdge, find_);
+        ui_->MapsText1->Margins().SetBar(Qt::BottomEdge, find_);
     }
     return *find_;
 }

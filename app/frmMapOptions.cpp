@@ -1,5 +1,6 @@
 #include "app/frmMapOptions.h"
 
+#include "app/EditorMargins.h"
 #include "app/SourceEditor.h"
 #include "app/rules/IndentRules.h"
 #include "ui_frmMapOptions.h"
@@ -51,7 +52,7 @@ void frmMapOptions::txtIndentValue_Change(const QString& text)
 
 void frmMapOptions::cmdOK_Click()
 {
-    editor_.SetIndent(IndentTwips(ui_->txtIndentValue->text()));
+    editor_.Margins().SetIndent(IndentTwips(ui_->txtIndentValue->text()));
     if (ui_->optWrapToWin->isChecked()) {
         editor_.setLineWrapMode(QPlainTextEdit::WidgetWidth);
     } else if (ui_->optNoWordWrap->isChecked()) {

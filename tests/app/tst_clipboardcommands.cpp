@@ -1,5 +1,6 @@
 // Cut, Copy and Paste.
 
+#include "app/EditorClipboard.h"
 #include "shared/AnsiCodePage.h"
 #include "tests/app/EditingFixture.h"
 
@@ -114,11 +115,11 @@ void tst_clipboardcommands::clipboardCarriesTheCharactersOfTheCodePage()
     const QString text = AnsiCodePage::Decode(EveryByte());
     Editor()->LoadText(text);
     test_->window.Source().selectAll();
-    test_->window.Source().CutText();
+    CutText(test_->window.Source());
     QCOMPARE(ClipboardText(), QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     QCOMPARE(Editor()->Text(), QString());
-    test_->window.Source().PasteText();
-    test_->window.Source().PasteText();
+    PasteText(test_->window.Source());
+    PasteText(test_->window.Source());
     QCOMPARE(Editor()->Text(), QString(text + text));
 }
 
@@ -128,8 +129,8 @@ void tst_clipboardcommands::clipboardCarriesPlainTextOnly()
     Editor()->Select(0, 3);
     QTextCharFormat format;
     format.setFontWeight(QFont::Bold);
-    Editor()->SetSelFormat(format);
-    test_->window.Source().CopyText();
+    Editor()->mergeCurrentCharFormat(format);
+    CopyText(test_->window.Source());
     QCOMPARE(QGuiApplication::clipboard()->mimeData()->formats().join(u' '), QStringLiteral("text/plain"));
 }
 

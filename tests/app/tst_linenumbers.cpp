@@ -1,5 +1,6 @@
 // The numbers beside the lines of the source.
 
+#include "app/EditorMargins.h"
 #include "tests/support/WidgetDriving.h"
 
 #include "tests/app/DocumentsFixture.h"
@@ -106,7 +107,7 @@ void tst_linenumbers::indentationStandsBehindThem()
 {
     Show(QStringLiteral("a"));
     const int left = Editor()->viewport()->x();
-    Editor()->SetIndent(30 * 15);
+    Editor()->Margins().SetIndent(30 * 15);
     QCOMPARE(Editor()->viewport()->x(), left + 30);
     QCOMPARE(Bar()->geometry().right() + 1, left);
 }
@@ -137,7 +138,7 @@ void tst_linenumbers::everyNumberStandsOnItsLine()
     Editor()->Select(0, 1);
     QTextCharFormat high;
     high.setFontPointSize(20);
-    Editor()->SetSelFormat(high);
+    Editor()->mergeCurrentCharFormat(high);
     QCoreApplication::processEvents();
     const auto labels = Labels();
     QCOMPARE(labels.size(), 5);

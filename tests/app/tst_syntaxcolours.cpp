@@ -186,12 +186,12 @@ void tst_syntaxcolours::coloursOfTheFontCommandStay()
     QTextCharFormat red;
     red.setForeground(Qt::red);
     Editor()->Select(1, 4);
-    Editor()->SetSelFormat(red);
+    Editor()->mergeCurrentCharFormat(red);
     QTextCharFormat large;
     large.setFontPointSize(20);
     large.setForeground(QBrush()); // "Automatic"
     Editor()->Select(13, 4);
-    Editor()->SetSelFormat(large);
+    Editor()->mergeCurrentCharFormat(large);
     Paint();
     QCOMPARE(Pieces(0), QStringLiteral("< ef \"x\" > </a>"));
     QCOMPARE(ColourAt(0, 0), ColourAt(0, 14));

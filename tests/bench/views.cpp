@@ -1,5 +1,6 @@
 // Costs of the View menu: what colours and line numbers add to editing.
 
+#include "app/EditorMargins.h"
 #include "app/LineNumbers.h"
 #include "app/PairMarks.h"
 #include "app/SourceEditor.h"
@@ -34,7 +35,7 @@ public:
             colours_ = std::make_unique<SyntaxColours>(editor);
             pairs_ = std::make_unique<PairMarks>(editor, *colours_);
             auto* const numbers = new LineNumbers(editor);
-            editor.SetBar(Qt::LeftEdge, numbers);
+            editor.Margins().SetBar(Qt::LeftEdge, numbers);
             numbers->show();
         }
         editor.resize(700, 500);

@@ -1,5 +1,6 @@
 // What is to be pasted belongs to another program, which ends or answers no more.
 
+#include "app/EditorClipboard.h"
 #include "tests/app/MainWindowFixture.h"
 #include "tests/faults/XServer.h"
 
@@ -83,7 +84,7 @@ bool tst_clipboardowner::StartOwner()
 void tst_clipboardowner::textOfAnotherProgramIsPasted()
 {
     test_->Editor()->ReplaceSelection(QStringLiteral("ab"));
-    test_->window.Source().PasteText();
+    PasteText(test_->window.Source());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("abfrom outside"));
 }
 
@@ -92,13 +93,13 @@ void tst_clipboardowner::ownerThatHasEndedLeavesNothingToPaste()
     test_->Editor()->ReplaceSelection(QStringLiteral("ab"));
     owner_->kill();
     QVERIFY(owner_->waitForFinished());
-    test_->window.Source().PasteText();
+    PasteText(test_->window.Source());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("ab"));
     // The clipboard works again as soon as somebody has it.
     test_->Editor()->selectAll();
-    test_->window.Source().CopyText();
+    CopyText(test_->window.Source());
     test_->Editor()->Select(2, 0);
-    test_->window.Source().PasteText();
+    PasteText(test_->window.Source());
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("abab"));
 }
 
@@ -108,7 +109,7 @@ void tst_clipboardowner::ownerThatDoesNotAnswerIsNotWaitedForLong()
     QCOMPARE(kill(static_cast<pid_t>(owner_->processId()), SIGSTOP), 0);
     QElapsedTimer clock;
     clock.start();
-    test_->window.Source().PasteText();
+    PasteText(test_->window.Source());
     const qint64 waited = clock.elapsed();
     kill(static_cast<pid_t>(owner_->processId()), SIGCONT);
     QVERIFY2(waited < patience, qPrintable(QString::number(waited)));
