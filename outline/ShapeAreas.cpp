@@ -1,0 +1,295 @@
+#include "outline/ShapeAreas.h"
+
+#include "imagemap/model/AreaGeometry.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+/** What whole pixels can't tell apart. */
+constexpr double halfPixel = 0.5;
+/** No curve is cut into more pieces. */
+constexpr int mostPieces = 1'000;
+/** Curves of an outline with more corners are not cut any further. */
+constexpr qsizetype mostFlatCorners = 100'000;
+/** Choosing among more corners would take too long; there are far too many then for the area of a map. */
+constexpr qsizetype mostCornersChosenFrom = 8'000;
+/** Fewer corners on a circle are meant as corners. */
+constexpr qsizetype leastCircleCorners = 8;
+/** Comparing more outlines of one path with each other would take too long. */
+constexpr qsizetype mostCompared = 2'000;
+
+QPointF CurveAt(const std::array<QPointF, 4>& points, double t)
+{
+    const double s = 1 - t;
+    return s * s * s * points[0] + 3 * s * s * t * points[1] + 3 * s * t * t * points[2] +
+           t * t * t * points[3];
+}
+
+/** Adds the curve as lines. Its distance from them grows with how far it bends. */
+void AddCurve(QPolygonF& outline, const std::array<QPointF, 4>& points)
+{
+    const QPointF first = points[0] - 2 * points[1] + points[2];
+    const QPointF second = points[1] - 2 * points[2] + points[3];
+    const double bend = std::max(std::hypot(first.x(), first.y()), std::hypot(second.x(), second.y()));
+    const double pieces = std::ceil(std::sqrt(0.75 * bend / outlinePrecision));
+    const int most = outline.size() > mostFlatCorners ? 1 : mostPieces;
+    const int count = std::clamp(int(std::min(pieces, double(most))), 1, most);
+    for (int piece = 1; piece <= count; ++piece) {
+        outline << CurveAt(points, double(piece) / count);
+    }
+}
+
+QList<QPolygonF> FlatOutlines(const QPainterPath& path)
+{
+    QList<QPolygonF> outlines;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPointF place = path.elementAt(i);
+        if (path.elementAt(i).isMoveTo() || outlines.isEmpty()) {
+            outlines << QPolygonF();
+            outlines.last() << place;
+        } else if (path.elementAt(i).isLineTo()) {
+            outlines.last() << place;
+        } else if (path.elementAt(i).isCurveTo() && i + 2 < path.elementCount()) {
+            AddCurve(
+                outlines.last(),
+                { outlines.constLast().constLast(), place, path.elementAt(i + 1), path.elementAt(i + 2) });
+            i += 2;
+        }
+    }
+    return outlines;
+}
+
+/** How far inside of one side of the picture a place is. */
+using InsideOfSide = double (*)(QPointF place, QSizeF picture);
+
+constexpr std::array<InsideOfSide, 4> sidesOfPicture = {
+    [](QPointF place, QSizeF) { return place.x(); },
+    [](QPointF place, QSizeF) { return place.y(); },
+    [](QPointF place, QSizeF picture) { return picture.width() - place.x(); },
+    [](QPointF place, QSizeF picture) { return picture.height() - place.y(); },
+};
+
+/** The outline without what is beyond that side. */
+QPolygonF CutAt(InsideOfSide inside, const QPolygonF& outline, QSizeF picture)
+{
+    QPolygonF cut;
+    for (qsizetype i = 0; i < outline.size(); ++i) {
+        const QPointF place = outline[i];
+        const QPointF before = outline[(i + outline.size() - 1) % outline.size()];
+        const double here = inside(place, picture);
+        const double there = inside(before, picture);
+        if ((here < 0) != (there < 0)) {
+            cut << before + (place - before) * (there / (there - here));
+        }
+        if (here >= 0) {
+            cut << place;
+        }
+    }
+    return cut;
+}
+
+double SurfaceOf(const QPolygonF& outline)
+{
+    double twice = 0;
+    for (qsizetype i = 0; i < outline.size(); ++i) {
+        const QPointF from = outline[i];
+        const QPointF to = outline[(i + 1) % outline.size()];
+        twice += from.x() * to.y() - to.x() * from.y();
+    }
+    return std::abs(twice) / 2;
+}
+
+bool IsInsideAny(const QList<QPolygonF>& outlines, const QList<QRectF>& bounds, qsizetype which)
+{
+    for (qsizetype i = 0; i < outlines.size(); ++i) {
+        if (i != which && bounds[i].contains(bounds[which]) && bounds[i] != bounds[which] &&
+            outlines[i].containsPoint(outlines[which].constFirst(), Qt::OddEvenFill)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/** Tells holes from what they are in. */
+ShapeOutlines Sorted(const QList<QPolygonF>& outlines)
+{
+    QList<QRectF> bounds;
+    for (const QPolygonF& outline : outlines) {
+        bounds << outline.boundingRect();
+    }
+    ShapeOutlines sorted;
+    for (qsizetype i = 0; i < outlines.size(); ++i) {
+        if (outlines.size() > mostCompared || !IsInsideAny(outlines, bounds, i)) {
+            sorted.Outer << outlines[i];
+        } else {
+            sorted.Holes << bounds[i];
+        }
+    }
+    return sorted;
+}
+
+double DistanceFromLine(QPointF place, QPointF from, QPointF to)
+{
+    const QPointF line = to - from;
+    const double length = std::hypot(line.x(), line.y());
+    const QPointF way = place - from;
+    if (length == 0) {
+        return std::hypot(way.x(), way.y());
+    }
+    const double along = std::clamp(QPointF::dotProduct(way, line) / (length * length), 0.0, 1.0);
+    const QPointF off = way - along * line;
+    return std::hypot(off.x(), off.y());
+}
+
+/** Marks which corners between two kept ones are needed. Goes over the parts of its own list instead of
+ * calling itself, since an outline can have very many corners. */
+void KeepNeeded(const QPolygonF& outline, qsizetype from, qsizetype to, double precision, QList<bool>& kept)
+{
+    QList<QPair<qsizetype, qsizetype>> parts = { { from, to } };
+    while (!parts.isEmpty()) {
+        const auto [first, last] = parts.takeLast();
+        double furthest = precision;
+        qsizetype corner = -1;
+        for (qsizetype i = first + 1; i < last; ++i) {
+            const double distance = DistanceFromLine(outline[i], outline[first], outline[last]);
+            if (distance > furthest) {
+                furthest = distance;
+                corner = i;
+            }
+        }
+        if (corner >= 0) {
+            kept[corner] = true;
+            parts << QPair(first, corner) << QPair(corner, last);
+        }
+    }
+}
+
+/** Every so many-th corner where there are too many to choose from. */
+QPolygonF ThinOutline(const QPolygonF& outline)
+{
+    const qsizetype step = outline.size() / mostCornersChosenFrom + 1;
+    QPolygonF thin;
+    for (qsizetype i = 0; i < outline.size(); i += step) {
+        thin << outline[i];
+    }
+    return thin;
+}
+
+/** The outline, closed at its first corner, with the corners that the precision needs. */
+QPolygonF Simplified(QPolygonF outline, double precision)
+{
+    const QPointF start = outline.constFirst();
+    qsizetype opposite = 0;
+    double furthest = 0;
+    for (qsizetype i = 0; i < outline.size(); ++i) {
+        const double distance = std::hypot(outline[i].x() - start.x(), outline[i].y() - start.y());
+        opposite = distance > furthest ? i : opposite;
+        furthest = std::max(distance, furthest);
+    }
+    outline << start;
+    QList<bool> kept(outline.size(), false);
+    kept.first() = kept[opposite] = true;
+    KeepNeeded(outline, 0, opposite, precision, kept);
+    KeepNeeded(outline, opposite, outline.size() - 1, precision, kept);
+    QPolygonF simple;
+    for (qsizetype i = 0; i + 1 < outline.size(); ++i) {
+        if (kept[i]) {
+            simple << outline[i];
+        }
+    }
+    return simple;
+}
+
+QList<QPoint> WholePixels(const QPolygonF& outline)
+{
+    QList<QPoint> corners;
+    for (const QPointF place : outline) {
+        const QPoint corner(int(std::lround(place.x())), int(std::lround(place.y())));
+        if (corners.isEmpty() || corners.constLast() != corner) {
+            corners << corner;
+        }
+    }
+    while (corners.size() > 1 && corners.constFirst() == corners.constLast()) {
+        corners.removeLast();
+    }
+    return corners;
+}
+
+/** Whether the outline keeps to the sides of the box that it lies in, as its corners do. */
+bool IsBox(const QPolygonF& outline)
+{
+    const QRectF box = outline.boundingRect();
+    const bool keepsToSides = std::all_of(outline.begin(), outline.end(), [&box](QPointF place) {
+        return std::min(place.x() - box.left(), box.right() - place.x()) <= halfPixel ||
+               std::min(place.y() - box.top(), box.bottom() - place.y()) <= halfPixel;
+    });
+    // What is cut off at a corner would be along the sides as well.
+    return keepsToSides && SurfaceOf(outline) >= box.width() * box.height() -
+                                                     halfPixel * (box.width() + box.height()) / 2 - 1e-6;
+}
+
+bool IsRound(const QPolygonF& outline, QPointF centre, double radius)
+{
+    for (qsizetype i = 0; i < outline.size(); ++i) {
+        const QPointF middle = (outline[i] + outline[(i + 1) % outline.size()]) / 2;
+        for (const QPointF place : { outline[i], middle }) {
+            const QPointF off = place - centre;
+            if (std::abs(std::hypot(off.x(), off.y()) - radius) > halfPixel) {
+                return false;
+            }
+        }
+    }
+    return outline.size() >= leastCircleCorners;
+}
+
+} // namespace
+
+ShapeOutlines OutlinesOf(const QPainterPath& path, QSize picture)
+{
+    QList<QPolygonF> outlines;
+    for (QPolygonF outline : FlatOutlines(path)) {
+        for (const InsideOfSide side : sidesOfPicture) {
+            outline = CutAt(side, outline, picture);
+        }
+        if (SurfaceOf(outline) >= 1) {
+            outlines << outline;
+        }
+    }
+    return Sorted(outlines);
+}
+
+MapArea AreaOfOutline(const QPolygonF& outline)
+{
+    MapArea area;
+    const QRectF box = outline.boundingRect();
+    const QList<QPoint> ends = WholePixels(QPolygonF({ box.topLeft(), box.bottomRight() }));
+    if (ends.constFirst().x() == ends.constLast().x() || ends.constFirst().y() == ends.constLast().y()) {
+        return area;
+    }
+    if (IsBox(outline)) {
+        area.Coordinates = { ends[0].x(), ends[0].y(), ends[1].x(), ends[1].y() };
+        return area;
+    }
+    const double radius = (box.width() + box.height()) / 4;
+    if (IsRound(outline, box.center(), radius)) {
+        area.Shape = AreaShape::Circle;
+        const QPoint centre = WholePixels(QPolygonF({ box.center() })).constFirst();
+        area.Coordinates = { centre.x(), centre.y(), std::max(int(std::lround(radius)), 1) };
+        return area;
+    }
+    area.Shape = AreaShape::Polygon;
+    // Each time from what was kept the last time: so the whole of a long outline is gone over only once.
+    QPolygonF simple = Simplified(ThinOutline(outline), outlinePrecision);
+    QList<QPoint> corners = WholePixels(simple);
+    for (double precision = 2 * outlinePrecision; corners.size() > mostAreaCorners; precision *= 2) {
+        simple = Simplified(simple, precision);
+        corners = WholePixels(simple);
+    }
+    if (corners.size() >= leastCorners) {
+        area.Coordinates = CoordinatesOf(corners);
+    }
+    return area;
+}
