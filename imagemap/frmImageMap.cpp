@@ -3,6 +3,7 @@
 #include "imagemap/AreaCommands.h"
 #include "imagemap/AreaListModel.h"
 #include "imagemap/AreaTab.h"
+#include "imagemap/DrawCommands.h"
 #include "imagemap/EditorDialogs.h"
 #include "imagemap/EditorPanels.h"
 #include "imagemap/InsertCommand.h"
@@ -111,6 +112,7 @@ void frmImageMap::CreateAreaParts()
     update_ = new UpdateCommand(
         { *this, areaCommands_->Menu(), *ui_->Toolbar2, map_, document_, *fields_, *panels_, pane, begin });
     discarding_ = std::make_unique<MapDiscarding>(*this, imgMap_, map_, *update_);
+    drawCommands_ = new DrawCommands({ *this, *areaCommands_, map_, pane, imgMap_, begin });
     opening_ = std::make_unique<MapOpening>(
         MapOpening::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, *update_,
                            [this](const QString& path, const QImage& picture) {

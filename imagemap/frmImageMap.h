@@ -12,6 +12,7 @@ namespace Ui {
 class frmImageMap;
 }
 class AreaCommands;
+class DrawCommands;
 class EditorDialogs;
 class EditorPanels;
 class HelpViewer;
@@ -108,6 +109,7 @@ private:
     std::unique_ptr<MapOpening> opening_;
     std::unique_ptr<InsertCommand> insert_;
     AreaCommands* areaCommands_ = nullptr;
+    DrawCommands* drawCommands_ = nullptr;
     PictureCommands* pictures_ = nullptr;
     QShortcut* escape_ = nullptr;
 };

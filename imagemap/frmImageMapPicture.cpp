@@ -2,6 +2,7 @@
 // undoing.
 
 #include "imagemap/AreaCommands.h"
+#include "imagemap/DrawCommands.h"
 #include "imagemap/EditorPanels.h"
 #include "imagemap/MapDiscarding.h"
 #include "imagemap/MapFields.h"
@@ -73,6 +74,7 @@ void frmImageMap::ShowPicture(const QString& path, const QImage& picture)
     ui_->Check1->setEnabled(true);
     commands_.Enable(frmImageMap::Need::Picture, true);
     areaCommands_->BeginPicture({ surface.PictureWidth(), surface.PictureHeight() });
+    drawCommands_->EnableCommands();
     if (drawing_->Protocol().Tool() == DrawingTool::Cursor) {
         drawing_->Protocol().SelectTool(DrawingTool::Cursor);
     }

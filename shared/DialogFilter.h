@@ -10,6 +10,8 @@ inline constexpr QStringView pictureFilter =
     u"JPG and GIF Files(*.jpg;*.gif)|*.jpg;*.gif|JPG Files(*.jpg)|*.jpg|GIF Files(*.Gif)|*.Gif|";
 inline constexpr QStringView otherPictureFilter =
     u"Pictures|*.jpg;*.jpeg;*.gif;*.png;*.bmp;*.svg;*.webp|All Files(*.*)|*.*";
+inline constexpr QStringView svgFilter = u"SVG Files|*.svg|All Files(*.*)|*.*";
+inline constexpr QStringView tableFilter = u"Tables|*.csv;*.tsv;*.tab;*.txt|All Files(*.*)|*.*";
 inline constexpr QStringView pngFilter = u"PNG Files(*.png)|*.png";
 
 /**

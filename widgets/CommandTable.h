@@ -106,8 +106,19 @@ public:
         for (const Row& row : rows) {
             commands_ << Command{ &row };
         }
-        FillMenuBar(window, bar);
+        FillMenus(window, bar, nullptr);
         FillToolbar(window, toolbar);
+    }
+
+    /** Adds what `rows` tell to the end of `menu`, for `window`; none of them has a menu of the bar or a
+     * button.
+     */
+    void Append(Window* window, QMenu* menu, std::span<const Row> rows)
+    {
+        for (const Row& row : rows) {
+            commands_ << Command{ &row };
+        }
+        FillMenus(window, nullptr, menu);
     }
 
     /** The entry of the command that runs `run`, of which there is one. */
@@ -193,9 +204,8 @@ private:
         return entry;
     }
 
-    void FillMenuBar(Window* window, QMenuBar* bar)
+    void FillMenus(Window* window, QMenuBar* bar, QMenu* menu)
     {
-        QMenu* menu = nullptr;
         QMenu* outer = nullptr;
         for (Command& command : commands_) {
             const Row& row = *command.row;

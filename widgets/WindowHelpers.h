@@ -102,6 +102,20 @@ inline void CentreOnScreen(QWidget* window)
         screen.top() + std::max((screen.height() - window->height()) / 2, 0));
 }
 
+/** Places `window`, grown with its text, at the lower right corner of its owner, where it leaves most of that
+ * to be seen. */
+inline void PlaceAtCorner(QWidget* window)
+{
+    CentreOnScreen(window);
+    if (const QWidget* const owner = window->parentWidget()) {
+        const QRect screen = window->screen()->availableGeometry();
+        const QRect around = owner->frameGeometry() & screen;
+        window->move(
+            std::max(around.right() - window->width(), screen.left()),
+            std::max(around.bottom() - window->height(), screen.top()));
+    }
+}
+
 /** Gives the field and the list of an editable `box` its name: a screen reader meets them on their own. */
 inline void NameParts(const QComboBox* box)
 {

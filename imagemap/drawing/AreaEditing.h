@@ -39,6 +39,9 @@ public:
     /** Adds `areas` in front of all others and selects them. */
     void Paste(const MapAreas& areas);
 
+    /** Adds `areas` in front of the area `place` and selects them; `what` names the step, as "Paste". */
+    void InsertAt(qsizetype place, const MapAreas& areas, QStringView what);
+
     void SelectAll();
     /** Selects the next area, or the one before; false behind the last one. */
     [[nodiscard]] bool SelectNext(int step);
@@ -58,7 +61,6 @@ private:
     void ChangeVertex(const MapArea& area, std::optional<int> vertex, const QString& name);
     void DeleteAreas(QStringView what);
     void SelectChanges(const MapAreas& before);
-    void InsertAt(qsizetype place, const MapAreas& areas, QStringView what);
 
     MapDocument& map_;
     AreaSelection& selection_;

@@ -11,14 +11,18 @@
 #include "app/frmSplash.h"
 #include "help/HelpDisplay.h"
 #include "help/HelpWindow.h"
+#include "imagemap/frmGrid.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/frmJSOptions.h"
+#include "imagemap/frmRegions.h"
+#include "imagemap/frmTable.h"
 #include "linkdialog/frmIMLink.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingDesktop.h"
 #include "tests/support/WidgetDriving.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QListWidget>
 #include <QMessageBox>
@@ -38,10 +42,10 @@ public:
     {
         QTest::addColumn<QByteArray>("window");
         for (const char* const name :
-             { "splash",      "main",           "links",       "editor",        "attributes",
-               "area",        "link-0",         "link-1",      "link-2",        "link-3",
-               "link-4",      "script-options", "preferences", "help-contents", "help-index",
-               "help-search", "font",           "question",    "page-maps",     "map-change" }) {
+             { "splash",      "main",          "links",      "editor",      "attributes", "area",
+               "link-0",      "link-1",        "link-2",     "link-3",      "link-4",     "script-options",
+               "preferences", "help-contents", "help-index", "help-search", "font",       "question",
+               "page-maps",   "map-change",    "grid",       "table",       "regions" }) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
@@ -115,6 +119,22 @@ private:
             change.notes << QStringLiteral("The new form has no place for these attributes: onclick");
             return Loaded(Keep(new frmMapChange(imgMap_, change, MainWindow(false))));
         }
+        if (name == "grid") {
+            const frmGrid::Rooms rooms{ RoomOf({ 640, 480 }), QRect(10, 20, 300, 200) };
+            return Loaded(Keep(new frmGrid(imgMap_, rooms, {}, Editor())));
+        }
+        if (name == "table") {
+            return Table();
+        }
+        if (name == "regions") {
+            QWidget* const editor = Editor();
+            const AreaCandidates regions = {
+                { map_.Areas().at(0), QStringLiteral("The house") },
+                { map_.Areas().at(1), QStringLiteral("Rectangle 2"), QStringLiteral("covers the picture"),
+                  false },
+            };
+            return Loaded(Keep(new frmRegions(imgMap_, QStringLiteral("Shapes of an SVG"), regions, editor)));
+        }
         if (name == "font") {
             return Keep(new FontDialog(QFont(QStringLiteral("Courier New"), 10), nullptr));
         }
@@ -182,6 +202,13 @@ private:
         auto* const list = Find<QTreeView>(editor, "ListView1");
         list->setCurrentIndex(list->model()->index(0, 0));
         return editor;
+    }
+
+    QWidget* Table()
+    {
+        QGuiApplication::clipboard()->setText(QStringLiteral("link\ttext\r\nhouse.htm\tThe house\r\n"));
+        QWidget* const editor = Editor();
+        return Loaded(Keep(new frmTable(imgMap_, { map_.Areas(), { 0, 1, 2 }, false }, editor)));
     }
 
     QWidget* Help(const QByteArray& name)

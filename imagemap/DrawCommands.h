@@ -1,0 +1,60 @@
+#pragma once
+
+#include "outline/AreaCandidate.h"
+#include "outline/Grid.h"
+#include "shared/ImgMap.h"
+#include "widgets/CommandTable.h"
+
+#include <QObject>
+#include <functional>
+
+class AreaCommands;
+class MapDocument;
+class PicturePane;
+class QMainWindow;
+
+/**
+ * The commands that make many areas at once, or give many their links: the submenu Draw of the areas' menu.
+ * What they are about to do is seen before it is done, and each is one step of undo.
+ */
+class DrawCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /** What a command needs to be enabled. */
+    enum class Need { Nothing, Picture, Areas };
+    using Command = CommandRow<DrawCommands, Need>;
+
+    /** The parts of the window that the commands work on, all of which live as long. */
+    struct Parts
+    {
+        QMainWindow& window;
+        AreaCommands& areas; ///< the submenu stands at the end of its menu
+        MapDocument& map;
+        PicturePane& pane;
+        const ImgMap& imgMap;
+        std::function<bool()> begin; ///< gives up what is being drawn; false where a dialog is about to open
+    };
+
+    explicit DrawCommands(const Parts& parts);
+
+    /** A picture is shown, or none, or there are other areas: enables what can be done. */
+    void EnableCommands();
+
+    void ShapesOfSvg();
+    void DrawGrid();
+    void LinkFromTable();
+
+private:
+    [[nodiscard]] static std::span<const Command> Commands();
+    [[nodiscard]] QSize PictureSize() const;
+    void ShowPreview(const MapAreas& areas);
+    void EndPreview();
+    void OfferRegions(const QString& title, const AreaCandidates& regions);
+    void Add(const MapAreas& areas, qsizetype place, QStringView what);
+
+    Parts parts_;
+    CommandSet<Command> commands_;
+    GridPlan grid_; ///< the last one that was made
+};
