@@ -226,19 +226,23 @@ private:
 MergedMap Merge(const EditedMap& was, const EditedMap& mine, const EditedMap& theirs)
 {
     MergedMap merged{ theirs, {} };
-    for (const MergedField& field : mergedFields) {
+    const auto mergeField = [&merged](QStringView name, auto& field, const auto& old, const auto& own) {
         bool isLost = false;
-        merged.map.source.*field.member = MergedValue(
-            was.source.*field.member, mine.source.*field.member, theirs.source.*field.member, isLost);
+        field = MergedValue(old, own, field, isLost);
         if (isLost) {
-            merged.losses << QStringLiteral("The map's %1 was changed in the page too; the editor's counts")
-                                 .arg(field.name);
+            merged.losses
+                << QStringLiteral("The map's %1 was changed in the page too; the editor's counts").arg(name);
         }
+    };
+    for (const MergedField& field : mergedFields) {
+        mergeField(
+            field.name, merged.map.source.*field.member, was.source.*field.member, mine.source.*field.member);
     }
-    bool isLost = false;
-    merged.map.mode = MergedValue(was.mode, mine.mode, theirs.mode, isLost);
-    merged.map.source.FileNamesOnly =
-        MergedValue(was.source.FileNamesOnly, mine.source.FileNamesOnly, theirs.source.FileNamesOnly, isLost);
+    mergeField(u"JavaScript mode", merged.map.mode, was.mode, mine.mode);
+    // Of two states, whatever both changed it to is the same.
+    if (mine.source.FileNamesOnly != was.source.FileNamesOnly) {
+        merged.map.source.FileNamesOnly = mine.source.FileNamesOnly;
+    }
     merged.map.source.Areas =
         AreaMerge(was.source.Areas, mine.source.Areas, theirs.source.Areas).Merged(merged.losses);
     return merged;

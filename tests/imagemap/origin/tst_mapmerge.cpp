@@ -52,6 +52,8 @@ private Q_SLOTS:
     void newAreasOfBothSidesStay();
     void newAreaOfThePageStaysBehindADeletedOne();
     void fieldsAreMergedOneByOne();
+    void modeThatBothChangedIsTold();
+    void fileNamesOnlyIsMerged();
     void attributesAreMergedOneByOne();
     void copiesOfAnAreaAreNew();
     void sourcesAreKept();
@@ -155,6 +157,36 @@ void tst_mapmerge::fieldsAreMergedOneByOne()
     QCOMPARE(
         merged.losses,
         QStringList(QStringLiteral("The map's name was changed in the page too; the editor's counts")));
+}
+
+void tst_mapmerge::modeThatBothChangedIsTold()
+{
+    EditedMap mine = MapOf(was_);
+    EditedMap theirs = MapOf(was_);
+    mine.mode = JSToolTips;
+    const MergedMap one = Merge(MapOf(was_), mine, theirs);
+    QCOMPARE(one.map.mode, JSToolTips);
+    QCOMPARE(one.losses, QStringList());
+    theirs.mode = JSTextArea;
+    const MergedMap both = Merge(MapOf(was_), mine, theirs);
+    QCOMPARE(both.map.mode, JSToolTips);
+    QCOMPARE(
+        both.losses, QStringList(QStringLiteral(
+                         "The map's JavaScript mode was changed in the page too; the editor's counts")));
+}
+
+/** There are only two states, so that nothing of it can get lost. */
+void tst_mapmerge::fileNamesOnlyIsMerged()
+{
+    EditedMap mine = MapOf(was_);
+    EditedMap theirs = MapOf(was_);
+    theirs.source.FileNamesOnly = true;
+    const MergedMap one = Merge(MapOf(was_), mine, theirs);
+    QVERIFY(one.map.source.FileNamesOnly);
+    mine.source.FileNamesOnly = true;
+    const MergedMap both = Merge(MapOf(was_), mine, theirs);
+    QVERIFY(both.map.source.FileNamesOnly);
+    QCOMPARE(one.losses + both.losses, QStringList());
 }
 
 void tst_mapmerge::attributesAreMergedOneByOne()
