@@ -17,7 +17,8 @@ struct MapUpdate
  *
  * This program's own output is generated anew, and only what differs is replaced; what nobody has changed
  * keeps its reference. Style and script come into the head where the map needs them for the first time. Of
- * all other maps the tags that must change are, and that of the first picture.
+ * all other maps the tags that must change are, and that of the first picture. A picture without a map gets
+ * one (AddMap()).
  *
  * `context` counts for references and for pictures, its text for nothing. Nothing is given for what cannot be
  * written: what code says in the page, or a mode that the map's form has no room for.

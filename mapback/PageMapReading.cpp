@@ -1,5 +1,6 @@
 #include "mapback/PageMapReading.h"
 
+#include "mapback/PictureFields.h"
 #include "mapreader/AttributeWishes.h"
 
 #include <algorithm>
@@ -50,6 +51,14 @@ QSize SizeInPage(const MapSource& source, QSize picture)
     return shown.isEmpty() ? QSize() : shown;
 }
 
+void SetSizes(ReturnedMap& map, const ReturnedMap& was, const MapSource& now, const TodayPage& context)
+{
+    const bool isOtherPicture = now.PictureReference != was.source.PictureReference;
+    map.pictureSize = isOtherPicture ? context.PictureSize : was.pictureSize;
+    const bool isSameSize = now.Width == was.source.Width && now.Height == was.source.Height;
+    map.coordinateSize = isSameSize ? was.coordinateSize : SizeInPage(now, map.pictureSize);
+}
+
 ReturnedMap ReadPageMap(QStringView page, const PageMaps& maps, qsizetype map)
 {
     const PageMap& one = maps.maps[std::size_t(map)];
@@ -65,10 +74,7 @@ ReturnedMap ReadPageMap(QStringView page, const PageMaps& maps, qsizetype map)
     const auto picture = std::ranges::find(maps.pictures, map, &PagePicture::map);
     if (picture != maps.pictures.end()) {
         read.picture = picture->tag;
-        const QList<AttributeWish> attributes = AttributesOf(PageTag(page, picture->tag));
-        for (const PictureField& field : pictureFields) {
-            read.source.*field.member = ValueIn(attributes, field.attribute);
-        }
+        SetPictureFields(read.source, page, picture->tag);
     }
     read.coordinateSize = SizeInPage(read.source, {});
     for (qsizetype i = 0; i < one.areaCount; ++i) {

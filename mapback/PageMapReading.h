@@ -11,21 +11,5 @@
  */
 [[nodiscard]] QSize SizeInPage(const MapSource& source, QSize picture);
 
-/** A field about the whole map that is an attribute of its picture. */
-struct PictureField
-{
-    QStringView attribute;
-    QString MapSource::*member;
-    bool goesWhenEmpty; ///< the attribute; else its value becomes empty
-};
-
-inline constexpr std::array<PictureField, 8> pictureFields = { {
-    { u"src", &MapSource::PictureReference, false },
-    { u"width", &MapSource::Width, true },
-    { u"height", &MapSource::Height, true },
-    { u"alt", &MapSource::AltText, false },
-    { u"align", &MapSource::Align, true },
-    { u"border", &MapSource::Border, true },
-    { u"hspace", &MapSource::HorizontalSpace, true },
-    { u"vspace", &MapSource::VerticalSpace, true },
-} };
+/** Sets the two sizes that coordinates refer to, for `was` once it is what `now` says. */
+void SetSizes(ReturnedMap& map, const ReturnedMap& was, const MapSource& now, const TodayPage& context);

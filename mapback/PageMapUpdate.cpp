@@ -1,8 +1,8 @@
 #include "mapback/PageMapUpdate.h"
 
-#include "codegen/PageReference.h"
 #include "mapback/AreaMatching.h"
 #include "mapback/PageMapReading.h"
+#include "mapback/PictureFields.h"
 #include "mapreader/MapChanges.h"
 
 #include <QSet>
@@ -66,7 +66,6 @@ private:
     bool ReadMaps();
     [[nodiscard]] MapWish Wish() const;
     void WishName(QList<AttributeWish>& attributes) const;
-    [[nodiscard]] QList<AttributeWish> PictureWishes(const TodayPage& context) const;
     bool ChangePicture(Changes& changes, const TodayPage& context) const;
     [[nodiscard]] QList<AreaAttribute> AttributesOf(const MapArea& area) const
     {
@@ -90,26 +89,18 @@ private:
 
 void PageMapUpdater::FindScales(const TodayPage& context)
 {
-    const bool isOtherPicture = now_.PictureReference != was_.source.PictureReference;
-    pictureSize_ = isOtherPicture ? context.PictureSize : was_.pictureSize;
-    const bool isSameSize = now_.Width == was_.source.Width && now_.Height == was_.source.Height;
-    coordinateSize_ = isSameSize ? was_.coordinateSize : SizeInPage(now_, pictureSize_);
     ReturnedMap sizes;
-    sizes.pictureSize = pictureSize_;
-    sizes.coordinateSize = coordinateSize_;
+    SetSizes(sizes, was_, now_, context);
+    pictureSize_ = sizes.pictureSize;
+    coordinateSize_ = sizes.coordinateSize;
     scale_ = ScaleOf(sizes);
 }
 
 bool PageMapUpdater::IsAgainstCode() const
 {
-    const auto isChangedCode = [this](QString MapSource::*field) {
-        return now_.*field != was_.source.*field && TemplateCodeIn(was_.source.*field) != TemplateCode::None;
-    };
-    return isChangedCode(&MapSource::MapName) ||
-           std::ranges::any_of(
-               pictureFields, [&](const PictureField& field) { return isChangedCode(field.member); }) ||
-           std::ranges::any_of(
-               now_.Areas, [this](const MapArea& area) { return ::IsAgainstCode(area, scale_); });
+    return ChangesCode(was_.source, now_) || std::ranges::any_of(now_.Areas, [this](const MapArea& area) {
+               return ::IsAgainstCode(area, scale_);
+           });
 }
 
 /** Reads the map again; the page as a whole only where its pictures count, or where it decides what the map
@@ -171,31 +162,11 @@ MapWish PageMapUpdater::Wish() const
     return wish;
 }
 
-QList<AttributeWish> PageMapUpdater::PictureWishes(const TodayPage& context) const
-{
-    QList<AttributeWish> wishes;
-    for (const PictureField& field : pictureFields) {
-        QString value = now_.*field.member;
-        if (value == was_.source.*field.member) {
-            continue;
-        }
-        if (field.member == &MapSource::PictureReference && !context.PicturePath.isEmpty()) {
-            value = now_.FileNamesOnly
-                        ? value
-                        : PageReference(context.PicturePath, ReferenceFolder(page_, context.Path));
-        }
-        const bool goes = value.isEmpty() && field.goesWhenEmpty;
-        wishes << AttributeWish{ field.attribute.toString(), goes              ? QString()
-                                                             : value.isEmpty() ? QString(QLatin1String(""))
-                                                                               : value };
-    }
-    return wishes;
-}
-
 /** Adds the changes of the picture's tag, together with those that a new name of the map has made in it. */
 bool PageMapUpdater::ChangePicture(Changes& changes, const TodayPage& context) const
 {
-    QList<AttributeWish> wishes = was_.picture.length == 0 ? QList<AttributeWish>() : PictureWishes(context);
+    QList<AttributeWish> wishes =
+        was_.picture.length == 0 ? QList<AttributeWish>() : PictureWishes(page_, was_.source, now_, context);
     if (wishes.isEmpty()) {
         return true;
     }

@@ -18,7 +18,7 @@ struct ReturnedMap
     /** The areas, and the fields about the whole map; of other maps, those of the first picture that uses it.
      */
     MapSource source;
-    HtmlSpan place; ///< of this map in the page
+    HtmlSpan place; ///< of this map in the page; empty for a picture that has none yet
     /** What the page's coordinates refer to: the size in which it shows the picture. Empty for HTML 4 of this
      * program, where it is the picture's own, and where the page does not say it. */
     QSize coordinateSize;
@@ -26,6 +26,11 @@ struct ReturnedMap
         pictureSize;  ///< what those of the areas refer to, once FitToPicture() was told; else as in the page
     TodayMap today;   ///< of the forms for today's browsers: what it is written from
     HtmlSpan picture; ///< of other maps, the tag of the first picture that uses it; empty if there is none
+
+    [[nodiscard]] bool IsInPage() const { return place.length > 0; }
+
+    /** What the map has of the page: its place, or the tag of the picture that shall get it. */
+    [[nodiscard]] HtmlSpan Held() const { return IsInPage() ? place : picture; }
 };
 
 /**
