@@ -45,7 +45,7 @@ PageMapsModel* PageMapCommands::ReadPage()
 void PageMapCommands::mnuPEditMap_Click()
 {
     std::unique_ptr<PageMapsModel> model(ReadPage());
-    if (const std::optional<int> row = model->RowAt(page_.Selection().Start)) {
+    if (const std::optional<int> row = model->RowAt(page_.Selection())) {
         Open(*model, *row);
     } else if (model->rowCount() == 0) {
         ShowMessage(window_, QMessageBox::Information, noMapsText.toString());
@@ -58,8 +58,8 @@ void PageMapCommands::mnuPEditMap_Click()
 void PageMapCommands::mnuPToToday_Click()
 {
     const std::unique_ptr<PageMapsModel> model(ReadPage());
-    const std::optional<int> row = model->RowAt(page_.Selection().Start);
-    if (!row) {
+    const std::optional<int> row = model->RowAt(page_.Selection());
+    if (!row || model->MapOf(*row) == nullptr) {
         ShowMessage(window_, QMessageBox::Information, noMapHereText.toString());
         return;
     }

@@ -98,10 +98,20 @@ PageMapsModel::PageMapsModel(QString page, PageMaps maps, std::vector<MapPlace> 
     }
 }
 
-std::optional<int> PageMapsModel::RowAt(qsizetype caret) const
+std::optional<int> PageMapsModel::RowAt(const TextSpan& selection) const
 {
-    const qsizetype atCaret = MapAt(places_, maps_, caret);
-    return atCaret >= 0 ? std::optional(int(atCaret)) : places_.size() == 1 ? std::optional(0) : std::nullopt;
+    if (const qsizetype atCaret = MapAt(places_, maps_, selection.Start); atCaret >= 0) {
+        return int(atCaret);
+    }
+    // A caret in front of the tag is not in it.
+    const qsizetype inside = selection.Start + (selection.Length > 0 ? 1 : 0);
+    const auto picture = std::find_if(pictures_.begin(), pictures_.end(), [inside](const HtmlSpan& tag) {
+        return inside > tag.offset && inside < tag.End();
+    });
+    if (picture != pictures_.end()) {
+        return int(places_.size()) + int(picture - pictures_.begin());
+    }
+    return places_.size() == 1 ? std::optional(0) : std::nullopt;
 }
 
 const MapPlace* PageMapsModel::MapOf(int row) const

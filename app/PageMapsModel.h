@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mapback/MapPlaces.h"
+#include "shared/PageDocument.h"
 
 #include <QAbstractTableModel>
 #include <optional>
@@ -29,8 +30,9 @@ public:
     [[nodiscard]] const QString& Page() const { return page_; }
     [[nodiscard]] const PageMaps& Maps() const { return maps_; }
 
-    /** The row of the map at a place of the page, or else of the only one. */
-    [[nodiscard]] std::optional<int> RowAt(qsizetype caret) const;
+    /** The row of the map at what is selected in the page, or of the picture without one in whose tag that
+     * is; else that of the only map. */
+    [[nodiscard]] std::optional<int> RowAt(const TextSpan& selection) const;
 
     /** The map of a row; nullptr for a picture. */
     [[nodiscard]] const MapPlace* MapOf(int row) const;

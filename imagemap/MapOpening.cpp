@@ -2,6 +2,7 @@
 
 #include "imagemap/EditorPanels.h"
 #include "imagemap/MapFields.h"
+#include "imagemap/NewMapProblem.h"
 #include "imagemap/PastedPictures.h"
 #include "imagemap/UpdateCommand.h"
 #include "imagemap/model/MapDocument.h"
@@ -9,7 +10,7 @@
 #include "imagemap/origin/PagePicture.h"
 #include "imagemap/picture/AnyPicture.h"
 #include "mapback/MapPlaces.h"
-#include "mapreader/PageTag.h"
+#include "mapback/NewMap.h"
 #include "shared/FileWriting.h"
 #include "shared/Paths.h"
 #include "widgets/FileDialog.h"
@@ -69,11 +70,12 @@ void MapOpening::EditMap(const QString& page, const PageMaps& maps, const MapPla
 void MapOpening::MapPicture(const QString& page, const PageMaps& maps, const HtmlSpan& place)
 {
     const std::unique_ptr<AnchoredRange> there = parts_.page.Anchor({ place.offset, place.length });
-    if (parts_.begin() && parts_.discard()) {
-        const QString now = parts_.page.Text();
-        const TextSpan tag = now == page ? TextSpan{ place.offset, place.length } : there->Place();
-        OpenPicture(now, { tag.Start, tag.Length }, maps.base);
+    if (!parts_.begin() || parts_.update.IsOpen(page, place) || !parts_.discard()) {
+        return;
     }
+    const QString now = parts_.page.Text();
+    const TextSpan tag = now == page ? TextSpan{ place.offset, place.length } : there->Place();
+    Open(ReadPicture(now, { tag.Start, tag.Length }), now, maps.base);
 }
 
 /** A file of the program's own for a picture that has none: undoing finds pictures by their files. */
@@ -142,31 +144,11 @@ void MapOpening::Open(ReturnedMap map, const QString& text, const QString& base)
     }
     Show(map, ground);
     ShowDefaultPointer();
-    parts_.page.Select({ map.place.offset, map.place.length });
+    parts_.page.Select({ map.Held().offset, map.Held().length });
+    const QString problem = ProblemOfPicture(text, map);
     parts_.update.TakeRead(std::move(map), text);
-    if (!ground.note.isEmpty()) {
-        parts_.panels.ShowHint(ground.note);
-    }
-}
-
-void MapOpening::OpenPicture(const QString& text, const HtmlSpan& place, const QString& base)
-{
-    const PageTag tag(text, place);
-    const auto value = [&tag](const char* name) { return tag.Value(QLatin1String(name)); };
-    ReturnedMap map;
-    const QString usemap = value("usemap");
-    map.source.MapName = usemap.mid(usemap.indexOf(u'#') + 1);
-    map.source.PictureReference = value("src");
-    map.source.AltText = value("alt");
-    map.source.Width = value("width");
-    map.source.Height = value("height");
-    ShowHourglass();
-    const Ground ground = FindGround(map, base);
-    Show(map, ground);
-    ShowDefaultPointer();
-    parts_.page.Select({ place.offset, place.length });
-    if (!ground.note.isEmpty()) {
-        parts_.panels.ShowHint(ground.note);
+    if (const QString note = problem.isEmpty() ? ground.note : problem; !note.isEmpty()) {
+        parts_.panels.ShowHint(note);
     }
 }
 

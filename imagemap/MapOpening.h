@@ -42,12 +42,12 @@ public:
      * open if it is that. */
     void EditMap(const QString& page, const PageMaps& maps, const MapPlace& place);
 
-    /** Opens the picture of the document whose tag is at `place`, for a new map. */
+    /** Opens the picture of the document whose tag is at `place`, for a map that goes behind it; brings back
+     * the one that is open if it is that. */
     void MapPicture(const QString& page, const PageMaps& maps, const HtmlSpan& place);
 
 private:
     void Open(ReturnedMap map, const QString& text, const QString& base);
-    void OpenPicture(const QString& text, const HtmlSpan& place, const QString& base);
 
     /** A picture to draw on, and what is to be told of it. */
     struct Ground

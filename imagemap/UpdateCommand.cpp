@@ -2,11 +2,12 @@
 
 #include "imagemap/EditorPanels.h"
 #include "imagemap/MapFields.h"
+#include "imagemap/NewMapProblem.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/TodayInsert.h"
 #include "imagemap/model/MapDocument.h"
 #include "imagemap/origin/AreaMatching.h"
-#include "mapback/MapUpdate.h"
+#include "mapback/NewMap.h"
 #include "widgets/WindowHelpers.h"
 
 #include <QAction>
@@ -21,6 +22,8 @@ constexpr QStringView updateQuestion =
     u"The page does not have your changes of its map yet.\n\nUpdate the page?";
 constexpr QStringView goneText = u"The map is in the page no more, or was changed there so that it cannot be "
                                  u"read.\nInsert puts it in at the caret !";
+constexpr QStringView pictureGoneText =
+    u"The picture is in the page no more, or has got a map there.\nInsert puts yours in at the caret !";
 constexpr QStringView refusedText =
     u"The changes cannot be written: code of a template is in their way, or the form of the map in the page "
     u"has no room for them !";
@@ -111,7 +114,7 @@ void UpdateCommand::TakeInserted(std::unique_ptr<AnchoredRange> range)
 void UpdateCommand::TakeRead(ReturnedMap read, const QString& page)
 {
     serial_ = parts_.map.Serial().Number();
-    std::unique_ptr<AnchoredRange> range = parts_.page.Anchor({ read.place.offset, read.place.length });
+    std::unique_ptr<AnchoredRange> range = parts_.page.Anchor({ read.Held().offset, read.Held().length });
     ShownMap shown = Shown(&read);
     const QString text = TextOf(page, read);
     if (MapOrigin* const origin = origins_.Present()) {
@@ -130,7 +133,7 @@ bool UpdateCommand::IsOfPage() const
 
 bool UpdateCommand::IsOpen(QStringView page, const HtmlSpan& place) const
 {
-    return IsOfPage() && origins_.Present()->Read()->place == place && origins_.Present()->IsAsRead(page);
+    return IsOfPage() && origins_.Present()->Read()->Held() == place && origins_.Present()->IsAsRead(page);
 }
 
 bool UpdateCommand::HasUnwrittenChanges() const
@@ -179,12 +182,15 @@ bool UpdateCommand::Update()
     }
     const QString page = parts_.page.Text();
     const ReturnedMap* const read = origin->Read();
-    if (read != nullptr && origin->IsAsRead(page)) {
+    // A picture may have got a map that stands elsewhere.
+    if (read != nullptr && read->IsInPage() && origin->IsAsRead(page)) {
         return Write(page, ReturnedMap(*read), Shown(read).map);
     }
     std::optional<ReturnedMap> now = origin->ReadAgain(page);
     if (!now) {
-        ShowMessage(&parts_.window, QMessageBox::Information, goneText.toString());
+        const bool isPicture = read != nullptr && !read->IsInPage();
+        ShowMessage(
+            &parts_.window, QMessageBox::Information, (isPicture ? pictureGoneText : goneText).toString());
         return false;
     }
     const PictureSurface& surface = parts_.pane.Surface();
@@ -209,8 +215,11 @@ bool UpdateCommand::MayLose(const QStringList& losses)
                             QStringLiteral("\n\nUpdate the page all the same?"));
 }
 
-bool UpdateCommand::Write(const QString& page, const ReturnedMap& was, const EditedMap& now)
+bool UpdateCommand::Write(const QString& page, const ReturnedMap& was, EditedMap now)
 {
+    if (!was.IsInPage() && !PrepareNew(page, was, now)) {
+        return false;
+    }
     const PictureSurface& surface = parts_.pane.Surface();
     const MapPicture picture{ parts_.map.Picture(), { surface.PictureWidth(), surface.PictureHeight() } };
     QString rest = page;
@@ -229,6 +238,23 @@ bool UpdateCommand::Write(const QString& page, const ReturnedMap& was, const Edi
                                   : QStringLiteral("Updated in line %1")
                                         .arg(LineOf(parts_.page.Text(), update->after.place.offset)));
     return true;
+}
+
+/** Sees to it that a picture without a map can get this one; tells what is in the way. */
+bool UpdateCommand::PrepareNew(const QString& page, const ReturnedMap& picture, EditedMap& map)
+{
+    const QString problem = ProblemOfNewMap(page, picture, map);
+    if (!problem.isEmpty()) {
+        ShowMessage(&parts_.window, QMessageBox::Information, problem);
+    } else if (map.source.MapName.isEmpty()) {
+        ShowMessage(
+            &parts_.window, QMessageBox::Information, QStringLiteral("Please, enter the Image Map Name !"));
+        parts_.fields.GoToName();
+    } else {
+        map.source.MapName = NameOfNewMap(page, picture, map.source.MapName);
+        return true;
+    }
+    return false;
 }
 
 /** What was changed by hand in the page is shown too. */

@@ -80,7 +80,8 @@ public:
 private:
     void History_Changed();
     [[nodiscard]] bool MayLose(const QStringList& losses);
-    bool Write(const QString& page, const ReturnedMap& was, const EditedMap& now);
+    bool Write(const QString& page, const ReturnedMap& was, EditedMap now);
+    bool PrepareNew(const QString& page, const ReturnedMap& picture, EditedMap& map);
     void Show(const EditedMap& merged);
 
     Parts parts_;

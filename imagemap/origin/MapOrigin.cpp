@@ -1,9 +1,11 @@
 #include "imagemap/origin/MapOrigin.h"
 
 #include "mapback/MapPlaces.h"
+#include "mapback/NewMap.h"
 
 #include <QStringBuilder>
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -21,14 +23,26 @@ double FitOf(const HtmlSpan& one, const HtmlSpan& other)
     return common / (double(one.length) + double(other.length) - common);
 }
 
-/** That of `places` which is most at `place`; nullptr if none is. */
-const MapPlace* BestPlace(const std::vector<MapPlace>& places, const HtmlSpan& place)
+/** That of `things` which is most at `place`; nullptr if none is. */
+template<class Thing, class PlaceOf>
+const Thing* BestAt(const std::vector<Thing>& things, const HtmlSpan& place, PlaceOf placeOf)
 {
-    const auto best =
-        std::max_element(places.begin(), places.end(), [&place](const MapPlace& one, const MapPlace& other) {
-            return FitOf(one.whole, place) < FitOf(other.whole, place);
-        });
-    return best != places.end() && CommonLength(best->whole, place) > 0 ? &*best : nullptr;
+    const auto fit = [&](const Thing& thing) { return FitOf(placeOf(thing), place); };
+    const auto best = std::ranges::max_element(things, {}, fit);
+    return best != things.end() && CommonLength(placeOf(*best), place) > 0 ? &*best : nullptr;
+}
+
+/** The picture at `place`, if no map of the page belongs to it. */
+std::optional<ReturnedMap> PictureAt(QStringView page, const PageMaps& maps, const HtmlSpan& place)
+{
+    std::vector<HtmlSpan> pictures = maps.plainPictures;
+    for (const PagePicture& picture : maps.pictures) {
+        if (picture.map < 0) {
+            pictures.push_back(picture.tag);
+        }
+    }
+    const HtmlSpan* const best = BestAt(pictures, place, std::identity());
+    return best != nullptr ? std::optional(ReadPicture(page, *best)) : std::nullopt;
 }
 
 bool IsWithin(QStringView page, const HtmlSpan& place)
@@ -59,16 +73,19 @@ void MapOrigin::Agree(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QS
 
 bool MapOrigin::IsAsRead(QStringView page) const
 {
-    return read_ && IsThere() && range_->Place().Start == read_->place.offset &&
+    return read_ && IsThere() && range_->Place().Start == read_->Held().offset &&
            IsWithin(page, read_->place) && IsWithin(page, read_->picture) && TextOf(page, *read_) == text_;
 }
 
 std::optional<ReturnedMap> MapOrigin::ReadAgain(QStringView page) const
 {
-    const TextSpan place = range_->Place();
+    const HtmlSpan place{ range_->Place().Start, range_->Place().Length };
     const PageMaps maps = ReadPageMaps(page);
+    if (read_ && !read_->IsInPage()) {
+        return PictureAt(page, maps, place);
+    }
     const std::vector<MapPlace> places = MapPlacesOf(page, maps);
-    const MapPlace* const best = BestPlace(places, { place.Start, place.Length });
+    const MapPlace* const best = BestAt(places, place, [](const MapPlace& one) { return one.whole; });
     return best != nullptr ? ReadMap(page, maps, *best) : std::nullopt;
 }
 

@@ -21,7 +21,7 @@ struct ShownMap
 class MapOrigin
 {
 public:
-    /** A map that was read from a page, at `range`. */
+    /** A map that was read from a page, at `range`, or a picture that has none yet. */
     MapOrigin(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);
 
     /** A map that was put into a page, at `range`; what stands there is read when it is needed. */
@@ -43,7 +43,8 @@ public:
     /** Whether the page has at the same place what Read() was read from. */
     [[nodiscard]] bool IsAsRead(QStringView page) const;
 
-    /** Reads the map again where it is now; nothing if it is there no more, or cannot be read. */
+    /** Reads the map again where it is now; nothing if it is there no more, or cannot be read, or has got to
+     * a picture that had none. */
     [[nodiscard]] std::optional<ReturnedMap> ReadAgain(QStringView page) const;
 
     /** Map and page agree: `read` is what the page has at `range`, which holds `text`. */

@@ -25,11 +25,14 @@ protected:
     void Load(const QString& text);
 
     frmImageMap* Map() { return ::Find<frmImageMap>(&test_->window, "frmImageMap"); }
-    void PressEdit() { test_->Press(Qt::Key_M, Qt::ControlModifier); }
+    void PressEdit();
     bool Edit();
     void GoToMap();
     void Update();
     QString Text() { return test_->Editor()->Text(); }
+    void DrawRectangle(const QRect& place, const char* link);
+    void FillANewMap(const MapAreas& areas);
+    static MapArea PlainArea(const QList<int>& numbers, const char* link);
     QStringList Rows();
     void Choose(int row);
     void ShowArea(int row);
@@ -40,6 +43,7 @@ protected:
     }
 
 private:
+    static bool BringToFront(QWidget* window);
     void WritePicture(QSize size = { 300, 200 });
 };
 
@@ -63,6 +67,20 @@ inline void EditMapFixture::Load(const QString& text)
     test_->Editor()->LoadText(text);
 }
 
+/** A window says of itself that it is active as soon as the one that it belongs to is, or one of its own;
+ * keys go to the application's. */
+inline bool EditMapFixture::BringToFront(QWidget* window)
+{
+    window->activateWindow();
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+}
+
+inline void EditMapFixture::PressEdit()
+{
+    QVERIFY(BringToFront(&test_->window));
+    test_->Press(Qt::Key_M, Qt::ControlModifier);
+}
+
 /** Opens a map by the command's key; the editor comes to the front. */
 inline bool EditMapFixture::Edit()
 {
@@ -76,14 +94,51 @@ inline bool EditMapFixture::Edit()
 
 inline void EditMapFixture::GoToMap()
 {
-    Map()->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(Map()));
+    QVERIFY(BringToFront(Map()));
 }
 
 inline void EditMapFixture::Update()
 {
     GoToMap();
     QTest::keyClick(Map(), Qt::Key_U, Qt::ControlModifier);
+}
+
+/** Draws it on the picture with the mouse; the link dialog gets a link and a message. */
+inline void EditMapFixture::DrawRectangle(const QRect& place, const char* link)
+{
+    GoToMap();
+    auto* const tools = ::Find<QToolBar>(Map(), "Toolbar1");
+    Click(tools->widgetForAction(tools->actions().at(4)));
+    auto* const picture = ::Find<QWidget>(Map(), "PictureDisplay");
+    test_->robot.Act([link](QDialog& dialog) {
+        TypeIn(&dialog, "cmbLink", link);
+        TypeIn(&dialog, "txtStatusBarMessage", "New");
+        ClickIn(&dialog, "SSCmdOK");
+    });
+    QTest::mousePress(picture, Qt::LeftButton, {}, place.topLeft());
+    QTest::mouseMove(picture, place.center());
+    QTest::mouseMove(picture, place.bottomRight());
+    QTest::mouseRelease(picture, Qt::LeftButton, {}, place.bottomRight());
+    test_->robot.WaitUntilDone();
+}
+
+/** Opens the picture beside the page in the editor, which is open, and gives it areas. */
+inline void EditMapFixture::FillANewMap(const MapAreas& areas)
+{
+    test_->robot.ChooseFile(Path("harbour.jpg"));
+    ::Find<QAction>(Map(), "mnuOpenImage")->trigger();
+    test_->robot.WaitUntilDone();
+    test_->folder.map.ChangeAreas(areas, QStringLiteral("Drawing"));
+}
+
+/** A rectangle of four numbers, or a circle of three. */
+inline MapArea EditMapFixture::PlainArea(const QList<int>& numbers, const char* link)
+{
+    MapArea area;
+    area.Shape = numbers.size() == 3 ? AreaShape::Circle : AreaShape::Rectangle;
+    area.Coordinates = numbers;
+    area.Link = QString::fromLatin1(link);
+    return area;
 }
 
 inline QStringList EditMapFixture::Rows()

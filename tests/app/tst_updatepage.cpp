@@ -110,19 +110,7 @@ void tst_updatepage::drawnAreaIsWrittenBesideTheOthers()
 {
     Load(QString::fromLatin1(twoAreas));
     QVERIFY(Edit());
-    Click(::Find<QToolBar>(Map(), "Toolbar1")
-              ->widgetForAction(::Find<QToolBar>(Map(), "Toolbar1")->actions().at(4)));
-    auto* const picture = ::Find<QWidget>(Map(), "PictureDisplay");
-    test_->robot.Act([](QDialog& dialog) {
-        TypeIn(&dialog, "cmbLink", "new.htm");
-        TypeIn(&dialog, "txtStatusBarMessage", "New");
-        ClickIn(&dialog, "SSCmdOK");
-    });
-    QTest::mousePress(picture, Qt::LeftButton, {}, { 200, 120 });
-    QTest::mouseMove(picture, { 220, 140 });
-    QTest::mouseMove(picture, { 240, 160 });
-    QTest::mouseRelease(picture, Qt::LeftButton, {}, { 240, 160 });
-    test_->robot.WaitUntilDone();
+    DrawRectangle({ QPoint(200, 120), QPoint(240, 160) }, "new.htm");
     Update();
     const QString text = Text();
     const QString before = QString::fromLatin1(twoAreas);
@@ -159,21 +147,7 @@ void tst_updatepage::insertedMapIsUpdatedWhereItIs()
     test_->Editor()->Select(12, 0);
     test_->Press(Qt::Key_I, Qt::ControlModifier);
     QVERIFY(!::Find<QAction>(Map(), "mnuAUpdatePage")->isEnabled());
-    test_->robot.ChooseFile(Path("harbour.jpg"));
-    ::Find<QAction>(Map(), "mnuOpenImage")->trigger();
-    test_->robot.WaitUntilDone();
-    test_->folder.map.ChangeAreas(
-        { { .Shape = AreaShape::Rectangle,
-            .Coordinates = { 1, 2, 30, 40 },
-            .Link = QStringLiteral("a.htm"),
-            .Target = {},
-            .Message = {} },
-          { .Shape = AreaShape::Circle,
-            .Coordinates = { 100, 100, 20 },
-            .Link = QStringLiteral("b.htm"),
-            .Target = {},
-            .Message = {} } },
-        QStringLiteral("Drawing"));
+    FillANewMap({ PlainArea({ 1, 2, 30, 40 }, "a.htm"), PlainArea({ 100, 100, 20 }, "b.htm") });
     TypeIn(Map(), "txtName", "m");
     ::Find<QAction>(Map(), "mnuInsert")->trigger();
     const QString inserted = Text();
@@ -310,16 +284,7 @@ void tst_updatepage::insertedMapIsAskedForAsEver()
 {
     Load(QStringLiteral("<p>One</p>\r\n"));
     test_->Press(Qt::Key_I, Qt::ControlModifier);
-    test_->robot.ChooseFile(Path("harbour.jpg"));
-    ::Find<QAction>(Map(), "mnuOpenImage")->trigger();
-    test_->robot.WaitUntilDone();
-    test_->folder.map.ChangeAreas(
-        { { .Shape = AreaShape::Rectangle,
-            .Coordinates = { 1, 2, 30, 40 },
-            .Link = {},
-            .Target = {},
-            .Message = {} } },
-        QStringLiteral("Drawing"));
+    FillANewMap({ PlainArea({ 1, 2, 30, 40 }, "") });
     TypeIn(Map(), "txtName", "m");
     ::Find<QAction>(Map(), "mnuInsert")->trigger();
     test_->robot.AnswerBox(QMessageBox::Yes);
