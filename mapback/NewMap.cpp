@@ -30,7 +30,8 @@ TagStyle StyleLike(const PageTag& picture)
     TagStyle style = StyleOf(picture);
     style.separator = QStringLiteral(" ");
     const bool hasBlank = style.ending.startsWith(u' ') || style.ending.contains(u'\n');
-    style.ending = style.ending.contains(u'/') ? QString::fromLatin1(hasBlank ? " />" : "/>") : QStringLiteral(">");
+    style.ending =
+        style.ending.contains(u'/') ? QString::fromLatin1(hasBlank ? " />" : "/>") : QStringLiteral(">");
     return style;
 }
 
