@@ -111,13 +111,18 @@ float DifferenceOf(QRgb one, QRgb other)
 
 ColourDistances::ColourDistances(QRgb from)
     : from_(from)
-    // The colour itself is at no distance, so what was not asked for yet says something true.
-    , kept_(std::size_t(1) << keptBits, Kept{ from, 0 })
+    , kept_(std::size_t(1) << keptBits)
 {
+}
+
+void ColourDistances::SetFrom(QRgb from)
+{
+    from_ = from;
+    ++turn_;
 }
 
 float ColourDistances::Measure(Kept& kept, QRgb colour) const
 {
-    kept = { colour, DifferenceOf(from_, colour) };
+    kept = { colour, turn_, DifferenceOf(from_, colour) };
     return kept.distance;
 }

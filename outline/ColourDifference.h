@@ -28,20 +28,24 @@ struct LabColour
 class ColourDistances
 {
 public:
-    explicit ColourDistances(QRgb from);
+    explicit ColourDistances(QRgb from = 0);
+
+    /** Measures from another colour from now on. */
+    void SetFrom(QRgb from);
 
     [[nodiscard]] float To(QRgb colour)
     {
         // The upper bits of the product depend on all those of the colour.
         constexpr quint32 spread = 2654435769U;
         Kept& kept = kept_[(colour * spread) >> (32 - keptBits)];
-        return kept.colour == colour ? kept.distance : Measure(kept, colour);
+        return kept.colour == colour && kept.turn == turn_ ? kept.distance : Measure(kept, colour);
     }
 
 private:
     struct Kept
     {
         QRgb colour = 0;
+        quint32 turn = 0; ///< which of the colours it was measured from; 0 if from none
         float distance = 0;
     };
     static constexpr int keptBits = 12;
@@ -49,5 +53,6 @@ private:
     float Measure(Kept& kept, QRgb colour) const;
 
     QRgb from_;
+    quint32 turn_ = 1;
     std::vector<Kept> kept_;
 };

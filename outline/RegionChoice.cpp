@@ -1,0 +1,78 @@
+#include "outline/RegionChoice.h"
+
+RegionChoice::RegionChoice(const QImage& picture)
+    : picture_(WithWholePixels(picture))
+    , mask_(picture.size())
+{
+}
+
+void RegionChoice::Take(QPoint seed, RegionTaking how, double tolerance)
+{
+    if (how == RegionTaking::Alone) {
+        Clear();
+    } else {
+        SettleLast();
+    }
+    how_ = how;
+    last_.emplace(picture_, mask_, seed);
+    last_->SetTolerance(tolerance);
+}
+
+void RegionChoice::SetTolerance(double tolerance)
+{
+    if (last_) {
+        last_->SetTolerance(tolerance);
+    }
+}
+
+void RegionChoice::Clear()
+{
+    if (last_) {
+        last_->Clear();
+        last_.reset();
+    }
+    mask_.Clear(chosenBox_, MarkChosen);
+    chosenBox_ = {};
+}
+
+bool RegionChoice::Holds(QPoint pixel) const
+{
+    return mask_.Box().contains(pixel) && IsChosen(mask_.Row(pixel.y())[pixel.x()]);
+}
+
+QRect RegionChoice::Box() const
+{
+    const bool isAdded = last_ && how_ != RegionTaking::TakenOff;
+    return isAdded ? chosenBox_ | last_->Found().box : chosenBox_;
+}
+
+std::vector<RegionPiece> RegionChoice::Pieces(PieceHoles holes)
+{
+    return PiecesOf(
+        mask_, Box(), [this](quint8 marks) { return IsChosen(marks); }, holes);
+}
+
+bool RegionChoice::IsChosen(quint8 marks) const
+{
+    const bool isOld = (marks & MarkChosen) != 0;
+    const bool isNew = (marks & MarkNew) != 0;
+    return how_ == RegionTaking::TakenOff ? isOld && !isNew : isOld || isNew;
+}
+
+void RegionChoice::SettleLast()
+{
+    if (!last_) {
+        return;
+    }
+    const QRect box = Box();
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        quint8* const row = mask_.Row(y);
+        std::for_each(row + box.left(), row + box.right() + 1, [this](quint8& pixel) {
+            const int old = pixel & ~MarkChosen;
+            pixel = static_cast<quint8>(IsChosen(pixel) ? old | MarkChosen : old);
+        });
+    }
+    chosenBox_ = box;
+    last_->Clear();
+    last_.reset();
+}
