@@ -1,0 +1,279 @@
+#include "outline/PictureRegions.h"
+
+#include "outline/ColourRegion.h"
+#include "outline/ReadingOrder.h"
+#include "outline/RegionPieces.h"
+
+#include <map>
+#include <utility>
+
+namespace {
+
+constexpr QRgb wholeColour = 0xff000000U;
+
+/** The picture's colours by their places, opaque where it has no transparency. */
+class PictureColours
+{
+public:
+    explicit PictureColours(const QImage& picture)
+        : picture_(picture)
+        , added_(picture.hasAlphaChannel() ? 0 : wholeColour)
+        , isPremultiplied_(picture.format() == QImage::Format_ARGB32_Premultiplied)
+    {
+    }
+
+    void SetRow(int y) { row_ = reinterpret_cast<const QRgb*>(picture_.constScanLine(y)); }
+    [[nodiscard]] QRgb At(int x) const
+    {
+        return isPremultiplied_ ? qUnpremultiply(row_[x]) : row_[x] | added_;
+    }
+
+    [[nodiscard]] QRgb At(int x, int y) const
+    {
+        PictureColours there(*this);
+        there.SetRow(y);
+        return there.At(x);
+    }
+
+private:
+    const QImage& picture_;
+    QRgb added_;
+    bool isPremultiplied_;
+    const QRgb* row_ = nullptr;
+};
+
+/** Pixels of no region yet that are like the first one of this. */
+class FreePixels
+{
+public:
+    FreePixels(const QImage& picture, double tolerance)
+        : colours_(picture)
+        , tolerance_(static_cast<float>(tolerance))
+    {
+    }
+
+    void SetFirst(QRgb colour) { distances_.SetFrom(colour); }
+    void SetRow(quint8* marks, int y)
+    {
+        marks_ = marks;
+        colours_.SetRow(y);
+    }
+    [[nodiscard]] bool operator()(int x)
+    {
+        return (marks_[x] & MarkSeen) == 0 && distances_.To(colours_.At(x)) <= tolerance_;
+    }
+    void Mark(int from, int end)
+    {
+        std::for_each(marks_ + from, marks_ + end, [](quint8& pixel) { pixel |= MarkSeen | MarkPiece; });
+    }
+
+private:
+    PictureColours colours_;
+    ColourDistances distances_;
+    float tolerance_;
+    quint8* marks_ = nullptr;
+};
+
+/** Pixels of a piece; counts those that have all four neighbours in it. */
+class CountedPixels
+{
+public:
+    explicit CountedPixels(const PixelMask& mask)
+        : mask_(mask)
+    {
+    }
+
+    void SetRow(quint8* row, int y)
+    {
+        row_ = row;
+        y_ = y;
+    }
+    [[nodiscard]] bool operator()(int x) const { return (row_[x] & (MarkPiece | MarkNew)) == MarkPiece; }
+    void Mark(int from, int end)
+    {
+        std::for_each(row_ + from, row_ + end, [](quint8& pixel) { pixel |= MarkNew; });
+        if (y_ == 0 || y_ + 1 == mask_.Size().height()) {
+            return;
+        }
+        const quint8* const above = mask_.Row(y_ - 1);
+        const quint8* const below = mask_.Row(y_ + 1);
+        for (int x = from + 1; x + 1 < end; ++x) {
+            inner_ += (above[x] & below[x] & MarkPiece) != 0 ? 1 : 0;
+        }
+    }
+    [[nodiscard]] qint64 Inner() const { return inner_; }
+
+private:
+    const PixelMask& mask_;
+    quint8* row_ = nullptr;
+    int y_ = 0;
+    qint64 inner_ = 0;
+};
+
+/** The colours that a tenth or more of the pixels along the rim of `box` have. */
+std::vector<QRgb> RimColours(const PictureColours& colours, const QRect& box)
+{
+    constexpr int leastShare = 10;
+    std::map<QRgb, int> counts;
+    for (int x = box.left(); x <= box.right(); ++x) {
+        ++counts[colours.At(x, box.top())];
+        ++counts[colours.At(x, box.bottom())];
+    }
+    for (int y = box.top() + 1; y < box.bottom(); ++y) {
+        ++counts[colours.At(box.left(), y)];
+        ++counts[colours.At(box.right(), y)];
+    }
+    std::vector<QRgb> frequent;
+    for (const auto& [colour, count] : counts) {
+        if (count * leastShare >= 2 * (box.width() + box.height())) {
+            frequent.push_back(colour);
+        }
+    }
+    return frequent;
+}
+
+/** Looks for regions, and keeps what is found. */
+class RegionFinder
+{
+public:
+    RegionFinder(const QImage& picture, const RegionSearch& search)
+        : search_(search)
+        , box_(search.within.isNull() ? picture.rect() : search.within & picture.rect())
+        , mask_(picture.size())
+        , colours_(picture)
+        , like_(picture, search.tolerance)
+        , taken_([](quint8 marks) { return (marks & MarkPiece) != 0; }, 0, MarkPiece | MarkNew)
+        , fill_(mask_, box_, like_)
+        , settle_(mask_, box_, taken_)
+    {
+    }
+
+    /** Takes regions from everywhere, or from where four pixels have one colour alone; false when given up.
+     */
+    bool Find(bool areFourAlike)
+    {
+        for (int y = box_.top(); y <= box_.bottom(); ++y) {
+            if (search_.isGivenUp && search_.isGivenUp()) {
+                return false;
+            }
+            const quint8* const marks = mask_.Row(y);
+            for (int x = box_.left(); x <= box_.right(); ++x) {
+                if ((marks[x] & MarkSeen) == 0 && (!areFourAlike || IsFlat(x, y))) {
+                    Take({ x, y });
+                }
+            }
+        }
+        return true;
+    }
+
+    [[nodiscard]] PictureRegions Found()
+    {
+        const std::vector<QRgb> rim = found_.empty() ? std::vector<QRgb>() : RimColours(colours_, box_);
+        for (PictureRegion& region : found_) {
+            const bool isGround = std::any_of(rim.begin(), rim.end(), [this, &region](QRgb colour) {
+                return DifferenceOf(region.colour, colour) <= search_.tolerance;
+            });
+            if (region.role == RegionRole::Area && isGround) {
+                region.role = RegionRole::Ground;
+            }
+        }
+        return std::move(found_);
+    }
+
+private:
+    [[nodiscard]] bool IsFlat(int x, int y) const
+    {
+        if (x == box_.right() || y == box_.bottom()) {
+            return false;
+        }
+        const QRgb colour = colours_.At(x, y);
+        return colours_.At(x + 1, y) == colour && colours_.At(x, y + 1) == colour &&
+               colours_.At(x + 1, y + 1) == colour;
+    }
+
+    void Take(QPoint seed)
+    {
+        PictureRegion found;
+        found.colour = colours_.At(seed.x(), seed.y());
+        like_.SetFirst(found.colour);
+        fill_.AddTo(found.region, seed);
+        if (found.region.pixels >= search_.leastPixels) {
+            found.contour = ContourOf(mask_, found.region.first, MarkPiece);
+            found.role = RoleByThickness(found.region);
+            found_.push_back(found);
+        }
+        Region settled;
+        settle_.AddTo(settled, seed);
+    }
+
+    RegionRole RoleByThickness(const Region& region)
+    {
+        constexpr qint64 leastInner = 2;
+        constexpr qint64 ofPixels = 5;
+        CountedPixels counted(mask_);
+        Region again;
+        RegionFill(mask_, region.box, counted).AddTo(again, region.first);
+        return counted.Inner() * ofPixels < region.pixels * leastInner ? RegionRole::Line : RegionRole::Area;
+    }
+
+    const RegionSearch& search_;
+    QRect box_;
+    PixelMask mask_;
+    PictureColours colours_;
+    FreePixels like_;
+    MarkedPixels taken_;
+    RegionFill<FreePixels> fill_;
+    RegionFill<MarkedPixels> settle_;
+    PictureRegions found_;
+};
+
+void KeepLargest(PictureRegions& regions)
+{
+    if (regions.size() > mostRegions) {
+        const auto end = regions.begin() + mostRegions;
+        std::nth_element(regions.begin(), end, regions.end(), [](const auto& one, const auto& other) {
+            return one.region.pixels > other.region.pixels;
+        });
+        regions.erase(end, regions.end());
+    }
+}
+
+} // namespace
+
+PictureRegions RegionsOf(const QImage& picture, const RegionSearch& search)
+{
+    const QImage whole = WithWholePixels(picture);
+    RegionFinder finder(whole, search);
+    if (!finder.Find(true) || !finder.Find(false)) {
+        return {};
+    }
+    PictureRegions found = finder.Found();
+    KeepLargest(found);
+    return InReadingOrder(std::move(found));
+}
+
+PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search)
+{
+    constexpr int leastAlpha = 128;
+    const QImage whole = WithWholePixels(picture);
+    const PictureColours colours(whole);
+    const QRect box = search.within.isNull() ? whole.rect() : search.within & whole.rect();
+    PixelMask mask(whole.size());
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        const auto* const pixels = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
+        quint8* const marks = mask.Row(y);
+        for (int x = box.left(); x <= box.right(); ++x) {
+            marks[x] = !whole.hasAlphaChannel() || qAlpha(pixels[x]) >= leastAlpha ? MarkChosen : 0;
+        }
+    }
+    PictureRegions islands;
+    const auto isOpaque = [](quint8 marks) { return (marks & MarkChosen) != 0; };
+    for (RegionPiece& piece : PiecesOf(mask, box, isOpaque, PieceHoles::Ignored)) {
+        if (piece.region.pixels >= search.leastPixels) {
+            const QPoint first = piece.region.first;
+            islands.push_back({ piece.region, colours.At(first.x(), first.y()), std::move(piece.contour) });
+        }
+    }
+    KeepLargest(islands);
+    return InReadingOrder(std::move(islands));
+}
