@@ -9,7 +9,7 @@
 namespace {
 
 /** Room for the columns in digits; the last one takes the rest. */
-constexpr std::array<int, RegionsModel::regionColumnCount - 1> regionDigits = { 20, 11, 16 };
+constexpr std::array<int, RegionsModel::regionColumnCount - 1> regionDigits = { 18, 10, 14 };
 
 } // namespace
 

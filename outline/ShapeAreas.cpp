@@ -62,25 +62,25 @@ QList<QPolygonF> FlatOutlines(const QPainterPath& path)
     return outlines;
 }
 
-/** How far inside of one side of the picture a place is. */
-using InsideOfSide = double (*)(QPointF place, QSizeF picture);
+/** How far inside of one side of a room a place is. */
+using InsideOfSide = double (*)(QPointF place, const QRectF& room);
 
-constexpr std::array<InsideOfSide, 4> sidesOfPicture = {
-    [](QPointF place, QSizeF) { return place.x(); },
-    [](QPointF place, QSizeF) { return place.y(); },
-    [](QPointF place, QSizeF picture) { return picture.width() - place.x(); },
-    [](QPointF place, QSizeF picture) { return picture.height() - place.y(); },
+constexpr std::array<InsideOfSide, 4> sidesOfRoom = {
+    [](QPointF place, const QRectF& room) { return place.x() - room.left(); },
+    [](QPointF place, const QRectF& room) { return place.y() - room.top(); },
+    [](QPointF place, const QRectF& room) { return room.right() - place.x(); },
+    [](QPointF place, const QRectF& room) { return room.bottom() - place.y(); },
 };
 
 /** The outline without what is beyond that side. */
-QPolygonF CutAt(InsideOfSide inside, const QPolygonF& outline, QSizeF picture)
+QPolygonF CutAt(InsideOfSide inside, const QPolygonF& outline, const QRectF& room)
 {
     QPolygonF cut;
     for (qsizetype i = 0; i < outline.size(); ++i) {
         const QPointF place = outline[i];
         const QPointF before = outline[(i + outline.size() - 1) % outline.size()];
-        const double here = inside(place, picture);
-        const double there = inside(before, picture);
+        const double here = inside(place, room);
+        const double there = inside(before, room);
         if ((here < 0) != (there < 0)) {
             cut << before + (place - before) * (there / (there - here));
         }
@@ -247,12 +247,12 @@ bool IsRound(const QPolygonF& outline, QPointF centre, double radius)
 
 } // namespace
 
-ShapeOutlines OutlinesOf(const QPainterPath& path, QSize picture)
+ShapeOutlines OutlinesOf(const QPainterPath& path, const QRectF& room)
 {
     QList<QPolygonF> outlines;
     for (QPolygonF outline : FlatOutlines(path)) {
-        for (const InsideOfSide side : sidesOfPicture) {
-            outline = CutAt(side, outline, picture);
+        for (const InsideOfSide side : sidesOfRoom) {
+            outline = CutAt(side, outline, room);
         }
         if (SurfaceOf(outline) >= 1) {
             outlines << outline;

@@ -4,7 +4,7 @@
 
 #include <QPainterPath>
 #include <QPolygonF>
-#include <QSize>
+#include <QRectF>
 
 // Outlines with curves as areas of a map, in picture pixels.
 
@@ -23,9 +23,9 @@ struct ShapeOutlines
 
 /**
  * The closed outlines of `path`, each with curves as lines that keep within the precision, and cut off at the
- * edges of the picture. Those that enclose less than a pixel are left out.
+ * edges of `room`. Those that enclose less than a pixel are left out.
  */
-[[nodiscard]] ShapeOutlines OutlinesOf(const QPainterPath& path, QSize picture);
+[[nodiscard]] ShapeOutlines OutlinesOf(const QPainterPath& path, const QRectF& room);
 
 /**
  * The area that the outline encloses: a rectangle or a circle where it is one to half a pixel, else a polygon

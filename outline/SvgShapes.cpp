@@ -40,6 +40,7 @@ struct SvgContext
 {
     QTransform transform; ///< to pixels of the picture
     QSizeF viewport;      ///< what per cents are parts of
+    QRectF clip;          ///< what is seen at all, in pixels of the picture
     QString link;
     QString target;
     QString text;
@@ -81,16 +82,28 @@ bool IsClosed(const QPainterPath& path)
     return true;
 }
 
+/** Whether a place is no further away than any can be; what is no number is not. */
+bool IsWithinNumbers(QPointF place)
+{
+    return std::abs(place.x()) <= furthestPlace && std::abs(place.y()) <= furthestPlace;
+}
+
 bool IsWithinNumbers(const QPainterPath& path)
 {
     for (int i = 0; i < path.elementCount(); ++i) {
-        const QPointF place = path.elementAt(i);
-        // What is no number is not within either.
-        if (!(std::abs(place.x()) <= furthestPlace && std::abs(place.y()) <= furthestPlace)) {
+        if (!IsWithinNumbers(QPointF(path.elementAt(i)))) {
             return false;
         }
     }
     return true;
+}
+
+/** Nothing outside of `room` is seen any more. One beyond all numbers leaves all of it. */
+void Clip(SvgContext& context, const QRectF& room)
+{
+    if (IsWithinNumbers(room.topLeft()) && IsWithinNumbers(room.bottomRight())) {
+        context.clip &= room;
+    }
 }
 
 /** Goes over a drawing as it is painted. */
@@ -123,6 +136,7 @@ public:
         }
         SvgContext context;
         context.viewport = size;
+        context.clip = QRectF(QPointF(), QSizeF(picture_));
         context.transform =
             QTransform::fromScale(picture_.width() / size.width(), picture_.height() / size.height());
         EnterViewport(root, QRectF(QPointF(), size), context);
@@ -139,6 +153,7 @@ private:
     {
         const QRectF box =
             SvgViewBox(element.Value(Named("viewBox"))).value_or(QRectF(QPointF(), room.size()));
+        Clip(context, context.transform.mapRect(room));
         const std::optional<QTransform> fitting =
             SvgFitting(box, element.Value(Named("preserveAspectRatio")), room);
         context.transform = fitting.value_or(QTransform()) * context.transform;
@@ -166,10 +181,13 @@ private:
     void TakeOver(const SvgElement& element, SvgContext& context) const
     {
         context.transform = SvgTransform(element.Value(Named("transform"))) * context.transform;
-        if (const QString visibility = Property(element, "visibility"); !visibility.isEmpty()) {
+        if (const QString clip = Property(element, "clip-path"); clip.startsWith(u"url(")) {
+            Clip(context, ClipBox(clip, context));
+        }
+        if (const QString visibility = Property(element, "visibility").toLower(); !visibility.isEmpty()) {
             context.isVisible = visibility != u"hidden" && visibility != u"collapse";
         }
-        if (const QString fill = Property(element, "fill"); !fill.isEmpty()) {
+        if (const QString fill = Property(element, "fill").toLower(); !fill.isEmpty()) {
             context.isFilled = fill != u"none";
         }
         if (element.Name == u"a") {
@@ -182,12 +200,34 @@ private:
         }
     }
 
+    /** The box of the clip path that `url` names: what lies outside of it is not seen. */
+    [[nodiscard]] QRectF ClipBox(const QString& url, const SvgContext& context) const
+    {
+        QString name = url.sliced(url.indexOf(u'(') + 1).chopped(1).trimmed();
+        name = name.remove(u'"').remove(u'\'').mid(1);
+        const SvgElement clip = tree_.Elements.value(tree_.ById.value(name, -1));
+        // One whose numbers are shares of what it clips, or that repeats parts, is not followed.
+        const bool isPlain =
+            clip.Name == u"clipPath" && clip.Value(Named("clipPathUnits")) != u"objectBoundingBox";
+        QRectF box;
+        for (const qsizetype child : isPlain ? clip.Children : QList<qsizetype>()) {
+            const SvgElement& shape = tree_.Elements[child];
+            if (!IsSvgShape(shape.Name)) {
+                return context.clip;
+            }
+            const QTransform own =
+                SvgTransform(shape.Value(Named("transform"))) * SvgTransform(clip.Value(Named("transform")));
+            box |= (own * context.transform).map(SvgOutline(shape, context.viewport)).boundingRect();
+        }
+        return isPlain ? box : context.clip;
+    }
+
     void Visit(const SvgElement& element, SvgContext context)
     {
         if (++visited_ > SvgTree::mostElements) {
             reading_.Problem = unfoldsText.toString();
         }
-        if (!reading_.Problem.isEmpty() || Property(element, "display") == u"none") {
+        if (!reading_.Problem.isEmpty() || Property(element, "display").toLower() == u"none") {
             return;
         }
         const bool isGroup = element.Name == u"g" || element.Name == u"a" || element.Name == u"switch";
@@ -262,7 +302,7 @@ private:
             return;
         }
         const bool isLine = !context.isFilled && !IsClosed(path);
-        const ShapeOutlines outlines = OutlinesOf(path, picture_);
+        const ShapeOutlines outlines = OutlinesOf(path, context.clip);
         AreaCandidates shapes;
         for (const QPolygonF& outline : outlines.Outer) {
             AreaCandidate candidate;

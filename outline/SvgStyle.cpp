@@ -29,8 +29,8 @@ SvgDeclarations SvgDeclarationsOf(QStringView text)
     for (const QStringView declaration : text.split(u';')) {
         const qsizetype colon = declaration.indexOf(u':');
         if (colon > 0) {
-            QString value = declaration.sliced(colon + 1).trimmed().toString().toLower();
-            if (value.endsWith(important)) {
+            QString value = declaration.sliced(colon + 1).trimmed().toString();
+            if (value.endsWith(important, Qt::CaseInsensitive)) {
                 value = value.chopped(important.size()).trimmed();
             }
             declarations.insert(declaration.first(colon).trimmed().toString().toLower(), value);

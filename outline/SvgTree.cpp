@@ -13,11 +13,32 @@ constexpr QStringView tooDeepText = u"The elements of the drawing stand too deep
 constexpr QStringView tooManyText = u"The drawing has more elements than can be believed !";
 
 /** The attributes that are kept. */
-constexpr std::array<QStringView, 24> keptAttributes = {
-    u"id",     u"class",   u"style", u"transform",  u"viewBox",    u"preserveAspectRatio",
-    u"x",      u"y",       u"width", u"height",     u"rx",         u"ry",
-    u"cx",     u"cy",      u"r",     u"d",          u"points",     u"href",
-    u"target", u"display", u"fill",  u"visibility", u"aria-label", u"clip-path",
+constexpr std::array<QStringView, 25> keptAttributes = {
+    u"id",
+    u"class",
+    u"style",
+    u"transform",
+    u"viewBox",
+    u"preserveAspectRatio",
+    u"x",
+    u"y",
+    u"width",
+    u"height",
+    u"rx",
+    u"ry",
+    u"cx",
+    u"cy",
+    u"r",
+    u"d",
+    u"points",
+    u"href",
+    u"target",
+    u"display",
+    u"fill",
+    u"visibility",
+    u"aria-label",
+    u"clip-path",
+    u"clipPathUnits",
 };
 
 bool IsKept(QStringView name)

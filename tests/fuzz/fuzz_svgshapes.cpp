@@ -32,7 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         TryShape(shape.Area);
     }
     // Most bytes are no drawing; as path data they tell more.
-    for (const QPolygonF& outline : OutlinesOf(SvgPath(QString::fromLatin1(bytes)), pictureSize).Outer) {
+    for (const QPolygonF& outline :
+         OutlinesOf(SvgPath(QString::fromLatin1(bytes)), QRectF(QPointF(), QSizeF(pictureSize))).Outer) {
         if (const MapArea area = AreaOfOutline(outline); IsWhole(area)) {
             TryShape(area);
         }

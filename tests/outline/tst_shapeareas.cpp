@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr QSize pictureSize(400, 300);
+constexpr QRectF wholePicture(0, 0, 400, 300);
 
 MapArea OnlyAreaOf(const QPainterPath& path)
 {
-    const QList<QPolygonF> outlines = OutlinesOf(path, pictureSize).Outer;
+    const QList<QPolygonF> outlines = OutlinesOf(path, wholePicture).Outer;
     return outlines.size() == 1 ? AreaOfOutline(outlines.constFirst()) : MapArea();
 }
 
@@ -143,8 +143,8 @@ void tst_shapeareas::whatIsBeyondThePictureIsCutOff()
 {
     QCOMPARE(OnlyAreaOf(Rectangle({ -50, -60, 100, 100 })).Coordinates, (QList<int>{ 0, 0, 50, 40 }));
     QCOMPARE(OnlyAreaOf(Rectangle({ -1e8, -1e8, 2e8, 2e8 })).Coordinates, (QList<int>{ 0, 0, 400, 300 }));
-    QVERIFY(OutlinesOf(Rectangle({ 400, 0, 50, 50 }), pictureSize).Outer.isEmpty());
-    QVERIFY(OutlinesOf(Rectangle({ -60, -60, 50, 50 }), pictureSize).Outer.isEmpty());
+    QVERIFY(OutlinesOf(Rectangle({ 400, 0, 50, 50 }), wholePicture).Outer.isEmpty());
+    QVERIFY(OutlinesOf(Rectangle({ -60, -60, 50, 50 }), wholePicture).Outer.isEmpty());
     QPainterPath triangle;
     triangle.addPolygon(QPolygonF({ { 350, 100 }, { 450, 150 }, { 350, 200 } }));
     QCOMPARE(
@@ -156,23 +156,23 @@ void tst_shapeareas::holesBelongToTheArea()
 {
     QPainterPath ring = Rectangle({ 10, 10, 100, 100 });
     ring.addRect({ 30, 30, 20, 20 });
-    QCOMPARE(OutlinesOf(ring, pictureSize).Outer.size(), 1);
-    QCOMPARE(OutlinesOf(ring, pictureSize).Holes, (QList<QRectF>{ { 30, 30, 20, 20 } }));
+    QCOMPARE(OutlinesOf(ring, wholePicture).Outer.size(), 1);
+    QCOMPARE(OutlinesOf(ring, wholePicture).Holes, (QList<QRectF>{ { 30, 30, 20, 20 } }));
     QPainterPath islands = Rectangle({ 10, 10, 100, 100 });
     islands.addRect({ 200, 30, 20, 20 });
-    QCOMPARE(OutlinesOf(islands, pictureSize).Outer.size(), 2);
+    QCOMPARE(OutlinesOf(islands, wholePicture).Outer.size(), 2);
 }
 
 void tst_shapeareas::whatIsTooSmallIsLeftOut()
 {
-    QVERIFY(OutlinesOf(Rectangle({ 10, 10, 0.5, 0.5 }), pictureSize).Outer.isEmpty());
+    QVERIFY(OutlinesOf(Rectangle({ 10, 10, 0.5, 0.5 }), wholePicture).Outer.isEmpty());
     QPainterPath line;
     line.moveTo(10, 10);
     line.lineTo(100, 100);
-    QVERIFY(OutlinesOf(line, pictureSize).Outer.isEmpty());
-    QVERIFY(OutlinesOf({}, pictureSize).Outer.isEmpty());
+    QVERIFY(OutlinesOf(line, wholePicture).Outer.isEmpty());
+    QVERIFY(OutlinesOf({}, wholePicture).Outer.isEmpty());
     // Longer than a pixel is wide, but thinner: nothing is left between whole pixels.
-    const QList<QPolygonF> thin = OutlinesOf(Rectangle({ 10, 10.1, 100, 0.2 }), pictureSize).Outer;
+    const QList<QPolygonF> thin = OutlinesOf(Rectangle({ 10, 10.1, 100, 0.2 }), wholePicture).Outer;
     QCOMPARE(thin.size(), 1);
     QVERIFY(!IsWhole(AreaOfOutline(thin.constFirst())));
 }

@@ -68,6 +68,16 @@ void tst_svgshapes::shapesBecomeAreas_data()
         { "Rectangle 100, 50, 125, 100" });
     row("switch", "<switch><foreignObject/><g><rect width='10' height='10'/></g></switch>",
         { "Rectangle 0, 0, 10, 10" });
+    row("clipped",
+        "<clipPath id='c'><circle cx='50' cy='50' r='10'/></clipPath><rect width='200' height='60' "
+        "clip-path='url(#c)'/>",
+        { "Rectangle 40, 40, 60, 60" });
+    row("clipped by what is not there", "<rect width='20' height='10' clip-path='url(#none)'/>",
+        { "Rectangle 0, 0, 20, 10" });
+    row("clipped in shares of itself",
+        "<clipPath id='c' clipPathUnits='objectBoundingBox'><rect width='1' height='1'/></clipPath>"
+        "<rect width='20' height='10' clip-path='url(#c)'/>",
+        { "Rectangle 0, 0, 20, 10" });
     row("without a size",
         "<rect width='10'/><circle r='0'/><ellipse rx='-5' ry='3'/><path d=''/><polygon/><rect/>", {});
     row("no shapes", "<line x2='50' y2='50'/><text>text</text><image width='50' height='50'/>", {});
@@ -101,6 +111,13 @@ void tst_svgshapes::whatIsNotSeenIsLeftOut_data()
         "<o:g xmlns:o='urn:other'><rect xmlns='http://www.w3.org/2000/svg' width='10' height='10'/></o:g>");
     row("outside of the picture", "<rect x='300' width='10' height='10'/><circle cx='-50' r='20'/>");
     row("used, but not there", "<use href='#none'/><use href='other.svg#a'/><use/>");
+    row("clipped away", "<clipPath id='c'><rect x='100' width='50' height='50'/></clipPath>"
+                        "<g clip-path='url(#c)'><rect width='50' height='50'/></g>");
+    row("clipped by nothing",
+        "<clipPath id='c'/><rect width='50' height='50' style='clip-path: url(\"#c\")'/>");
+    row("clipped by a name with capitals",
+        "<clipPath id='C1'/><rect width='50' height='50' style='CLIP-PATH: url(#C1); FILL: None'/>");
+    row("beyond a drawing within", "<svg width='50' height='50'><rect x='60' width='20' height='20'/></svg>");
     row("used by itself", "<g id='a'><use href='#a'/></g>");
 }
 
