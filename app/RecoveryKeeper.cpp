@@ -8,6 +8,7 @@
 #include "app/source/TextSnapshot.h"
 #include "imagemap/MapFields.h"
 #include "imagemap/PastedPictures.h"
+#include "imagemap/UpdateCommand.h"
 #include "imagemap/frmImageMap.h"
 #include "imagemap/model/MapDocument.h"
 
@@ -169,7 +170,8 @@ void RecoveryKeeper::KeepMap()
     const frmImageMap* const editor = parts_.MapEditor();
     MapCopy map{ .State = parts_.Map.State(),
                  .Fields = editor != nullptr ? editor->Fields().Texts() : keptMap_.Fields,
-                 .DrawnCorners = parts_.Map.Drawing().Corners() };
+                 .DrawnCorners = parts_.Map.Drawing().Corners(),
+                 .Origin = editor != nullptr ? editor->Updating().Kept() : keptMap_.Origin };
     const bool isKept = isMapKept_ && store_.IsKept() && map == keptMap_;
     if (HasAnything(map) && !isKept) {
         store_.Keep(map);
@@ -267,6 +269,9 @@ void RecoveryKeeper::PutBack(const MapCopy& map)
     if (frmImageMap* const editor = parts_.MapEditor()) {
         editor->Fields().SetTexts(map.Fields);
         editor->ResumePolygon(map.DrawnCorners);
+        if (!map.Origin.Text.isEmpty()) {
+            editor->Updating().Resume(map.Origin);
+        }
     }
     KeepMap();
 }

@@ -27,6 +27,8 @@ constexpr QStringView pictureGoneText =
 constexpr QStringView refusedText =
     u"The changes cannot be written: code of a template is in their way, or the form of the map in the page "
     u"has no room for them !";
+constexpr QStringView notFoundNote =
+    u"The page that is open does not have the map as it was: Insert puts it in at the caret";
 constexpr QStringView lossesQuestion = u"The page was changed by hand meanwhile:";
 constexpr qsizetype mostLossesTold = 8;
 
@@ -123,6 +125,35 @@ void UpdateCommand::TakeRead(ReturnedMap read, const QString& page)
         return;
     }
     origins_.Set(std::make_unique<MapOrigin>(std::move(read), std::move(range), text, std::move(shown)));
+}
+
+KeptOrigin UpdateCommand::Kept() const
+{
+    const MapOrigin* const origin = origins_.Present();
+    return origin != nullptr ? origin->Kept() : KeptOrigin();
+}
+
+void UpdateCommand::Resume(const KeptOrigin& kept)
+{
+    const QString page = parts_.page.Text();
+    std::optional<ReturnedMap> read = FindKept(page, kept);
+    if (!read) {
+        parts_.panels.ShowHint(notFoundNote);
+        return;
+    }
+    const PictureSurface& surface = parts_.pane.Surface();
+    (void)FitToPicture(*read, { surface.PictureWidth(), surface.PictureHeight() });
+    // Page and map agreed on what would be shown of the page, not on what is shown.
+    const QMap<QString, QString> texts = parts_.fields.Texts();
+    parts_.fields.ShowTyped(read->source);
+    ShownMap agreed = Shown(&*read);
+    parts_.fields.SetTexts(texts);
+    agreed.map.mode = read->mode;
+    agreed.map.source.ModeDefault = read->source.ModeDefault;
+    agreed.map.source.Areas = read->source.Areas;
+    std::unique_ptr<AnchoredRange> range = parts_.page.Anchor({ read->Held().offset, read->Held().length });
+    const QString text = TextOf(page, *read);
+    origins_.Set(std::make_unique<MapOrigin>(*std::move(read), std::move(range), text, std::move(agreed)));
 }
 
 bool UpdateCommand::IsOfPage() const

@@ -71,6 +71,13 @@ public:
     /** The map was read from the page, as it is shown now. */
     void TakeRead(ReturnedMap read, const QString& page);
 
+    /** What has to be kept to find the map in its page again. */
+    [[nodiscard]] KeptOrigin Kept() const;
+
+    /** The map, which is there as it was kept, belongs to its page again, if that still has it; else that is
+     * told. */
+    void Resume(const KeptOrigin& kept);
+
     /** What the editor shows, for a page that has `reference` for the picture. */
     [[nodiscard]] ShownMap Shown(const ReturnedMap* read) const;
 

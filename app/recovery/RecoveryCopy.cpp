@@ -13,7 +13,7 @@
 namespace {
 
 constexpr QByteArrayView fileMark = "CartRecv";
-constexpr quint32 formVersion = 2;
+constexpr quint32 formVersion = 3;
 constexpr auto checksumKind = QCryptographicHash::Sha256;
 constexpr qsizetype checksumLength = 32;
 /** Longer ones than this are none of ours: the longest text that can be edited takes less. */
@@ -47,16 +47,37 @@ static QDataStream& operator>>(QDataStream& stream, FigureRecord& record)
            record.Link >> record.Target >> record.Message;
 }
 
+static QDataStream& operator<<(QDataStream& stream, const AreaAttribute& attribute)
+{
+    return stream << attribute.Name << attribute.Value << attribute.IsCode;
+}
+
+static QDataStream& operator>>(QDataStream& stream, AreaAttribute& attribute)
+{
+    return stream >> attribute.Name >> attribute.Value >> attribute.IsCode;
+}
+
+static QDataStream& operator<<(QDataStream& stream, const KeptOrigin& origin)
+{
+    return stream << origin.Text << origin.Start << origin.Sources << origin.IsPicture;
+}
+
+static QDataStream& operator>>(QDataStream& stream, KeptOrigin& origin)
+{
+    return stream >> origin.Text >> origin.Start >> origin.Sources >> origin.IsPicture;
+}
+
 static QDataStream& operator<<(QDataStream& stream, const MapArea& area)
 {
     return stream << static_cast<qint32>(area.Shape) << area.Coordinates << area.Link << area.Target
-                  << area.Message << area.Text;
+                  << area.Message << area.Text << area.Source << area.Attributes;
 }
 
 static QDataStream& operator>>(QDataStream& stream, MapArea& area)
 {
     qint32 shape = 0;
-    stream >> shape >> area.Coordinates >> area.Link >> area.Target >> area.Message >> area.Text;
+    stream >> shape >> area.Coordinates >> area.Link >> area.Target >> area.Message >> area.Text >>
+        area.Source >> area.Attributes;
     const qsizetype count = area.Coordinates.size();
     const bool isShape = shape >= 0 && shape < qint32(areaShapeNames.size());
     area.Shape = isShape ? static_cast<AreaShape>(shape) : AreaShape::Rectangle;
@@ -99,7 +120,7 @@ static QDataStream& operator<<(QDataStream& stream, const MapCopy& copy)
     const MapState& map = copy.State;
     return stream << map.Figures << map.IsLedgerOfAreas << map.Areas << map.AreAreasEdited
                   << static_cast<qint32>(map.Mode) << map.ModeDefault << map.MessageHeader << map.Picture
-                  << copy.Fields << copy.DrawnCorners;
+                  << copy.Fields << copy.DrawnCorners << copy.Origin;
 }
 
 static QDataStream& operator>>(QDataStream& stream, MapCopy& copy)
@@ -107,7 +128,8 @@ static QDataStream& operator>>(QDataStream& stream, MapCopy& copy)
     MapState& map = copy.State;
     qint32 mode = 0;
     stream >> map.Figures >> map.IsLedgerOfAreas >> map.Areas >> map.AreAreasEdited >> mode >>
-        map.ModeDefault >> map.MessageHeader >> map.Picture >> copy.Fields >> copy.DrawnCorners;
+        map.ModeDefault >> map.MessageHeader >> map.Picture >> copy.Fields >> copy.DrawnCorners >>
+        copy.Origin;
     const bool isMode = mode >= 0 && mode < qint32(jsModeTexts.size());
     if (!isMode || copy.DrawnCorners.size() > FigureStore::capacity + 1) {
         stream.setStatus(QDataStream::ReadCorruptData);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/rules/DocumentFile.h"
+#include "imagemap/model/KeptOrigin.h"
 #include "imagemap/model/MapHistory.h"
 
 #include <QMap>
@@ -24,6 +25,7 @@ struct MapCopy
     MapState State;
     QMap<QString, QString> Fields;   ///< what is in the editor's fields, by their names
     QList<QPoint> DrawnCorners = {}; ///< of the polygon that was being drawn, if its first side was there
+    KeptOrigin Origin = {};          ///< where it came from in the page
 
     bool operator==(const MapCopy&) const = default;
 };

@@ -5,6 +5,7 @@
 
 #include <QStringBuilder>
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <utility>
 
@@ -32,8 +33,8 @@ const Thing* BestAt(const std::vector<Thing>& things, const HtmlSpan& place, Pla
     return best != things.end() && CommonLength(placeOf(*best), place) > 0 ? &*best : nullptr;
 }
 
-/** The picture at `place`, if no map of the page belongs to it. */
-std::optional<ReturnedMap> PictureAt(QStringView page, const PageMaps& maps, const HtmlSpan& place)
+/** The tags of the pictures that no map of the page belongs to. */
+std::vector<HtmlSpan> PicturesWithoutMap(const PageMaps& maps)
 {
     std::vector<HtmlSpan> pictures = maps.plainPictures;
     for (const PagePicture& picture : maps.pictures) {
@@ -41,8 +42,40 @@ std::optional<ReturnedMap> PictureAt(QStringView page, const PageMaps& maps, con
             pictures.push_back(picture.tag);
         }
     }
+    return pictures;
+}
+
+/** The picture at `place`, if no map of the page belongs to it. */
+std::optional<ReturnedMap> PictureAt(QStringView page, const PageMaps& maps, const HtmlSpan& place)
+{
+    const std::vector<HtmlSpan> pictures = PicturesWithoutMap(maps);
     const HtmlSpan* const best = BestAt(pictures, place, std::identity());
     return best != nullptr ? std::optional(ReadPicture(page, *best)) : std::nullopt;
+}
+
+/** All that may be what was kept: reading each map of a page would take too long. */
+std::vector<ReturnedMap> CandidatesFor(QStringView page, const KeptOrigin& kept)
+{
+    const PageMaps maps = ReadPageMaps(page);
+    const auto isLikeKept = [&](const HtmlSpan& place) { return kept.Text.startsWith(place.In(page)); };
+    std::vector<ReturnedMap> found;
+    if (kept.IsPicture) {
+        for (const HtmlSpan& picture : PicturesWithoutMap(maps)) {
+            if (isLikeKept(picture)) {
+                found.push_back(ReadPicture(page, picture));
+            }
+        }
+        return found;
+    }
+    for (const MapPlace& place : MapPlacesOf(page, maps)) {
+        const bool isLike = isLikeKept(place.whole) ||
+                            (place.map >= 0 && isLikeKept(maps.maps[std::size_t(place.map)].whole));
+        const std::optional<ReturnedMap> map = isLike ? ReadMap(page, maps, place) : std::nullopt;
+        if (map) {
+            found.push_back(*map);
+        }
+    }
+    return found;
 }
 
 bool IsWithin(QStringView page, const HtmlSpan& place)
@@ -87,6 +120,39 @@ std::optional<ReturnedMap> MapOrigin::ReadAgain(QStringView page) const
     const std::vector<MapPlace> places = MapPlacesOf(page, maps);
     const MapPlace* const best = BestAt(places, place, [](const MapPlace& one) { return one.whole; });
     return best != nullptr ? ReadMap(page, maps, *best) : std::nullopt;
+}
+
+KeptOrigin MapOrigin::Kept() const
+{
+    KeptOrigin kept;
+    if (read_ && IsThere()) {
+        kept.Text = text_;
+        kept.Start = range_->Place().Start;
+        kept.IsPicture = !read_->IsInPage();
+        for (const MapArea& area : read_->source.Areas) {
+            kept.Sources << area.Source;
+        }
+    }
+    return kept;
+}
+
+std::optional<ReturnedMap> FindKept(QStringView page, const KeptOrigin& kept)
+{
+    std::optional<ReturnedMap> best;
+    const auto distance = [&kept](const ReturnedMap& map) {
+        return std::abs(qint64(map.Held().offset) - kept.Start);
+    };
+    for (const ReturnedMap& map : CandidatesFor(page, kept)) {
+        if (TextOf(page, map) == kept.Text && (!best || distance(map) < distance(*best))) {
+            best = map;
+        }
+    }
+    if (best && best->source.Areas.size() == kept.Sources.size()) {
+        for (qsizetype i = 0; i < kept.Sources.size(); ++i) {
+            best->source.Areas[i].Source = kept.Sources[i];
+        }
+    }
+    return best;
 }
 
 QString TextOf(QStringView page, const ReturnedMap& map)

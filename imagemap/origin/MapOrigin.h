@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagemap/model/KeptOrigin.h"
 #include "imagemap/origin/MapMerge.h"
 #include "mapback/ReturnedMap.h"
 #include "shared/PageDocument.h"
@@ -47,6 +48,9 @@ public:
      * a picture that had none. */
     [[nodiscard]] std::optional<ReturnedMap> ReadAgain(QStringView page) const;
 
+    /** What has to be kept to find the map in its page again; nothing of one that was only put into it. */
+    [[nodiscard]] KeptOrigin Kept() const;
+
     /** Map and page agree: `read` is what the page has at `range`, which holds `text`. */
     void Agree(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);
 
@@ -56,6 +60,10 @@ private:
     std::optional<ReturnedMap> read_;
     ShownMap shown_;
 };
+
+/** The map or picture that was kept, where a page has it unchanged; of several, the one that is next to its
+ * old place. */
+[[nodiscard]] std::optional<ReturnedMap> FindKept(QStringView page, const KeptOrigin& kept);
 
 /** What a page has at the places of `map`; while it stays the same, so do they. */
 [[nodiscard]] QString TextOf(QStringView page, const ReturnedMap& map);

@@ -22,6 +22,7 @@ protected:
         "<p>Two</p>\r\n";
 
     void StartWithAPage();
+    void WritePicture(QSize size = { 300, 200 });
     void Load(const QString& text);
 
     frmImageMap* Map() { return ::Find<frmImageMap>(&test_->window, "frmImageMap"); }
@@ -44,7 +45,6 @@ protected:
 
 private:
     static bool BringToFront(QWidget* window);
-    void WritePicture(QSize size = { 300, 200 });
 };
 
 inline void EditMapFixture::StartWithAPage()

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void pageComesBackAsItWas();
     void mapComesBackAsItWas();
     void mapOfChangedAreasComesBackAsItWas();
+    void mapOfAPageKeepsItsOriginAndAttributes();
     void fileIsForTheUserAlone();
     void copyThatCannotBeWrittenLeavesTheOldOne();
     void oneIsNotReadAsTheOther();
@@ -90,6 +91,23 @@ void tst_recoverycopy::mapOfChangedAreasComesBackAsItWas()
     QVERIFY(other.Figures().Figures == map.Figures().Figures);
     other.History().Undo();
     QVERIFY(!other.HasContent());
+}
+
+void tst_recoverycopy::mapOfAPageKeepsItsOriginAndAttributes()
+{
+    MapCopy copy = SomeMap();
+    MapArea& area = copy.State.Areas.first();
+    area.Source = 7;
+    area.Attributes = {
+        { .Name = QStringLiteral("href"), .Value = QStringLiteral("a.htm"), .IsCode = false },
+        { .Name = QStringLiteral("alt"), .Value = QStringLiteral("<?= 1 ?>"), .IsCode = true }
+    };
+    copy.Origin = { .Text = QStringLiteral("<map name=\u00e9></map>"),
+                    .Start = qint64(1) << 33,
+                    .Sources = { 7, -1 },
+                    .IsPicture = true };
+    QVERIFY(WriteCopy(Path(), copy));
+    QVERIFY(ReadMapCopy(Path()) == copy);
 }
 
 void tst_recoverycopy::fileIsForTheUserAlone()

@@ -1,0 +1,113 @@
+// After a sudden end, a map that came from a page goes back there.
+
+#include "tests/app/EditMapFixture.h"
+
+#include "app/recovery/RecoveryStore.h"
+
+#include <QDir>
+
+class tst_maprecovery : public EditMapFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { Finish(); }
+
+    void restoredMapIsUpdatedInItsPage();
+    void restoredMapWithoutChangesClosesWithoutAQuestion();
+    void pictureWithoutAMapGetsItAfterwards();
+    void mapThatThePageHasNoMoreIsTold();
+
+private:
+    [[nodiscard]] std::optional<MapCopy> KeptMap() const;
+    void EndSuddenly(const QString& page);
+    [[nodiscard]] static QString PageOf(const char* text) { return QString::fromLatin1(text); }
+};
+
+void tst_maprecovery::init()
+{
+    StartWithAPage();
+    test_->folder.imgMap.KeepingInterval = std::chrono::milliseconds(50);
+}
+
+std::optional<MapCopy> tst_maprecovery::KeptMap() const
+{
+    const QDir folder(Path("Data/Recovery"));
+    const QStringList files = folder.entryList({ QStringLiteral("*.map") }, QDir::Files);
+    return files.size() == 1 ? ReadMapCopy(folder.filePath(files.constFirst())) : std::nullopt;
+}
+
+/** Ends the program as soon as its map is kept, and restores that one, and `page`, in another one. */
+void tst_maprecovery::EndSuddenly(const QString& page)
+{
+    QTRY_VERIFY(KeptMap() && KeptMap()->State == test_->folder.map.State());
+    MapCopy map = *KeptMap();
+    test_ = std::make_unique<MainWindowFixture>();
+    WritePicture();
+    map.State.Picture = Path("harbour.jpg");
+    {
+        RecoveryStore store(test_->folder.imgMap.ProgramFolder);
+        store.Keep(PageCopy{ .Document = { .Name = Path("page.htm") }, .Pieces = { page } });
+        store.Keep(map);
+    }
+    QVERIFY(test_->Start());
+    Click(test_->Find<QPushButton>("btnRestore"));
+    QCOMPARE(Text(), page);
+    GoToMap();
+}
+
+void tst_maprecovery::restoredMapIsUpdatedInItsPage()
+{
+    const QString page = PageOf(twoAreas);
+    Load(page);
+    QVERIFY(Edit());
+    ShowArea(0);
+    TypeIn(Map(), "cmbAreaLink", "c.htm");
+    const QString now = u"<p>Written after it was opened</p>\r\n" + page;
+    EndSuddenly(now);
+    QVERIFY(::Find<QAction>(Map(), "mnuAUpdatePage")->isEnabled());
+    Update();
+    QCOMPARE(Text(), Replaced(now, "a.htm", "c.htm"));
+}
+
+void tst_maprecovery::restoredMapWithoutChangesClosesWithoutAQuestion()
+{
+    Load(PageOf(twoAreas));
+    QVERIFY(Edit());
+    EndSuddenly(PageOf(twoAreas));
+    Update();
+    QCOMPARE(Text(), PageOf(twoAreas));
+    Map()->close();
+    QTRY_VERIFY(test_->window.findChild<frmImageMap*>() == nullptr);
+    QVERIFY(test_->robot.Boxes().isEmpty());
+}
+
+void tst_maprecovery::pictureWithoutAMapGetsItAfterwards()
+{
+    const QString page = PageOf("<p>One</p>\r\n<img src=\"harbour.jpg\">\r\n");
+    Load(page);
+    test_->Editor()->Select(page.indexOf(u"harbour"), 0);
+    QVERIFY(Edit());
+    DrawRectangle({ QPoint(20, 30), QPoint(60, 70) }, "a.htm");
+    TypeIn(Map(), "txtName", "quays");
+    EndSuddenly(page);
+    Update();
+    QVERIFY2(Text().contains(u"usemap=\"#quays\">\r\n<map name=\"quays\">"), qPrintable(Text()));
+}
+
+void tst_maprecovery::mapThatThePageHasNoMoreIsTold()
+{
+    Load(PageOf(twoAreas));
+    QVERIFY(Edit());
+    EndSuddenly(PageOf("<p>Another</p>\r\n"));
+    QVERIFY(!::Find<QAction>(Map(), "mnuAUpdatePage")->isEnabled());
+    QVERIFY(::Find<QLabel>(Map(), "StatusBar1_Panel3")
+                ->text()
+                .startsWith(u"The page that is open does not have the map as it was"));
+    QCOMPARE(Rows().size(), 2);
+    test_->folder.map.Clear();
+}
+
+QTEST_MAIN(tst_maprecovery)
+#include "tst_maprecovery.moc"
