@@ -1,5 +1,7 @@
 #include "tests/codegen/TodayPages.h"
 
+#include "tests/codegen/PictureMaps.h"
+
 #include <array>
 
 namespace {
@@ -40,18 +42,11 @@ MapSource Source(JSMode mode, const MapAreas& areas)
     const QString start = mode == JSSwitchImages ? QStringLiteral("none.png")
                           : mode == JSTextArea   ? QStringLiteral("Point at a shape.")
                                                  : QString();
-    return { .MapName = "Shapes",
-             .Width = "400",
-             .Height = "300",
-             .AltText = "Four shapes",
-             .Align = {},
-             .Border = {},
-             .HorizontalSpace = {},
-             .VerticalSpace = {},
-             .PictureReference = "pic.png",
-             .FileNamesOnly = false,
-             .ModeDefault = start,
-             .Areas = areas };
+    MapSource source = MapOfPicture(areas);
+    source.MapName = QStringLiteral("Shapes");
+    source.AltText = QStringLiteral("Four shapes");
+    source.ModeDefault = start;
+    return source;
 }
 
 struct FormAndMode

@@ -1,6 +1,6 @@
 // What is written of an area that has all of the picture that no other area has.
 
-#include "codegen/TodayMap.h"
+#include "tests/codegen/PictureMaps.h"
 
 #include <QTest>
 
@@ -14,32 +14,12 @@ MapArea Area(AreaShape shape, const QList<int>& numbers, const QString& link)
 /** A map whose first area is the one for all that is left. */
 MapSource Source()
 {
-    return { .MapName = "m",
-             .Width = "800",
-             .Height = "600",
-             .AltText = "A picture",
-             .Align = {},
-             .Border = {},
-             .HorizontalSpace = {},
-             .VerticalSpace = {},
-             .PictureReference = "pic.png",
-             .FileNamesOnly = false,
-             .ModeDefault = {},
-             .Areas = { Area(AreaShape::Default, {}, "rest.html"),
-                        Area(AreaShape::Rectangle, { 20, 40, 120, 90 }, "red.html"),
-                        Area(AreaShape::Circle, { 60, 60, 30 }, "disc.html") } };
-}
-
-TodayMap Made(JSMode mode, const MapSource& source)
-{
-    return MakeTodayMap(
-        mode, source,
-        { .Text = {},
-          .Path = {},
-          .Charset = PageCharset::Ascii,
-          .PicturePath = {},
-          .PictureSize = { 400, 300 },
-          .SizeOf = {} });
+    MapSource source = MapOfPicture({ Area(AreaShape::Default, {}, "rest.html"),
+                                      Area(AreaShape::Rectangle, { 20, 40, 120, 90 }, "red.html"),
+                                      Area(AreaShape::Circle, { 60, 60, 30 }, "disc.html") });
+    source.Width = QStringLiteral("800");
+    source.Height = QStringLiteral("600");
+    return source;
 }
 
 /** The lines of a map with an area each. */
@@ -75,7 +55,8 @@ void tst_defaultareas::inHtml4ItHasNoCoordinates()
 
 void tst_defaultareas::overAPictureItIsPaintedFirst()
 {
-    const QStringList lines = AreaLines(GenerateTodayMap(JSDisabled, Made(JSDisabled, Source())), u"<a ");
+    const QStringList lines =
+        AreaLines(GenerateTodayMap(JSDisabled, MadeForPicture(JSDisabled, Source())), u"<a ");
     QCOMPARE(
         lines,
         (QStringList{ "<a href=\"rest.html\" aria-label=\"rest\"><rect x=\"0\" y=\"0\" width=\"400\" "
@@ -88,7 +69,7 @@ void tst_defaultareas::overAPictureItIsPaintedFirst()
 void tst_defaultareas::inAMapElementItIsTheLastRectangle()
 {
     const QStringList lines =
-        AreaLines(GenerateTodayMapElement(JSDisabled, Made(JSDisabled, Source())), u"<area");
+        AreaLines(GenerateTodayMapElement(JSDisabled, MadeForPicture(JSDisabled, Source())), u"<area");
     QCOMPARE(
         lines,
         (QStringList{ "<area shape=\"rect\" coords=\"40,80,240,180\" href=\"red.html\" alt=\"red\">",
@@ -100,7 +81,7 @@ void tst_defaultareas::itsMessageIsShownLikeAnyOther()
 {
     MapSource source = Source();
     source.Areas[0].Message = QStringLiteral("All the rest");
-    const QString markup = GenerateTodayMap(JSTextArea, Made(JSTextArea, source));
+    const QString markup = GenerateTodayMap(JSTextArea, MadeForPicture(JSTextArea, source));
     QVERIFY(markup.contains(QStringLiteral("<a href=\"rest.html\" aria-label=\"All the rest\" "
                                            "aria-describedby=\"m-1\"><rect x=\"0\" y=\"0\"")));
     QVERIFY(markup.contains(QStringLiteral("<p id=\"m-1\">All the rest</p>")));

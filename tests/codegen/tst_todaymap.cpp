@@ -1,6 +1,6 @@
 // What becomes of the fields of a map on the way into a page for today's browsers.
 
-#include "codegen/TodayMap.h"
+#include "tests/codegen/PictureMaps.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -10,34 +10,11 @@ namespace {
 /** A square in a picture of 400 by 300 pixels. */
 MapSource Source()
 {
-    return { .MapName = "m",
-             .Width = "400",
-             .Height = "300",
-             .AltText = "A picture",
-             .Align = {},
-             .Border = {},
-             .HorizontalSpace = {},
-             .VerticalSpace = {},
-             .PictureReference = "pic.png",
-             .FileNamesOnly = false,
-             .ModeDefault = {},
-             .Areas = { { .Shape = AreaShape::Rectangle,
-                          .Coordinates = { 20, 40, 120, 90 },
-                          .Link = "red.html",
-                          .Target = {},
-                          .Message = {} } } };
-}
-
-TodayMap Made(JSMode mode, const MapSource& source)
-{
-    return MakeTodayMap(
-        mode, source,
-        { .Text = {},
-          .Path = {},
-          .Charset = PageCharset::Ascii,
-          .PicturePath = {},
-          .PictureSize = { 400, 300 },
-          .SizeOf = {} });
+    return MapOfPicture({ { .Shape = AreaShape::Rectangle,
+                            .Coordinates = { 20, 40, 120, 90 },
+                            .Link = "red.html",
+                            .Target = {},
+                            .Message = {} } });
 }
 
 } // namespace
@@ -105,7 +82,7 @@ void tst_todaymap::shapesScaleWithThePicture()
     MapSource source = Source();
     source.Width = width;
     source.Height = height;
-    const TodayMap map = Made(JSDisabled, source);
+    const TodayMap map = MadeForPicture(JSDisabled, source);
     const QString shapes = GenerateTodayMap(JSDisabled, map);
     QVERIFY2(shapes.contains(svg), qPrintable(shapes));
     QVERIFY(shapes.contains(QStringLiteral(R"(<rect x="20" y="40" width="100" height="50"/>)")));
@@ -140,20 +117,20 @@ void tst_todaymap::alignmentIsAClassOfTheStyle()
     QFETCH(const QString, name);
     MapSource source = Source();
     source.Align = align;
-    QCOMPARE(Made(JSDisabled, source).AlignClass, name);
+    QCOMPARE(MadeForPicture(JSDisabled, source).AlignClass, name);
 }
 
 void tst_todaymap::alignmentIsWrittenWithItsStyle()
 {
     MapSource source = Source();
     source.Align = QStringLiteral("LEFT");
-    const TodayMap map = Made(JSDisabled, source);
+    const TodayMap map = MadeForPicture(JSDisabled, source);
     QVERIFY(GenerateTodayMap(JSDisabled, map).contains(QStringLiteral("<span class=\"imap imap-left\"")));
     QVERIFY(
         GenerateTodayMap(JSTextArea, map).contains(QStringLiteral("<figure class=\"imap-fig imap-left\"")));
     QVERIFY(GenerateTodayMapElement(JSDisabled, map).contains(QStringLiteral("class=\"imap-left\"")));
     QVERIFY(BlocksFor(MarkupForm::TodayMapElement, JSDisabled, map).style);
-    const TodayMap plain = Made(JSDisabled, Source());
+    const TodayMap plain = MadeForPicture(JSDisabled, Source());
     QVERIFY(!BlocksFor(MarkupForm::TodayMapElement, JSDisabled, plain).style);
 }
 
@@ -183,7 +160,7 @@ void tst_todaymap::targetIsOneThatAPageMayUse()
     QFETCH(const QString, element);
     MapSource source = Source();
     source.Areas[0].Target = typed;
-    const TodayMap map = Made(JSDisabled, source);
+    const TodayMap map = MadeForPicture(JSDisabled, source);
     const auto attributes = [](const QString& markup) {
         const QString href = QStringLiteral("href=\"red.html\" ");
         const qsizetype start = markup.indexOf(href) + href.size();
@@ -224,12 +201,14 @@ void tst_todaymap::leftOutSpacingIsNoted()
     QFETCH(const QString, vertical);
     QFETCH(const bool, isNoted);
     MapSource source = Source();
-    const TodayMap without = Made(JSDisabled, source);
+    const TodayMap without = MadeForPicture(JSDisabled, source);
     source.Border = border;
     source.HorizontalSpace = horizontal;
     source.VerticalSpace = vertical;
     QCOMPARE(NotesOn(JSDisabled, source).leftOutSpacing, isNoted);
-    QCOMPARE(GenerateTodayMap(JSDisabled, Made(JSDisabled, source)), GenerateTodayMap(JSDisabled, without));
+    QCOMPARE(
+        GenerateTodayMap(JSDisabled, MadeForPicture(JSDisabled, source)),
+        GenerateTodayMap(JSDisabled, without));
 }
 
 void tst_todaymap::missingTextsAreNotedWithTheirAreas()
@@ -265,7 +244,7 @@ void tst_todaymap::linkHasALabelWhateverItIs()
     MapSource source = Source();
     source.Areas[0].Link = link;
     source.Areas[0].Text = QStringLiteral("\u0001");
-    const TodayMap map = Made(JSDisabled, source);
+    const TodayMap map = MadeForPicture(JSDisabled, source);
     QVERIFY(!map.Areas[0].Address.isEmpty());
     const QRegularExpression label(QStringLiteral(" aria-label=\"[^\"]+\""));
     QVERIFY2(
@@ -291,7 +270,7 @@ void tst_todaymap::placeThatShowsAPictureHasALabel()
     MapSource source = Source();
     source.Areas[0].Link.clear();
     source.Areas[0].Message = picture;
-    QCOMPARE(Made(JSSwitchImages, source).Areas[0].Label, label);
+    QCOMPARE(MadeForPicture(JSSwitchImages, source).Areas[0].Label, label);
     QCOMPARE(NotesOn(JSSwitchImages, source).areasWithoutText, QList<int>{ 1 });
 }
 
@@ -303,7 +282,7 @@ void tst_todaymap::messageOfNothingVisibleIsNone()
         source.Areas[0].Message = nothing;
         source.ModeDefault = nothing;
         for (const JSMode mode : { JSStatusBar, JSTextArea, JSToolTips }) {
-            const TodayMap map = Made(mode, source);
+            const TodayMap map = MadeForPicture(mode, source);
             QCOMPARE(map.Areas[0].Message, QString());
             QCOMPARE(map.Default, QString());
         }
@@ -327,14 +306,14 @@ void tst_todaymap::scriptIsNeededOnlyForMessagesThatChange()
     QFETCH(const bool, needsScript);
     const auto jsMode = JSMode(mode);
     MapSource source = Source();
-    QVERIFY(!BlocksFor(MarkupForm::Today, jsMode, Made(jsMode, source)).script);
+    QVERIFY(!BlocksFor(MarkupForm::Today, jsMode, MadeForPicture(jsMode, source)).script);
     source.Areas[0].Message = QStringLiteral("a message");
-    const TodayMap map = Made(jsMode, source);
+    const TodayMap map = MadeForPicture(jsMode, source);
     QCOMPARE(BlocksFor(MarkupForm::Today, jsMode, map).script, needsScript);
     QVERIFY(BlocksFor(MarkupForm::Today, jsMode, map).style);
     QVERIFY(!BlocksFor(MarkupForm::TodayMapElement, jsMode, map).script);
     source.Areas.clear();
-    const NeededBlocks alone = BlocksFor(MarkupForm::Today, jsMode, Made(jsMode, source));
+    const NeededBlocks alone = BlocksFor(MarkupForm::Today, jsMode, MadeForPicture(jsMode, source));
     QVERIFY(!alone.script && !alone.style);
 }
 
