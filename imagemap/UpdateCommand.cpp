@@ -6,7 +6,7 @@
 #include "imagemap/PicturePane.h"
 #include "imagemap/TodayInsert.h"
 #include "imagemap/model/MapDocument.h"
-#include "imagemap/origin/AreaMatching.h"
+#include "imagemap/origin/AreaLikeness.h"
 #include "mapback/NewMap.h"
 #include "widgets/WindowHelpers.h"
 

@@ -85,6 +85,13 @@ private:
 
 } // namespace
 
+QList<qsizetype> MatchedSources(const MapAreas& inPage, const MapAreas& inEditor)
+{
+    AreaMatcher matcher(inPage, inEditor);
+    matcher.MatchSources();
+    return matcher.Matches();
+}
+
 QList<qsizetype> MatchedAreas(
     const MapAreas& inPage, const MapAreas& inEditor,
     const std::function<bool(const MapArea& inPage, const MapArea& inEditor)>& saysTheSame)

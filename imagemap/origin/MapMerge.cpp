@@ -1,6 +1,7 @@
 #include "imagemap/origin/MapMerge.h"
 
-#include "imagemap/origin/AreaMatching.h"
+#include "imagemap/origin/AreaLikeness.h"
+#include "mapback/AreaMatching.h"
 
 #include <QHash>
 #include <array>
@@ -106,7 +107,7 @@ public:
         : was_(was)
         , mine_(mine)
         , theirs_(theirs)
-        , wasOfMine_(MatchBySource(was, mine))
+        , wasOfMine_(MatchedSources(was, mine))
         , theirsOfWas_(std::size_t(was.size()), -1)
         , isOfWas_(std::size_t(theirs.size()), false)
     {
@@ -147,8 +148,8 @@ private:
         }
         const std::vector<qsizetype> matches = MatchAreas(rest, mine_);
         for (std::size_t i = 0; i < matches.size(); ++i) {
-            if (wasOfMine_[i] < 0 && matches[i] >= 0) {
-                wasOfMine_[i] = numbers[matches[i]];
+            if (wasOfMine_[qsizetype(i)] < 0 && matches[i] >= 0) {
+                wasOfMine_[qsizetype(i)] = numbers[matches[i]];
             }
         }
     }
@@ -172,7 +173,7 @@ private:
 
     void TakeMine(qsizetype number, QStringList& losses)
     {
-        const qsizetype was = wasOfMine_[std::size_t(number)];
+        const qsizetype was = wasOfMine_[number];
         if (was < 0) {
             Append(mine_[number], -1);
             return;
@@ -214,7 +215,7 @@ private:
     const MapAreas& was_;
     const MapAreas& mine_;
     const MapAreas& theirs_;
-    std::vector<qsizetype> wasOfMine_;
+    QList<qsizetype> wasOfMine_;
     std::vector<qsizetype> theirsOfWas_;
     std::vector<bool> isOfWas_; ///< of `theirs`
     QHash<qsizetype, bool> isKept_;

@@ -1,4 +1,4 @@
-#include "imagemap/origin/AreaMatching.h"
+#include "imagemap/origin/AreaLikeness.h"
 #include "imagemap/origin/MapMerge.h"
 
 #include <QTest>

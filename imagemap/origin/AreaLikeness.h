@@ -18,7 +18,3 @@
  * neither those nor what is `shown` has.
  */
 void KeepSources(MapAreas& page, const MapAreas& before, const MapAreas& shown);
-
-/** As MatchAreas(), for areas that know which of `before` they were; of two that say the same, the first is
- * it. */
-[[nodiscard]] std::vector<qsizetype> MatchBySource(const MapAreas& before, const MapAreas& now);

@@ -1,4 +1,4 @@
-#include "imagemap/origin/AreaMatching.h"
+#include "imagemap/origin/AreaLikeness.h"
 
 #include <QHash>
 #include <QQueue>
@@ -82,24 +82,4 @@ void KeepSources(MapAreas& page, const MapAreas& before, const MapAreas& shown)
         const bool isKnown = match >= 0 && before[match].Source >= 0;
         page[i].Source = isKnown ? before[match].Source : fresh++;
     }
-}
-
-std::vector<qsizetype> MatchBySource(const MapAreas& before, const MapAreas& now)
-{
-    QHash<int, qsizetype> bySource;
-    for (qsizetype i = before.size() - 1; i >= 0; --i) {
-        if (before[i].Source >= 0) {
-            bySource.insert(before[i].Source, i);
-        }
-    }
-    std::vector<qsizetype> matches;
-    matches.reserve(std::size_t(now.size()));
-    for (const MapArea& area : now) {
-        const auto found = area.Source >= 0 ? bySource.find(area.Source) : bySource.end();
-        matches.push_back(found != bySource.end() ? *found : -1);
-        if (found != bySource.end()) {
-            bySource.erase(found); // a copy of it is another one
-        }
-    }
-    return matches;
 }
