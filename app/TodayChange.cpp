@@ -3,8 +3,8 @@
 #include "codegen/InsertPlace.h"
 #include "imagemap/TodayInsert.h"
 #include "imagemap/origin/PagePicture.h"
+#include "mapback/LineReplacements.h"
 #include "mapback/ReturnedMap.h"
-#include "mapback/TextDifferences.h"
 #include "mapreader/PageLines.h"
 #include "mapreader/TagChanges.h"
 

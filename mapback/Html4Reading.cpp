@@ -1,7 +1,7 @@
 #include "mapback/Html4Reading.h"
 
 #include "codegen/MapScripts.h"
-#include "mapback/TextDifferences.h"
+#include "mapback/LineReplacements.h"
 #include "shared/Paths.h"
 
 #include <QStringBuilder>

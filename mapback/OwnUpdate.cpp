@@ -2,7 +2,7 @@
 
 #include "codegen/InsertPlace.h"
 #include "mapback/AreaMatching.h"
-#include "mapback/TextDifferences.h"
+#include "mapback/LineReplacements.h"
 #include "mapback/TodayFields.h"
 #include "mapback/TodayReading.h"
 #include "mapreader/PageLines.h"

@@ -1,7 +1,7 @@
 #include "mapback/TodayReading.h"
 
 #include "codegen/PaintingOrder.h"
-#include "mapback/TextDifferences.h"
+#include "mapback/LineReplacements.h"
 #include "mapback/TodayMarkup.h"
 
 #include <algorithm>

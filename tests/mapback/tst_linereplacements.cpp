@@ -1,6 +1,6 @@
 // A part of a page made another text in few and small steps.
 
-#include "mapback/TextDifferences.h"
+#include "mapback/LineReplacements.h"
 #include "mapreader/TagChanges.h"
 
 #include <QRandomGenerator>
@@ -21,7 +21,7 @@ QString Changed(const QString& before, const QString& after)
 
 } // namespace
 
-class tst_textdifferences : public QObject
+class tst_linereplacements : public QObject
 {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ private Q_SLOTS:
     void sameTextIsFoundWhateverItsLineEnds();
 };
 
-void tst_textdifferences::changesAreFewAndSmall_data()
+void tst_linereplacements::changesAreFewAndSmall_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
@@ -54,7 +54,7 @@ void tst_textdifferences::changesAreFewAndSmall_data()
     row("half of a pair", "\U0001F600", "\U0001F601", { "0+2 \U0001F601" });
 }
 
-void tst_textdifferences::changesAreFewAndSmall()
+void tst_linereplacements::changesAreFewAndSmall()
 {
     QFETCH(const QString, before);
     QFETCH(const QString, after);
@@ -67,14 +67,14 @@ void tst_textdifferences::changesAreFewAndSmall()
     QCOMPARE(WithoutEnds(Changed(before, after)), after);
 }
 
-void tst_textdifferences::lineEndsStay()
+void tst_linereplacements::lineEndsStay()
 {
     QCOMPARE(Changed("a\r\nb\rc\nd", "a\nx\nc\nd"), QStringLiteral("a\r\nx\rc\nd"));
     QCOMPARE(Changed("a\rb\rc", "a\nb\nx\nc"), QStringLiteral("a\rb\rx\rc"));
     QCOMPARE(Changed("a\r\nb", "a\nb\nc"), QStringLiteral("a\r\nb\r\nc"));
 }
 
-void tst_textdifferences::anyTextBecomesAnyOther()
+void tst_linereplacements::anyTextBecomesAnyOther()
 {
     QRandomGenerator random(7);
     const auto text = [&random] {
@@ -104,7 +104,7 @@ void tst_textdifferences::anyTextBecomesAnyOther()
     }
 }
 
-void tst_textdifferences::sameTextIsFoundWhateverItsLineEnds_data()
+void tst_linereplacements::sameTextIsFoundWhateverItsLineEnds_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<int>("length");
@@ -116,11 +116,11 @@ void tst_textdifferences::sameTextIsFoundWhateverItsLineEnds_data()
     QTest::newRow("a line more") << "x\n\na\nb" << -1;
 }
 
-void tst_textdifferences::sameTextIsFoundWhateverItsLineEnds()
+void tst_linereplacements::sameTextIsFoundWhateverItsLineEnds()
 {
     QFETCH(const QString, page);
     QTEST(int(LengthOfSame(page, 1, u"\na\nb").value_or(-1)), "length");
 }
 
-QTEST_GUILESS_MAIN(tst_textdifferences)
-#include "tst_textdifferences.moc"
+QTEST_GUILESS_MAIN(tst_linereplacements)
+#include "tst_linereplacements.moc"

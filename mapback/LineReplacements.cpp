@@ -1,4 +1,4 @@
-#include "mapback/TextDifferences.h"
+#include "mapback/LineReplacements.h"
 
 #include <QHash>
 #include <algorithm>
