@@ -1,6 +1,7 @@
 #include "outline/ShapeAreas.h"
 
 #include "imagemap/model/AreaGeometry.h"
+#include "outline/ContourThinning.h"
 
 #include <algorithm>
 #include <array>
@@ -284,7 +285,7 @@ MapArea AreaOfOutline(const QPolygonF& outline)
     // Each time from what was kept the last time: so the whole of a long outline is gone over only once.
     QPolygonF simple = Simplified(ThinOutline(outline), outlinePrecision);
     QList<QPoint> corners = WholePixels(simple);
-    for (double precision = 2 * outlinePrecision; corners.size() > mostAreaCorners; precision *= 2) {
+    for (double precision = 2 * outlinePrecision; corners.size() > mostCorners; precision *= 2) {
         simple = Simplified(simple, precision);
         corners = WholePixels(simple);
     }

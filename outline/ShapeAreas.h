@@ -8,9 +8,6 @@
 
 // Outlines with curves as areas of a map, in picture pixels.
 
-/** A polygon of a map has no more corners. */
-inline constexpr int mostAreaCorners = 500;
-
 /** Curves and corners are met to so many pixels. */
 inline constexpr double outlinePrecision = 0.25;
 

@@ -17,7 +17,7 @@ void TryShape(const MapArea& area)
     Demand(
         QRect(QPoint(-1, -1), pictureSize + QSize(2, 2)).contains(BoundsOf(area)),
         "a shape is in the picture");
-    Demand(area.Coordinates.size() <= 2 * mostAreaCorners, "a polygon has no more corners");
+    Demand(area.Coordinates.size() <= 2 * mostCorners, "a polygon has no more corners");
     Demand(!area.Link.startsWith(u"javascript:", Qt::CaseInsensitive), "no link runs a script");
 }
 

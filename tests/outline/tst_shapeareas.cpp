@@ -135,7 +135,7 @@ void tst_shapeareas::manyCornersGiveWay()
     path.addPolygon(star);
     const MapArea area = OnlyAreaOf(path);
     QCOMPARE(area.Shape, AreaShape::Polygon);
-    QVERIFY(CornersOf(area).size() <= mostAreaCorners);
+    QVERIFY(CornersOf(area).size() <= mostCorners);
     QVERIFY(CornersOf(area).size() >= leastCorners);
 }
 
