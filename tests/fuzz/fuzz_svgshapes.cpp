@@ -2,6 +2,7 @@
 
 #include "FuzzTarget.h"
 #include "imagemap/model/AreaGeometry.h"
+#include "outline/ContourThinning.h"
 #include "outline/ShapeAreas.h"
 #include "outline/SvgPath.h"
 #include "outline/SvgShapes.h"

@@ -1,3 +1,4 @@
+#include "outline/ContourThinning.h"
 #include "outline/ShapeAreas.h"
 
 #include "imagemap/model/AreaGeometry.h"
