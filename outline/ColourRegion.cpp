@@ -6,19 +6,15 @@ namespace {
 class LikePixels
 {
 public:
-    LikePixels(const QImage& picture, ColourDistances& distances, double tolerance)
-        : picture_(picture)
-        , distances_(distances)
-        , tolerance_(static_cast<float>(tolerance))
-        , isOpaque_(!picture.hasAlphaChannel())
-        , isPremultiplied_(picture.format() == QImage::Format_ARGB32_Premultiplied)
+    explicit LikePixels(LikeColours& colours)
+        : colours_(colours)
     {
     }
 
     void SetRow(quint8* marks, int y)
     {
         marks_ = marks;
-        pixels_ = reinterpret_cast<const QRgb*>(picture_.constScanLine(y));
+        colours_.SetRow(y);
     }
 
     [[nodiscard]] bool operator()(int x)
@@ -26,14 +22,16 @@ public:
         if ((marks_[x] & MarkNew) != 0) {
             return false;
         }
-        // Neighbours have the same colour more often than not.
-        if (pixels_[x] != last_ || !hasLast_) {
-            Compare(pixels_[x]);
-        }
-        if (!isLike_) {
+        const bool isLike = colours_.IsLike(x);
+        if (!isLike) {
             marks_[x] = static_cast<quint8>(marks_[x] | MarkEdge);
         }
-        return isLike_;
+        return isLike;
+    }
+
+    [[nodiscard]] int SameTo(int x, int step, int end) const
+    {
+        return colours_.SameTo(x, step, end, marks_, MarkNew);
     }
 
     void Mark(int from, int end)
@@ -44,26 +42,8 @@ public:
     }
 
 private:
-    void Compare(QRgb pixel)
-    {
-        last_ = pixel;
-        hasLast_ = true;
-        isLike_ = distances_.To(isOpaque_ ? pixel | alphaMask : Plain(pixel)) <= tolerance_;
-    }
-    [[nodiscard]] QRgb Plain(QRgb pixel) const { return isPremultiplied_ ? qUnpremultiply(pixel) : pixel; }
-
-    static constexpr QRgb alphaMask = 0xff000000U;
-
-    const QImage& picture_;
-    ColourDistances& distances_;
-    float tolerance_;
-    bool isOpaque_;
-    bool isPremultiplied_;
-    const QRgb* pixels_ = nullptr;
+    LikeColours& colours_;
     quint8* marks_ = nullptr;
-    QRgb last_ = 0;
-    bool hasLast_ = false;
-    bool isLike_ = false;
 };
 
 } // namespace
@@ -82,12 +62,15 @@ QImage WithWholePixels(const QImage& picture)
 }
 
 ColourRegion::ColourRegion(const QImage& picture, PixelMask& mask, QPoint seed)
-    : picture_(picture)
-    , mask_(mask)
+    : mask_(mask)
     , seed_(seed)
-    , distances_(picture.rect().contains(seed) ? picture.pixel(seed) : QRgb())
+    , colours_(picture, 0)
 {
     Q_ASSERT(picture.depth() == 32 && picture.size() == mask.Size());
+    if (picture.rect().contains(seed)) {
+        colours_.SetRow(seed.y());
+        colours_.SetFrom(colours_.ColourAt(seed.x()));
+    }
 }
 
 void ColourRegion::SetTolerance(double tolerance)
@@ -104,7 +87,8 @@ void ColourRegion::SetTolerance(double tolerance)
 
 void ColourRegion::GoOn()
 {
-    LikePixels like(picture_, distances_, tolerance_);
+    colours_.SetTolerance(tolerance_);
+    LikePixels like(colours_);
     RegionFill fill(mask_, mask_.Box(), like);
     if (region_.IsEmpty()) {
         fill.AddTo(region_, seed_);

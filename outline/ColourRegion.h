@@ -1,6 +1,6 @@
 #pragma once
 
-#include "outline/ColourDifference.h"
+#include "outline/LikeColours.h"
 #include "outline/RegionFill.h"
 
 #include <QImage>
@@ -41,10 +41,9 @@ private:
     void GoOn();
     [[nodiscard]] QRect MarkedBox() const { return region_.box.adjusted(-1, -1, 1, 1); }
 
-    const QImage& picture_;
     PixelMask& mask_;
     QPoint seed_;
-    ColourDistances distances_;
+    LikeColours colours_;
     double tolerance_ = -1;
     Region region_;
 };

@@ -9,58 +9,24 @@
 
 namespace {
 
-constexpr QRgb wholeColour = 0xff000000U;
-
-/** The picture's colours by their places, opaque where it has no transparency. */
-class PictureColours
-{
-public:
-    explicit PictureColours(const QImage& picture)
-        : picture_(picture)
-        , added_(picture.hasAlphaChannel() ? 0 : wholeColour)
-        , isPremultiplied_(picture.format() == QImage::Format_ARGB32_Premultiplied)
-    {
-    }
-
-    void SetRow(int y) { row_ = reinterpret_cast<const QRgb*>(picture_.constScanLine(y)); }
-    [[nodiscard]] QRgb At(int x) const
-    {
-        return isPremultiplied_ ? qUnpremultiply(row_[x]) : row_[x] | added_;
-    }
-
-    [[nodiscard]] QRgb At(int x, int y) const
-    {
-        PictureColours there(*this);
-        there.SetRow(y);
-        return there.At(x);
-    }
-
-private:
-    const QImage& picture_;
-    QRgb added_;
-    bool isPremultiplied_;
-    const QRgb* row_ = nullptr;
-};
-
 /** Pixels of no region yet that are like the first one of this. */
 class FreePixels
 {
 public:
-    FreePixels(const QImage& picture, double tolerance)
-        : colours_(picture)
-        , tolerance_(static_cast<float>(tolerance))
+    explicit FreePixels(LikeColours& colours)
+        : colours_(colours)
     {
     }
 
-    void SetFirst(QRgb colour) { distances_.SetFrom(colour); }
     void SetRow(quint8* marks, int y)
     {
         marks_ = marks;
         colours_.SetRow(y);
     }
-    [[nodiscard]] bool operator()(int x)
+    [[nodiscard]] bool operator()(int x) { return (marks_[x] & MarkSeen) == 0 && colours_.IsLike(x); }
+    [[nodiscard]] int SameTo(int x, int step, int end) const
     {
-        return (marks_[x] & MarkSeen) == 0 && distances_.To(colours_.At(x)) <= tolerance_;
+        return colours_.SameTo(x, step, end, marks_, MarkSeen);
     }
     void Mark(int from, int end)
     {
@@ -68,9 +34,7 @@ public:
     }
 
 private:
-    PictureColours colours_;
-    ColourDistances distances_;
-    float tolerance_;
+    LikeColours& colours_;
     quint8* marks_ = nullptr;
 };
 
@@ -89,6 +53,7 @@ public:
         y_ = y;
     }
     [[nodiscard]] bool operator()(int x) const { return (row_[x] & (MarkPiece | MarkNew)) == MarkPiece; }
+    [[nodiscard]] int SameTo(int x, int /*step*/, int /*end*/) const { return x; }
     void Mark(int from, int end)
     {
         std::for_each(row_ + from, row_ + end, [](quint8& pixel) { pixel |= MarkNew; });
@@ -111,17 +76,16 @@ private:
 };
 
 /** The colours that a tenth or more of the pixels along the rim of `box` have. */
-std::vector<QRgb> RimColours(const PictureColours& colours, const QRect& box)
+std::vector<QRgb> RimColours(LikeColours& colours, const QRect& box)
 {
     constexpr int leastShare = 10;
     std::map<QRgb, int> counts;
-    for (int x = box.left(); x <= box.right(); ++x) {
-        ++counts[colours.At(x, box.top())];
-        ++counts[colours.At(x, box.bottom())];
-    }
-    for (int y = box.top() + 1; y < box.bottom(); ++y) {
-        ++counts[colours.At(box.left(), y)];
-        ++counts[colours.At(box.right(), y)];
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        colours.SetRow(y);
+        const bool isWhole = y == box.top() || y == box.bottom();
+        for (int x = box.left(); x <= box.right(); x += isWhole ? 1 : std::max(box.width() - 1, 1)) {
+            ++counts[colours.ColourAt(x)];
+        }
     }
     std::vector<QRgb> frequent;
     for (const auto& [colour, count] : counts) {
@@ -140,8 +104,9 @@ public:
         : search_(search)
         , box_(search.within.isNull() ? picture.rect() : search.within & picture.rect())
         , mask_(picture.size())
-        , colours_(picture)
-        , like_(picture, search.tolerance)
+        , pixels_(picture)
+        , colours_(picture, search.tolerance)
+        , like_(colours_)
         , taken_([](quint8 marks) { return (marks & MarkPiece) != 0; }, 0, MarkPiece | MarkNew)
         , fill_(mask_, box_, like_)
         , settle_(mask_, box_, taken_)
@@ -186,16 +151,17 @@ private:
         if (x == box_.right() || y == box_.bottom()) {
             return false;
         }
-        const QRgb colour = colours_.At(x, y);
-        return colours_.At(x + 1, y) == colour && colours_.At(x, y + 1) == colour &&
-               colours_.At(x + 1, y + 1) == colour;
+        const auto* const row = reinterpret_cast<const QRgb*>(pixels_.constScanLine(y)) + x;
+        const auto* const below = reinterpret_cast<const QRgb*>(pixels_.constScanLine(y + 1)) + x;
+        return row[1] == row[0] && below[0] == row[0] && below[1] == row[0];
     }
 
     void Take(QPoint seed)
     {
         PictureRegion found;
-        found.colour = colours_.At(seed.x(), seed.y());
-        like_.SetFirst(found.colour);
+        colours_.SetRow(seed.y());
+        found.colour = colours_.ColourAt(seed.x());
+        colours_.SetFrom(found.colour);
         fill_.AddTo(found.region, seed);
         if (found.region.pixels >= search_.leastPixels) {
             found.contour = ContourOf(mask_, found.region.first, MarkPiece);
@@ -219,7 +185,8 @@ private:
     const RegionSearch& search_;
     QRect box_;
     PixelMask mask_;
-    PictureColours colours_;
+    const QImage& pixels_;
+    LikeColours colours_;
     FreePixels like_;
     MarkedPixels taken_;
     RegionFill<FreePixels> fill_;
@@ -256,7 +223,6 @@ PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search
 {
     constexpr int leastAlpha = 128;
     const QImage whole = WithWholePixels(picture);
-    const PictureColours colours(whole);
     const QRect box = search.within.isNull() ? whole.rect() : search.within & whole.rect();
     PixelMask mask(whole.size());
     for (int y = box.top(); y <= box.bottom(); ++y) {
@@ -270,8 +236,7 @@ PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search
     const auto isOpaque = [](quint8 marks) { return (marks & MarkChosen) != 0; };
     for (RegionPiece& piece : PiecesOf(mask, box, isOpaque, PieceHoles::Ignored)) {
         if (piece.region.pixels >= search.leastPixels) {
-            const QPoint first = piece.region.first;
-            islands.push_back({ piece.region, colours.At(first.x(), first.y()), std::move(piece.contour) });
+            islands.push_back({ piece.region, whole.pixel(piece.region.first), std::move(piece.contour) });
         }
     }
     KeepLargest(islands);

@@ -48,6 +48,14 @@ QRect RegionChoice::Box() const
 
 std::vector<RegionPiece> RegionChoice::Pieces(PieceHoles holes)
 {
+    // One region alone is the usual case, and is one piece already.
+    if (last_ && chosenBox_.isNull() && how_ != RegionTaking::TakenOff && holes == PieceHoles::Ignored) {
+        const Region& found = last_->Found();
+        if (found.IsEmpty()) {
+            return {};
+        }
+        return { { found, ContourOf(mask_, found.first, MarkNew), {} } };
+    }
     return PiecesOf(
         mask_, Box(), [this](quint8 marks) { return IsChosen(marks); }, holes);
 }

@@ -76,16 +76,20 @@ private:
         }
     }
 
+    /** The last pixel that belongs, going from `x`, which does, no further than `end`. */
+    int EndOfRun(int x, int step, int end)
+    {
+        x = belongs_.SameTo(x, step, end);
+        while (x != end && belongs_(x + step)) {
+            x = belongs_.SameTo(x + step, step, end);
+        }
+        return x;
+    }
+
     Run TakeRun(Region& region, int x, int y)
     {
-        int from = x;
-        while (from > within_.left() && belongs_(from - 1)) {
-            --from;
-        }
-        int to = x;
-        while (to < within_.right() && belongs_(to + 1)) {
-            ++to;
-        }
+        const int from = EndOfRun(x, -1, within_.left());
+        const int to = EndOfRun(x, 1, within_.right());
         belongs_.Mark(from, to + 1);
         if (region.IsEmpty() || y < region.first.y() || (y == region.first.y() && from < region.first.x())) {
             region.first = QPoint(from, y);
@@ -141,6 +145,14 @@ public:
 
     void SetRow(quint8* row, int /*y*/) { row_ = row; }
     [[nodiscard]] bool operator()(int x) const { return belongs_[row_[x]]; }
+    [[nodiscard]] int SameTo(int x, int step, int end) const
+    {
+        const quint8 same = row_[x];
+        while (x != end && row_[x + step] == same) {
+            x += step;
+        }
+        return x;
+    }
     void Mark(int from, int end)
     {
         std::for_each(row_ + from, row_ + end, [this](quint8& pixel) {
