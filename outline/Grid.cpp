@@ -1,11 +1,11 @@
 #include "outline/Grid.h"
 
-#include <QPair>
+#include <utility>
 
 namespace {
 
 /** What a cell takes of a line: from its first to its last coordinate. */
-using GridSpan = QPair<int, int>;
+using GridSpan = std::pair<int, int>;
 
 /** The spans of `count` cells between two coordinates; none where one of them would be empty. */
 QList<GridSpan> SpansOf(int first, int last, int count, int gap)

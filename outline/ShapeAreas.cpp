@@ -149,7 +149,7 @@ double DistanceFromLine(QPointF place, QPointF from, QPointF to)
  * calling itself, since an outline can have very many corners. */
 void KeepNeeded(const QPolygonF& outline, qsizetype from, qsizetype to, double precision, QList<bool>& kept)
 {
-    QList<QPair<qsizetype, qsizetype>> parts = { { from, to } };
+    QList<std::pair<qsizetype, qsizetype>> parts = { { from, to } };
     while (!parts.isEmpty()) {
         const auto [first, last] = parts.takeLast();
         double furthest = precision;
@@ -163,7 +163,7 @@ void KeepNeeded(const QPolygonF& outline, qsizetype from, qsizetype to, double p
         }
         if (corner >= 0) {
             kept[corner] = true;
-            parts << QPair(first, corner) << QPair(corner, last);
+            parts << std::pair(first, corner) << std::pair(corner, last);
         }
     }
 }

@@ -16,6 +16,7 @@ constexpr QStringView tooManyShapesText = u"The drawing has more shapes than any
 constexpr QStringView unfoldsText = u"The drawing repeats its parts more often than can be believed !";
 constexpr QStringView lineNote = u"a line without an inside";
 constexpr QStringView groundNote = u"covers the picture";
+constexpr QStringView repeatedNote = u"lies where another one does";
 
 /** A drawing without a size is as large as browsers show it. */
 constexpr QSizeF usualSize(300, 150);
@@ -340,25 +341,39 @@ private:
     }
 
     /** Names the shape and unticks it where it can hardly be meant. */
-    void Judge(AreaCandidate& candidate, bool isLine, qsizetype number) const
+    void Judge(AreaCandidate& candidate, bool isLine, qsizetype number)
     {
         const MapArea& area = candidate.Area;
-        const QRect box = BoundsOf(area);
-        const double share =
-            double(box.width()) * box.height() / (double(picture_.width()) * picture_.height());
-        const bool isGround =
-            area.Shape == AreaShape::Rectangle && share >= shareOfGround && area.Link.isEmpty();
         candidate.Name = area.Text.isEmpty()
                              ? areaShapeNames[std::size_t(area.Shape)].name + u' ' + QString::number(number)
                              : area.Text;
-        candidate.IsTicked = !isLine && !isGround;
-        candidate.Note = isLine ? lineNote.toString() : isGround ? groundNote.toString() : QString();
+        const bool isRepeated = places_.contains(area.Coordinates);
+        if (isLine) {
+            candidate.Note = lineNote.toString();
+        } else if (area.Link.isEmpty() && IsGround(area)) {
+            candidate.Note = groundNote.toString();
+        } else if (area.Link.isEmpty() && isRepeated) {
+            candidate.Note = repeatedNote.toString();
+        }
+        candidate.IsTicked = candidate.Note.isEmpty();
+        if (candidate.IsTicked) {
+            places_.insert(area.Coordinates);
+        }
+    }
+
+    [[nodiscard]] bool IsGround(const MapArea& area) const
+    {
+        const QRect box = BoundsOf(area);
+        const double share =
+            double(box.width()) * box.height() / (double(picture_.width()) * picture_.height());
+        return area.Shape == AreaShape::Rectangle && share >= shareOfGround;
     }
 
     const SvgTree& tree_;
     QSize picture_;
     SvgShapesReading reading_;
-    QSet<qsizetype> used_; ///< what is being repeated
+    QSet<qsizetype> used_;    ///< what is being repeated
+    QSet<QList<int>> places_; ///< the coordinates of those that are ticked
     qsizetype visited_ = 0;
 };
 

@@ -18,7 +18,7 @@ struct SvgShapesReading
 /**
  * The shapes of the SVG drawing `bytes`, fitted to a picture of that size, which shows the whole drawing:
  * what is hidden, only declared, or outside of the picture is left out. Links, texts and targets are taken
- * along; a link that would run a script is not. Lines without an inside, and a ground that covers the picture
- * without a link, are there but not ticked.
+ * along; a link that would run a script is not. Lines without an inside, and without a link a
+ * ground that covers the picture and what lies where another shape does, are there but not ticked.
  */
 [[nodiscard]] SvgShapesReading ReadSvgShapes(const QByteArray& bytes, QSize picture);

@@ -220,19 +220,21 @@ void tst_svgshapes::textsAreTakenAlong()
 
 void tst_svgshapes::groundsAndLinesAreNotTicked()
 {
-    const SvgShapesReading reading =
-        ReadInner("<rect width='100%' height='100%' fill='#eee'/>"
-                  "<a href='all.htm'><rect width='100%' height='100%'/></a>"
-                  "<polyline points='10,10 50,10 30,40' fill='none'/>"
-                  "<path d='M10 10L50 10L30 40Z' style='fill:none'/>"
-                  "<style>.line{fill:none}</style><g class='line'><path d='M10 10L50 10L30 40'/></g>"
-                  "<polyline points='10,10 50,10 30,40'/>");
+    const SvgShapesReading reading = ReadInner(
+        "<rect width='100%' height='100%' fill='#eee'/>"
+        "<a href='all.htm'><rect width='100%' height='100%'/></a>"
+        "<polyline points='10,10 50,10 30,40' fill='none'/>"
+        "<path d='M10 10L50 10L30 40Z' style='fill:none'/>"
+        "<style>.line{fill:none}</style><g class='line'><path d='M10 10L50 10L30 40'/></g>"
+        "<polyline points='10,10 50,10 30,41'/>"
+        "<rect x='9' y='9' width='9' height='9'/><rect x='9' y='9' width='9' height='9' stroke='red'/>"
+        "<a href='#'><rect x='9' y='9' width='9' height='9'/></a>");
     QList<bool> ticked;
     for (const AreaCandidate& shape : reading.Shapes) {
         ticked << shape.IsTicked;
         QCOMPARE(shape.Note.isEmpty(), shape.IsTicked);
     }
-    QCOMPARE(ticked, (QList<bool>{ false, true, false, true, false, true }));
+    QCOMPARE(ticked, (QList<bool>{ false, true, false, true, false, true, true, false, true }));
 }
 
 void tst_svgshapes::theOrderIsThatOfThePainting()
