@@ -28,6 +28,7 @@ protected:
     frmImageMap* Map() { return ::Find<frmImageMap>(&test_->window, "frmImageMap"); }
     void PressEdit();
     bool Edit();
+    bool EditMapOf(const QString& page);
     void GoToMap();
     void Update();
     QString Text() { return test_->Editor()->Text(); }
@@ -90,6 +91,13 @@ inline bool EditMapFixture::Edit()
         return editor != nullptr && editor->isVisible() && QApplication::activeModalWidget() == nullptr &&
                ::Find<QAction>(editor, "mnuAUpdatePage")->isEnabled();
     });
+}
+
+/** Opens the only map of `page`. */
+inline bool EditMapFixture::EditMapOf(const QString& page)
+{
+    Load(page);
+    return Edit();
 }
 
 inline void EditMapFixture::GoToMap()

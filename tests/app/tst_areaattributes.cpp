@@ -51,8 +51,7 @@ void tst_areaattributes::TypeInCell(int row, int column, const char* text)
 
 void tst_areaattributes::attributesAreChangedInTheirTable()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     ShowArea(0);
     QTRY_COMPARE(
         Attributes(),
@@ -73,8 +72,7 @@ void tst_areaattributes::attributesAreChangedInTheirTable()
 
 void tst_areaattributes::attributesAreAddedAndRemoved()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     ShowArea(0);
     QTRY_COMPARE(Table()->rowCount(), 7);
     TypeInCell(6, 0, "rel");
@@ -93,8 +91,7 @@ void tst_areaattributes::attributesAreAddedAndRemoved()
 void tst_areaattributes::codeOfATemplateIsReadOnly()
 {
     const QString page = Replaced(QString::fromLatin1(twoAreas), "data-x=\"1\"", "data-x=\"{{ x }}\"");
-    Load(page);
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(page));
     ShowArea(0);
     QTRY_COMPARE(Table()->rowCount(), 7);
     TypeInCell(5, 1, "2");
@@ -112,8 +109,7 @@ void tst_areaattributes::areasThatCannotBeDrawnStay()
         QString::fromLatin1(twoAreas), "</map>",
         "<area shape=default href=d.htm>\r\n<area coords=\"10%,20%,30%\" href=p.htm>\r\n"
         "<area coords=\"1.5,2.5,30.5,40.5\" href=f.htm>\r\n</map>");
-    Load(page);
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(page));
     QCOMPARE(Rows().size(), 5);
     QVERIFY2(Rows()[2].startsWith(u" No: 3 Default|d.htm|"), qPrintable(Rows()[2]));
     QVERIFY2(Rows()[3].contains(u"10%,20%,30%"), qPrintable(Rows()[3]));
@@ -128,8 +124,7 @@ void tst_areaattributes::coordinatesThatCannotBeDrawnAreEditedAsText()
 {
     const QString page = Replaced(
         QString::fromLatin1(twoAreas), "</map>", "<area coords=\"10%,20%,30%\" href=p.htm>\r\n</map>");
-    Load(page);
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(page));
     ShowArea(2);
     QCOMPARE(::Find<QLineEdit>(Map(), "txtAreaCoords")->text(), QStringLiteral("10%,20%,30%"));
     TypeIn(Map(), "txtAreaCoords", "11%,20%,30%");

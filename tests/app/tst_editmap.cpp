@@ -27,8 +27,7 @@ private Q_SLOTS:
 
 void tst_editmap::onlyMapOpensAsDrawn()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     QCOMPARE(
         Rows(), QStringList({ QStringLiteral(" No: 1 Rectangle|a.htm||10, 20, 60, 70|About A"),
                               QStringLiteral(" No: 2 Circle|b.htm?x=1&y=2||150, 100, 30|") }));
@@ -83,8 +82,7 @@ void tst_editmap::missingPictureLeavesAPlainGround()
 
 void tst_editmap::openingIsAStepOfUndo()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Choose(0);
     QCOMPARE(test_->folder.map.History().UndoName(), QStringLiteral("Opening of a Map"));
     QTest::keyClick(Map(), Qt::Key_Z, Qt::ControlModifier);
@@ -100,8 +98,7 @@ void tst_editmap::openingIsAStepOfUndo()
 
 void tst_editmap::drawnMapIsAskedForFirst()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Map()->close();
     QTRY_VERIFY(test_->window.findChild<frmImageMap*>() == nullptr);
     test_->Press(Qt::Key_I, Qt::ControlModifier);

@@ -3,6 +3,7 @@
 #include "tests/app/EditMapFixture.h"
 
 #include "app/recovery/RecoveryStore.h"
+#include "imagemap/MapFields.h"
 
 #include <QDir>
 
@@ -41,8 +42,11 @@ std::optional<MapCopy> tst_maprecovery::KeptMap() const
 /** Ends the program as soon as its map is kept, and restores that one, and `page`, in another one. */
 void tst_maprecovery::EndSuddenly(const QString& page)
 {
-    QTRY_VERIFY(KeptMap() && KeptMap()->State == test_->folder.map.State());
-    MapCopy map = *KeptMap();
+    std::optional<MapCopy> kept;
+    QTRY_VERIFY(
+        (kept = KeptMap()) && kept->State == test_->folder.map.State() &&
+        kept->Fields == Map()->Fields().Texts());
+    MapCopy map = *kept;
     test_ = std::make_unique<MainWindowFixture>();
     WritePicture();
     map.State.Picture = Path("harbour.jpg");
@@ -60,8 +64,7 @@ void tst_maprecovery::EndSuddenly(const QString& page)
 void tst_maprecovery::restoredMapIsUpdatedInItsPage()
 {
     const QString page = PageOf(twoAreas);
-    Load(page);
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(page));
     ShowArea(0);
     TypeIn(Map(), "cmbAreaLink", "c.htm");
     const QString now = u"<p>Written after it was opened</p>\r\n" + page;
@@ -73,8 +76,7 @@ void tst_maprecovery::restoredMapIsUpdatedInItsPage()
 
 void tst_maprecovery::restoredMapWithoutChangesClosesWithoutAQuestion()
 {
-    Load(PageOf(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(PageOf(twoAreas)));
     EndSuddenly(PageOf(twoAreas));
     Update();
     QCOMPARE(Text(), PageOf(twoAreas));
@@ -98,8 +100,7 @@ void tst_maprecovery::pictureWithoutAMapGetsItAfterwards()
 
 void tst_maprecovery::mapThatThePageHasNoMoreIsTold()
 {
-    Load(PageOf(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(PageOf(twoAreas)));
     EndSuddenly(PageOf("<p>Another</p>\r\n"));
     QVERIFY(!::Find<QAction>(Map(), "mnuAUpdatePage")->isEnabled());
     QVERIFY(::Find<QLabel>(Map(), "StatusBar1_Panel3")

@@ -67,8 +67,7 @@ void tst_updatepage::unchangedPageStays()
 
 void tst_updatepage::movedAreaChangesItsCoordinatesAlone()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     GoToMap();
     auto* const picture = ::Find<QWidget>(Map(), "PictureDisplay");
     ::Find<QAction>(Map(), "mnuASelect")->trigger();
@@ -82,8 +81,7 @@ void tst_updatepage::movedAreaChangesItsCoordinatesAlone()
 
 void tst_updatepage::changedLinkChangesItAlone()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Choose(1);
     ::Find<QTabWidget>(Map(), "SSTab1")->setCurrentIndex(2);
     TypeIn(Map(), "cmbAreaLink", "c.htm?x=1&y=2");
@@ -93,8 +91,7 @@ void tst_updatepage::changedLinkChangesItAlone()
 
 void tst_updatepage::deletedAreaTakesItsLine()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Choose(0);
     QTest::keyClick(::Find<QTreeView>(Map(), "ListView1"), Qt::Key_Delete);
     Update();
@@ -108,8 +105,7 @@ void tst_updatepage::deletedAreaTakesItsLine()
 
 void tst_updatepage::drawnAreaIsWrittenBesideTheOthers()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     DrawRectangle({ QPoint(200, 120), QPoint(240, 160) }, "new.htm");
     Update();
     const QString text = Text();
@@ -129,8 +125,7 @@ void tst_updatepage::drawnAreaIsWrittenBesideTheOthers()
 
 void tst_updatepage::updateIsOneStepOfUndo()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     TypeIn(Map(), "txtName", "harbour");
     Choose(0);
     QTest::keyClick(::Find<QTreeView>(Map(), "ListView1"), Qt::Key_Delete);
@@ -164,8 +159,7 @@ void tst_updatepage::insertedMapIsUpdatedWhereItIs()
 
 void tst_updatepage::handMadeChangesOfThePageStay()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Choose(0);
     ::Find<QTabWidget>(Map(), "SSTab1")->setCurrentIndex(2);
     TypeIn(Map(), "cmbAreaLink", "c.htm");
@@ -188,8 +182,7 @@ void tst_updatepage::handMadeChangesOfThePageStay()
 
 void tst_updatepage::lossesAreToldBeforeAnythingIsWritten()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Choose(1);
     ::Find<QTabWidget>(Map(), "SSTab1")->setCurrentIndex(2);
     TypeIn(Map(), "cmbAreaLink", "mine.htm");
@@ -209,8 +202,7 @@ void tst_updatepage::lossesAreToldBeforeAnythingIsWritten()
 
 void tst_updatepage::updateNeedsAPlaceInThePage()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     QVERIFY(OpenFile("other.htm", "y\r\n"));
     GoToMap();
     QTRY_VERIFY(!::Find<QAction>(Map(), "mnuAUpdatePage")->isEnabled());
@@ -219,8 +211,7 @@ void tst_updatepage::updateNeedsAPlaceInThePage()
 
 void tst_updatepage::unchangedMapClosesWithoutAQuestion()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Map()->close();
     QTRY_VERIFY(test_->window.findChild<frmImageMap*>() == nullptr);
     QVERIFY(test_->robot.Boxes().isEmpty());
@@ -241,8 +232,7 @@ void tst_updatepage::changesAreOfferedToThePage()
     QFETCH(const QMessageBox::StandardButton, answer);
     QFETCH(const bool, isClosed);
     QFETCH(const bool, isWritten);
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Choose(0);
     QTest::keyClick(::Find<QTreeView>(Map(), "ListView1"), Qt::Key_Delete);
     test_->robot.AnswerBox(answer);
@@ -257,8 +247,7 @@ void tst_updatepage::changesAreOfferedToThePage()
 
 void tst_updatepage::endOfTheProgramAsksForChanges()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     Choose(0);
     QTest::keyClick(::Find<QTreeView>(Map(), "ListView1"), Qt::Key_Delete);
     test_->robot.AnswerBox(QMessageBox::Cancel);
@@ -270,8 +259,7 @@ void tst_updatepage::endOfTheProgramAsksForChanges()
 
 void tst_updatepage::endOfTheProgramKeepsNoMapOfThePage()
 {
-    Load(QString::fromLatin1(twoAreas));
-    QVERIFY(Edit());
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
     test_->window.close();
     QVERIFY(!test_->window.isVisible());
     QTRY_VERIFY(test_->window.findChild<frmImageMap*>() == nullptr);
