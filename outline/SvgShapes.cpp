@@ -165,11 +165,11 @@ private:
     [[nodiscard]] QString Property(const SvgElement& element, const char* name) const
     {
         if (const QString style = element.Value(Named("style")); !style.isEmpty()) {
-            if (const QString own = SvgDeclarationsOf(style).value(Named(name)); !own.isEmpty()) {
+            if (QString own = SvgDeclarationsOf(style).value(Named(name)); !own.isEmpty()) {
                 return own;
             }
         }
-        const QString attribute = element.Value(Named(name)).trimmed();
+        QString attribute = element.Value(Named(name)).trimmed();
         if (tree_.Styles.IsEmpty()) {
             return attribute;
         }

@@ -26,7 +26,7 @@ struct SvgTree
     SvgStyleSheet Styles;
     QString Problem; ///< a sentence for the user; empty when all is well
 
-    static constexpr qint64 mostBytes = 32 * 1024 * 1024;
+    static constexpr qint64 mostBytes = qint64(32) * 1024 * 1024;
     /** So many elements at most, those that are drawn again counted as often as they are. */
     static constexpr qsizetype mostElements = 200'000;
     static constexpr qsizetype deepestNesting = 200;

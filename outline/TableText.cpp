@@ -114,7 +114,10 @@ struct Fit
     qsizetype rows = 0;
     qsizetype columns = 0;
 
-    auto operator<=>(const Fit&) const = default;
+    [[nodiscard]] bool IsWorseThan(const Fit& other) const
+    {
+        return rows < other.rows || (rows == other.rows && columns < other.columns);
+    }
 };
 
 Fit FitOf(QStringView text, QChar separator)
@@ -135,7 +138,7 @@ QChar SeparatorOf(QStringView text)
     Fit bestFit;
     for (const QChar separator : separators) {
         const Fit fit = FitOf(text, separator);
-        if (fit.rows > 0 && fit > bestFit) {
+        if (bestFit.IsWorseThan(fit) && fit.rows > 0) {
             best = separator;
             bestFit = fit;
         }
@@ -164,6 +167,9 @@ QString TableTextOf(QByteArrayView bytes)
 
 TableReading ReadTable(QStringView text)
 {
+    if (text.size() > TableReading::mostBytes) {
+        return { {}, tooLargeText.toString() };
+    }
     if (text.contains(QChar(u'\0'))) {
         return { {}, binaryText.toString() };
     }

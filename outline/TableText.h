@@ -19,8 +19,8 @@ struct TableReading
     /** So many rows and columns at most: there is no map with as many areas. */
     static constexpr qsizetype mostRows = 100'000;
     static constexpr qsizetype mostColumns = 256;
-    /** A file with more bytes is no table for a map. */
-    static constexpr qint64 mostBytes = 64 * 1024 * 1024;
+    /** A file with more bytes, or a text with more characters, is no table for a map. */
+    static constexpr qint64 mostBytes = qint64(64) * 1024 * 1024;
 };
 
 /** The text of a file: UTF-8, with a mark or without, UTF-16 with a mark, and Windows-1252 otherwise. */

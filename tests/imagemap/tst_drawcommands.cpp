@@ -23,6 +23,8 @@ private Q_SLOTS:
     void aGridWithoutRoomCannotBeMade();
     void theLastGridIsOfferedAgain();
     void aGridGivesUpWhatIsDrawn();
+    void anEditorThatGoesTakesTheWindowAlong();
+    void lettersAreForTheOpenMenu();
 
 private:
     QPointer<QDialog> OpenGrid()
@@ -179,6 +181,30 @@ void tst_drawcommands::aGridGivesUpWhatIsDrawn()
     Close(dialog, "cmdOK");
     QCOMPARE(test_->RowCount(), 9);
     QCOMPARE(test_->Text("lblFigures"), "9");
+}
+
+void tst_drawcommands::anEditorThatGoesTakesTheWindowAlong()
+{
+    test_->OpenPicture();
+    const QPointer<QDialog> dialog = OpenGrid();
+    delete test_->editor.data();
+    QVERIFY(dialog == nullptr);
+}
+
+/** S is the key of Select too, which must not act in place of an entry. */
+void tst_drawcommands::lettersAreForTheOpenMenu()
+{
+    test_->OpenPicture();
+    Activate();
+    auto* const menu = test_->Find<QMenu>("mnuADraw");
+    menu->popup(test_->editor->mapToGlobal(QPoint(20, 20)));
+    QTRY_VERIFY(menu->isVisible());
+    test_->Surface()->setFocus();
+    test_->robot.Cancel();
+    QTest::keyClick(menu, Qt::Key_S);
+    test_->robot.WaitUntilDone();
+    QCOMPARE(test_->robot.ProposedFolders().size(), 2); // for the picture, and now for a drawing
+    QVERIFY(!test_->Entry("mnuASelect")->isChecked());
 }
 
 QTEST_MAIN(tst_drawcommands)

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void cancelMakesNothing();
     void keysTickAndUntick();
     void withoutTicksNothingCanBeMade();
+    void anEditorThatGoesTakesTheWindowAlong();
     void aDrawingThatIsDamagedIsTold();
     void aDrawingWithoutShapesIsTold();
 
@@ -156,6 +157,13 @@ void tst_frmregions::withoutTicksNothingCanBeMade()
     QCOMPARE(TickedRows(dialog), (QList<int>{ 0, 1, 2, 3 }));
     QVERIFY(::Find<QPushButton>(dialog, "cmdOK")->isEnabled());
     Close(dialog, "cmdCancel");
+}
+
+void tst_frmregions::anEditorThatGoesTakesTheWindowAlong()
+{
+    const QPointer<QDialog> dialog = OpenShapes();
+    delete test_->editor.data();
+    QVERIFY(dialog == nullptr);
 }
 
 void tst_frmregions::aDrawingThatIsDamagedIsTold()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void columnsCanBeChosen();
     void theFirstRowCanBeContent();
     void cancelWritesNothing();
+    void anEditorThatGoesTakesTheWindowAlong();
     void filesThatAreNoTablesAreTold_data();
     void filesThatAreNoTablesAreTold();
     void anEmptyClipboardIsTold();
@@ -204,6 +205,15 @@ void tst_frmtable::cancelWritesNothing()
     Close(OpenTable(), "cmdCancel");
     QCOMPARE(Links(), (QStringList{ "one.htm", "two.htm" }));
     QCOMPARE(test_->Entry("mnuAUndo")->text(), undo);
+}
+
+void tst_frmtable::anEditorThatGoesTakesTheWindowAlong()
+{
+    DrawTwo();
+    QGuiApplication::clipboard()->setText(QStringLiteral("a.htm\nb.htm"));
+    const QPointer<QDialog> dialog = OpenTable();
+    delete test_->editor.data();
+    QVERIFY(dialog == nullptr);
 }
 
 void tst_frmtable::filesThatAreNoTablesAreTold_data()
