@@ -44,10 +44,10 @@ void AddArc(QPainterPath& path, SvgArc arc, QPointF end)
     QTransform upright;
     upright.rotate(-arc.rotation);
     const QPointF half = upright.map((start - end) / 2);
-    const double tooFar = std::pow(half.x() / across, 2) + std::pow(half.y() / down, 2);
-    if (tooFar > 1) {
-        across *= std::sqrt(tooFar);
-        down *= std::sqrt(tooFar);
+    const double stretch = std::pow(half.x() / across, 2) + std::pow(half.y() / down, 2);
+    if (stretch > 1) {
+        across *= std::sqrt(stretch);
+        down *= std::sqrt(stretch);
     }
     // On the unit circle, whose middle lies across the line between the ends.
     const QPointF unitHalf(half.x() / across, half.y() / down);
