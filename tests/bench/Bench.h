@@ -60,6 +60,7 @@ void BenchMaps();
 void BenchLongLines();
 void BenchPictures();
 void BenchAreas();
+void BenchOutlines();
 
 /** What a process of its own does for BenchStartUp(): shows the main window, or the "empty" one. */
 void RunStartUp(const QString& window);

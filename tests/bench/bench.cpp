@@ -168,6 +168,10 @@ int main(int argc, char* argv[])
         BenchLongLines();
         return 0;
     }
+    if (task == QLatin1String("outlines")) {
+        BenchOutlines();
+        return 0;
+    }
     isCounting = task == QLatin1String("count");
     if (!isCounting && !task.isEmpty()) {
         RunStartUp(task);
@@ -186,5 +190,6 @@ int main(int argc, char* argv[])
     BenchLongLines();
     BenchPictures();
     BenchAreas();
+    BenchOutlines();
     return 0;
 }
