@@ -3,8 +3,10 @@
 #include "app/SourceEditor.h"
 #include "app/rules/DocumentFile.h"
 #include "app/source/LongLines.h"
+#include "app/source/SourceText.h"
 
 #include <QTextBlock>
+#include <algorithm>
 
 EditedPage::EditedPage(SourceEditor& editor, const DocumentFile& file)
     : editor_(editor)
@@ -33,6 +35,25 @@ std::optional<TextEncoding> EditedPage::ChosenEncoding() const
 QString EditedPage::Text() const
 {
     return editor_.Text();
+}
+
+QString EditedPage::TextIn(const TextSpan& place) const
+{
+    const QTextDocument& document = *editor_.document();
+    const qsizetype length = editor_.TextLength();
+    const qsizetype start = std::min(place.Start, length);
+    const qsizetype end = start + std::min(place.Length, length - start);
+    QTextCursor part(editor_.document());
+    part.setPosition(DocumentPosition(document, start));
+    part.setPosition(DocumentPosition(document, end), QTextCursor::KeepAnchor);
+    return WithCrLf(WithoutJoints(document, part.selectedText(), part.selectionStart()));
+}
+
+int EditedPage::LineOf(qsizetype position) const
+{
+    const QTextDocument& document = *editor_.document();
+    const qsizetype place = std::min(position, editor_.TextLength());
+    return LineNumberOf(document.findBlock(DocumentPosition(document, place))) + 1;
 }
 
 TextSpan EditedPage::Selection() const

@@ -15,6 +15,8 @@ public:
     [[nodiscard]] QString FileName() const override;
     [[nodiscard]] std::optional<TextEncoding> ChosenEncoding() const override;
     [[nodiscard]] QString Text() const override;
+    [[nodiscard]] QString TextIn(const TextSpan& place) const override;
+    [[nodiscard]] int LineOf(qsizetype position) const override;
     [[nodiscard]] TextSpan Selection() const override;
     void Select(const TextSpan& place) override;
     [[nodiscard]] std::unique_ptr<AnchoredRange> Anchor(const TextSpan& place) override;

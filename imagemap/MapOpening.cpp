@@ -146,7 +146,7 @@ void MapOpening::Open(ReturnedMap map, const QString& text, const QString& base)
     ShowDefaultPointer();
     parts_.page.Select({ map.Held().offset, map.Held().length });
     const QString problem = ProblemOfPicture(text, map);
-    parts_.update.TakeRead(std::move(map), text);
+    parts_.update.TakeRead(std::move(map));
     if (const QString note = problem.isEmpty() ? ground.note : problem; !note.isEmpty()) {
         parts_.panels.ShowHint(note);
     }

@@ -114,6 +114,11 @@ TodayPage ContextOf(const PageDocument& page, QStringView text, QStringView rest
              .SizeOf = [pagePath](const QString& path) { return SizeOfPicture(path, pagePath); } };
 }
 
+TodayPage ContextOf(const PageDocument& page, const MapPicture& picture)
+{
+    return ContextOf(page, page.TextIn({ 0, declarationRoom }), {}, picture);
+}
+
 TodayInsert PrepareTodayInsert(
     const PageDocument& page, MarkupForm form, JSMode mode, const MapSource& source,
     const MapPicture& picture)

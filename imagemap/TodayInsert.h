@@ -25,6 +25,9 @@ struct MapPicture
 [[nodiscard]] TodayPage
 ContextOf(const PageDocument& page, QStringView text, QStringView rest, const MapPicture& picture);
 
+/** The same without a text, which an update does not ask for. */
+[[nodiscard]] TodayPage ContextOf(const PageDocument& page, const MapPicture& picture);
+
 /** Writes the map in `form`, which is none of HTML 4, for the place of the caret in `page`. */
 [[nodiscard]] TodayInsert PrepareTodayInsert(
     const PageDocument& page, MarkupForm form, JSMode mode, const MapSource& source,

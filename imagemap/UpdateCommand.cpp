@@ -32,12 +32,6 @@ constexpr QStringView notFoundNote =
 constexpr QStringView lossesQuestion = u"The page was changed by hand meanwhile:";
 constexpr qsizetype mostLossesTold = 8;
 
-/** The line on which a place of the page is, from 1. */
-int LineOf(QStringView page, qsizetype offset)
-{
-    return int(page.first(offset).count(u'\n')) + 1;
-}
-
 } // namespace
 
 UpdateCommand::UpdateCommand(const Parts& parts)
@@ -113,12 +107,12 @@ void UpdateCommand::TakeInserted(std::unique_ptr<AnchoredRange> range)
     origins_.Set(std::make_unique<MapOrigin>(std::move(range), Shown(nullptr)));
 }
 
-void UpdateCommand::TakeRead(ReturnedMap read, const QString& page)
+void UpdateCommand::TakeRead(ReturnedMap read)
 {
     serial_ = parts_.map.Serial().Number();
     std::unique_ptr<AnchoredRange> range = parts_.page.Anchor({ read.Held().offset, read.Held().length });
     ShownMap shown = Shown(&read);
-    const QString text = TextOf(page, read);
+    const QString text = TextOf([this](const HtmlSpan& place) { return TextAt(place); }, read);
     if (MapOrigin* const origin = origins_.Present()) {
         origin->Agree(std::move(read), std::move(range), text, std::move(shown));
         Enable();
@@ -211,13 +205,36 @@ bool UpdateCommand::Update()
     if (origin == nullptr || !origin->IsThere() || !parts_.begin()) {
         return false;
     }
+    return WriteAlone(*origin) || WriteAll(*origin);
+}
+
+/** Updates a map that the page has as it was read, without asking for the whole page, which takes long where
+ * that is large; false where this will not do. */
+bool UpdateCommand::WriteAlone(const MapOrigin& origin)
+{
+    const auto textAt = [this](const HtmlSpan& place) { return TextAt(place); };
+    const ReturnedMap* const read = origin.Read();
+    if (read == nullptr || !origin.IsAsRead(textAt)) {
+        return false;
+    }
+    const EditedMap now = Shown(read).map;
+    const std::optional<MapUpdate> update =
+        UpdateMapAlone(textAt, *read, now.mode, now.source, ContextOf(parts_.page, Picture()));
+    if (update) {
+        Make(*update, now);
+    }
+    return update.has_value();
+}
+
+bool UpdateCommand::WriteAll(MapOrigin& origin)
+{
     const QString page = parts_.page.Text();
-    const ReturnedMap* const read = origin->Read();
+    const ReturnedMap* const read = origin.Read();
     // A picture may have got a map that stands elsewhere.
-    if (read != nullptr && read->IsInPage() && origin->IsAsRead(page)) {
+    if (read != nullptr && read->IsInPage() && origin.IsAsRead(page)) {
         return Write(page, ReturnedMap(*read), Shown(read).map);
     }
-    std::optional<ReturnedMap> now = origin->ReadAgain(page);
+    std::optional<ReturnedMap> now = origin.ReadAgain(page);
     if (!now) {
         const bool isPicture = read != nullptr && !read->IsInPage();
         ShowMessage(
@@ -227,8 +244,8 @@ bool UpdateCommand::Update()
     const PictureSurface& surface = parts_.pane.Surface();
     (void)FitToPicture(*now, { surface.PictureWidth(), surface.PictureHeight() });
     const EditedMap shown = Shown(&*now).map;
-    KeepSources(now->source.Areas, origin->Shown().map.source.Areas, shown.source.Areas);
-    const MergedMap merged = Merge(origin->Shown().map, shown, { now->mode, now->source });
+    KeepSources(now->source.Areas, origin.Shown().map.source.Areas, shown.source.Areas);
+    const MergedMap merged = Merge(origin.Shown().map, shown, { now->mode, now->source });
     return MayLose(merged.losses) && Write(page, *now, merged.map);
 }
 
@@ -251,24 +268,37 @@ bool UpdateCommand::Write(const QString& page, const ReturnedMap& was, EditedMap
     if (!was.IsInPage() && !PrepareNew(page, was, now)) {
         return false;
     }
-    const PictureSurface& surface = parts_.pane.Surface();
-    const MapPicture picture{ parts_.map.Picture(), { surface.PictureWidth(), surface.PictureHeight() } };
-    QString rest = page;
-    rest.remove(was.place.offset, was.place.length);
     const std::optional<MapUpdate> update =
-        UpdateMap(page, was, now.mode, now.source, ContextOf(parts_.page, page, rest, picture));
+        UpdateMap(page, was, now.mode, now.source, ContextOf(parts_.page, Picture()));
     if (!update) {
         ShowMessage(&parts_.window, QMessageBox::Information, refusedText.toString());
         return false;
     }
-    parts_.page.Replace(update->changes);
-    Show(now);
-    TakeRead(update->after, parts_.page.Text());
-    parts_.panels.ShowHint(
-        update->changes.isEmpty() ? QStringLiteral("The page says the same already")
-                                  : QStringLiteral("Updated in line %1")
-                                        .arg(LineOf(parts_.page.Text(), update->after.place.offset)));
+    Make(*update, now);
     return true;
+}
+
+/** Makes the changes of an update in the page, after which it and the editor have what is in `now`. */
+void UpdateCommand::Make(const MapUpdate& update, const EditedMap& now)
+{
+    parts_.page.Replace(update.changes);
+    Show(now);
+    TakeRead(update.after);
+    parts_.panels.ShowHint(
+        update.changes.isEmpty()
+            ? QStringLiteral("The page says the same already")
+            : QStringLiteral("Updated in line %1").arg(parts_.page.LineOf(update.after.place.offset)));
+}
+
+MapPicture UpdateCommand::Picture() const
+{
+    const PictureSurface& surface = parts_.pane.Surface();
+    return { parts_.map.Picture(), { surface.PictureWidth(), surface.PictureHeight() } };
+}
+
+QString UpdateCommand::TextAt(const HtmlSpan& place) const
+{
+    return parts_.page.TextIn({ place.offset, place.length });
 }
 
 /** Sees to it that a picture without a map can get this one; tells what is in the way. */

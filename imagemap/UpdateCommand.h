@@ -17,6 +17,7 @@ class QAction;
 class QMainWindow;
 class QMenu;
 class QToolBar;
+struct MapPicture;
 
 /** Update Page: what was changed in a map that has its place in the page is written there, and nothing else.
  */
@@ -69,7 +70,7 @@ public:
     void TakeInserted(std::unique_ptr<AnchoredRange> range);
 
     /** The map was read from the page, as it is shown now. */
-    void TakeRead(ReturnedMap read, const QString& page);
+    void TakeRead(ReturnedMap read);
 
     /** What has to be kept to find the map in its page again. */
     [[nodiscard]] KeptOrigin Kept() const;
@@ -87,7 +88,12 @@ public:
 private:
     void History_Changed();
     [[nodiscard]] bool MayLose(const QStringList& losses);
+    [[nodiscard]] bool WriteAlone(const MapOrigin& origin);
+    [[nodiscard]] bool WriteAll(MapOrigin& origin);
     bool Write(const QString& page, const ReturnedMap& was, EditedMap now);
+    void Make(const MapUpdate& update, const EditedMap& now);
+    [[nodiscard]] MapPicture Picture() const;
+    [[nodiscard]] QString TextAt(const HtmlSpan& place) const;
     bool PrepareNew(const QString& page, const ReturnedMap& picture, EditedMap& map);
     void Show(const EditedMap& merged);
 

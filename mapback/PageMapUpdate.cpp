@@ -111,9 +111,7 @@ bool PageMapUpdater::ReadMaps()
         text_ = was_.place.In(page_);
         offset_ = was_.place.offset;
         maps_ = ReadPageMaps(text_);
-        const bool isAlike = !maps_.maps.empty() && maps_.maps.front().whole.length == text_.size() &&
-                             maps_.maps.front().areaCount == was_.source.Areas.size();
-        if (isAlike) {
+        if (IsReadAlone(maps_, text_, was_)) {
             return true;
         }
     }
@@ -241,6 +239,12 @@ std::optional<MapUpdate> PageMapUpdater::Run(const TodayPage& context)
 }
 
 } // namespace
+
+bool IsReadAlone(const PageMaps& maps, QStringView text, const ReturnedMap& was)
+{
+    return !maps.maps.empty() && maps.maps.front().whole.length == text.size() &&
+           maps.maps.front().areaCount == was.source.Areas.size();
+}
 
 std::optional<MapUpdate> UpdatePageMap(
     QStringView page, const ReturnedMap& was, JSMode mode, const MapSource& now, const TodayPage& context)

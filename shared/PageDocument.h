@@ -53,6 +53,18 @@ public:
     /** The whole text, with CR LF line ends. */
     [[nodiscard]] virtual QString Text() const = 0;
 
+    /** The text at `place`, to which it is cut: of a long document in less time than the whole. */
+    [[nodiscard]] virtual QString TextIn(const TextSpan& place) const
+    {
+        return Text().mid(place.Start, place.Length);
+    }
+
+    /** The line of a position, from 1. */
+    [[nodiscard]] virtual int LineOf(qsizetype position) const
+    {
+        return int(TextIn({ 0, position }).count(u'\n')) + 1;
+    }
+
     /** What is selected; without a selection it is empty, at the caret. */
     [[nodiscard]] virtual TextSpan Selection() const = 0;
 

@@ -78,9 +78,9 @@ std::vector<ReturnedMap> CandidatesFor(QStringView page, const KeptOrigin& kept)
     return found;
 }
 
-bool IsWithin(QStringView page, const HtmlSpan& place)
+TextAtPlace PlacesOf(QStringView page)
 {
-    return place.offset >= 0 && place.End() <= page.size();
+    return [page](const HtmlSpan& place) { return page.mid(place.offset, place.length).toString(); };
 }
 
 } // namespace
@@ -106,8 +106,13 @@ void MapOrigin::Agree(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QS
 
 bool MapOrigin::IsAsRead(QStringView page) const
 {
+    return IsAsRead(PlacesOf(page));
+}
+
+bool MapOrigin::IsAsRead(const TextAtPlace& textAt) const
+{
     return read_ && IsThere() && range_->Place().Start == read_->Held().offset &&
-           IsWithin(page, read_->place) && IsWithin(page, read_->picture) && TextOf(page, *read_) == text_;
+           TextOf(textAt, *read_) == text_;
 }
 
 std::optional<ReturnedMap> MapOrigin::ReadAgain(QStringView page) const
@@ -157,5 +162,10 @@ std::optional<ReturnedMap> FindKept(QStringView page, const KeptOrigin& kept)
 
 QString TextOf(QStringView page, const ReturnedMap& map)
 {
-    return map.place.In(page) % map.picture.In(page);
+    return TextOf(PlacesOf(page), map);
+}
+
+QString TextOf(const TextAtPlace& textAt, const ReturnedMap& map)
+{
+    return textAt(map.place) % textAt(map.picture);
 }

@@ -2,7 +2,7 @@
 
 #include "imagemap/model/KeptOrigin.h"
 #include "imagemap/origin/MapMerge.h"
-#include "mapback/ReturnedMap.h"
+#include "mapback/LocalUpdate.h"
 #include "shared/PageDocument.h"
 
 #include <QMap>
@@ -43,6 +43,8 @@ public:
 
     /** Whether the page has at the same place what Read() was read from. */
     [[nodiscard]] bool IsAsRead(QStringView page) const;
+    /** The same of a page of which no more than these places are asked for. */
+    [[nodiscard]] bool IsAsRead(const TextAtPlace& textAt) const;
 
     /** Reads the map again where it is now; nothing if it is there no more, or cannot be read, or has got to
      * a picture that had none. */
@@ -67,3 +69,4 @@ private:
 
 /** What a page has at the places of `map`; while it stays the same, so do they. */
 [[nodiscard]] QString TextOf(QStringView page, const ReturnedMap& map);
+[[nodiscard]] QString TextOf(const TextAtPlace& textAt, const ReturnedMap& map);

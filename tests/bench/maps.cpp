@@ -1,8 +1,14 @@
 // Costs of maps that come back: a page of 50 megabytes with 20,000 of them.
 
+#include "app/EditedPage.h"
+#include "app/SourceEditor.h"
+#include "app/rules/DocumentFile.h"
 #include "html/HtmlTokens.h"
-#include "mapback/MapUpdate.h"
+#include "mapback/LocalUpdate.h"
 #include "tests/bench/Bench.h"
+
+#include <QCoreApplication>
+#include <QTest>
 
 namespace {
 
@@ -56,6 +62,49 @@ Cost CostOfUpdate(const QString& page)
         updates);
 }
 
+/** The same in an editor that shows the page, until it is painted. */
+Cost CostOfUpdateShown(SourceEditor& editor, const QString& page)
+{
+    constexpr int updates = 100;
+    const DocumentFile file;
+    EditedPage shown(editor, file);
+    const PageMaps maps = ReadPageMaps(page);
+    const std::vector<MapPlace> places = MapPlacesOf(page, maps);
+    ReturnedMap map = ReadMap(page, maps, places[places.size() / 2]).value();
+    shown.Select({ map.place.offset, 0 });
+    const auto textAt = [&shown](const HtmlSpan& place) {
+        return shown.TextIn({ place.offset, place.length });
+    };
+    return CostOf(
+        [&] {
+            for (int i = 0; i < updates; ++i) {
+                MapSource now = map.source;
+                now.Areas[1].Link = QStringLiteral("room%1.html").arg(i + 2);
+                const auto update = UpdateMapAlone(textAt, map, map.mode, now, {});
+                if (!update || update->changes.size() != 1) {
+                    qFatal("a link is one change");
+                }
+                shown.Replace(update->changes);
+                map = update->after;
+                QCoreApplication::processEvents();
+            }
+        },
+        updates);
+}
+
+Cost CostOfKeyShown(SourceEditor& editor)
+{
+    constexpr int keys = 100;
+    return CostOf(
+        [&editor] {
+            for (int i = 0; i < keys; ++i) {
+                QTest::keyClick(&editor, Qt::Key_X);
+                QCoreApplication::processEvents();
+            }
+        },
+        keys);
+}
+
 } // namespace
 
 void BenchMaps()
@@ -84,4 +133,13 @@ void BenchMaps()
     PrintRow(
         QStringLiteral("update a map in 50 MB; in a page that has no other"), CostOfUpdate(page),
         CostOfUpdate(PageWith(1)), 1.5);
+    SourceEditor editor;
+    editor.LoadText(page);
+    editor.resize(700, 500);
+    editor.show();
+    QCoreApplication::processEvents();
+    const Cost update = CostOfUpdateShown(editor, page);
+    PrintRow(
+        QStringLiteral("update a map in an editor with 50 MB; a key in it"), update, CostOfKeyShown(editor),
+        1.5);
 }

@@ -1,5 +1,6 @@
 // Maps of any page as the editor has them, and what changes in the page when they change there.
 
+#include "AloneAndWhole.h"
 #include "OwnMaps.h"
 
 #include <QDir>
@@ -193,6 +194,7 @@ void tst_pagemapupdates::everyEditOfEveryPageChangesLittle()
                 const auto update = UpdateMap(page, *map, map->mode, now, SomePage());
                 const QByteArray what = path.toUtf8() + ", " + edit.name;
                 QVERIFY2(update || MayHoldCode(page), what.constData());
+                QVERIFY2(IsSameAlone(page, *map, now, SomePage(), update), what.constData());
                 if (!update) {
                     continue;
                 }
