@@ -1,6 +1,5 @@
 #include "outline/TableText.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 /** How tables are read that come as text. */
@@ -95,13 +94,10 @@ void tst_tabletext::whatIsNoTableIsRefused()
 
 void tst_tabletext::longTablesAreReadOnce()
 {
-    // What grew with the square of its length would take hours.
-    const QString quotes = QStringLiteral("\"\"").repeated(4'000'000);
-    QElapsedTimer time;
-    time.start();
+    // What grew with the square of its length would not come to an end here.
+    const QString quotes = QStringLiteral("\"\"").repeated(500'000);
     QVERIFY(!ReadTable(QString(u'"' + quotes)).Problem.isEmpty());
-    QVERIFY(!ReadTable(QString(8'000'000, u';')).Problem.isEmpty());
-    QVERIFY(time.elapsed() < 20'000);
+    QVERIFY(!ReadTable(QString(1'000'000, u';')).Problem.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_tabletext)
