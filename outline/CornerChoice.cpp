@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 namespace {
 
@@ -15,8 +14,8 @@ constexpr std::size_t mostPassed = 400;
 
 struct Way
 {
-    double x;
-    double y;
+    double x = 0;
+    double y = 0;
 };
 
 double Cross(const Way& one, const Way& other)
@@ -40,7 +39,7 @@ public:
 
     [[nodiscard]] bool Holds(const Way& way) const
     {
-        return !bounds_ || (Cross(bounds_->least, way) >= 0 && Cross(way, bounds_->most) >= 0);
+        return !isBounded_ || (Cross(least_, way) >= 0 && Cross(way, most_) >= 0);
     }
 
     /** Leaves those that pass what lies in the direction `way`; false when there are none. */
@@ -52,29 +51,28 @@ public:
         }
         const double sine = distance_ / length;
         const double cosine = std::sqrt(1 - sine * sine);
-        const Bounds other{ TurnedBy(way, -sine, cosine), TurnedBy(way, sine, cosine) };
-        if (!bounds_) {
-            bounds_ = other;
+        const Way lowest = TurnedBy(way, -sine, cosine);
+        const Way highest = TurnedBy(way, sine, cosine);
+        if (!isBounded_) {
+            isBounded_ = true;
+            least_ = lowest;
+            most_ = highest;
             return true;
         }
-        if (Cross(bounds_->least, other.least) > 0) {
-            bounds_->least = other.least;
+        if (Cross(least_, lowest) > 0) {
+            least_ = lowest;
         }
-        if (Cross(other.most, bounds_->most) > 0) {
-            bounds_->most = other.most;
+        if (Cross(highest, most_) > 0) {
+            most_ = highest;
         }
-        return Cross(bounds_->least, bounds_->most) >= 0;
+        return Cross(least_, most_) >= 0;
     }
 
 private:
-    struct Bounds
-    {
-        Way least;
-        Way most;
-    };
-
     double distance_;
-    std::optional<Bounds> bounds_;
+    bool isBounded_ = false;
+    Way least_; ///< the ways between these two are left, once it is bounded
+    Way most_;
 };
 
 /** Sums over the corners in front of one, by which the squares of distances from a line are found at once. */
