@@ -20,3 +20,6 @@ using Contour = std::vector<QPoint>;
 
 /** What the line encloses, in pixels; twice as much, since corners are whole numbers but halves come out. */
 [[nodiscard]] qint64 TwiceAreaOf(const Contour& contour);
+
+/** Whether the line neither crosses nor touches itself. */
+[[nodiscard]] bool KeepsOffItself(const Contour& contour);

@@ -1,7 +1,7 @@
 #include "outline/ShapeAreas.h"
 
 #include "imagemap/model/AreaGeometry.h"
-#include "outline/ContourThinning.h"
+#include "outline/OutlineCorners.h"
 
 #include <algorithm>
 #include <array>
@@ -15,8 +15,6 @@ constexpr double halfPixel = 0.5;
 constexpr int mostPieces = 1'000;
 /** Curves of an outline with more corners are not cut any further. */
 constexpr qsizetype mostFlatCorners = 100'000;
-/** Choosing among more corners would take too long; there are far too many then for the area of a map. */
-constexpr qsizetype mostCornersChosenFrom = 8'000;
 /** Fewer corners on a circle are meant as corners. */
 constexpr qsizetype leastCircleCorners = 8;
 /** Comparing more outlines of one path with each other would take too long. */
@@ -132,93 +130,6 @@ ShapeOutlines Sorted(const QList<QPolygonF>& outlines)
     return sorted;
 }
 
-double DistanceFromLine(QPointF place, QPointF from, QPointF to)
-{
-    const QPointF line = to - from;
-    const double length = std::hypot(line.x(), line.y());
-    const QPointF way = place - from;
-    if (length == 0) {
-        return std::hypot(way.x(), way.y());
-    }
-    const double along = std::clamp(QPointF::dotProduct(way, line) / (length * length), 0.0, 1.0);
-    const QPointF off = way - along * line;
-    return std::hypot(off.x(), off.y());
-}
-
-/** Marks which corners between two kept ones are needed. Goes over the parts of its own list instead of
- * calling itself, since an outline can have very many corners. */
-void KeepNeeded(const QPolygonF& outline, qsizetype from, qsizetype to, double precision, QList<bool>& kept)
-{
-    QList<std::pair<qsizetype, qsizetype>> parts = { { from, to } };
-    while (!parts.isEmpty()) {
-        const auto [first, last] = parts.takeLast();
-        double furthest = precision;
-        qsizetype corner = -1;
-        for (qsizetype i = first + 1; i < last; ++i) {
-            const double distance = DistanceFromLine(outline[i], outline[first], outline[last]);
-            if (distance > furthest) {
-                furthest = distance;
-                corner = i;
-            }
-        }
-        if (corner >= 0) {
-            kept[corner] = true;
-            parts << std::pair(first, corner) << std::pair(corner, last);
-        }
-    }
-}
-
-/** Every so many-th corner where there are too many to choose from. */
-QPolygonF ThinOutline(const QPolygonF& outline)
-{
-    const qsizetype step = outline.size() / mostCornersChosenFrom + 1;
-    QPolygonF thin;
-    for (qsizetype i = 0; i < outline.size(); i += step) {
-        thin << outline[i];
-    }
-    return thin;
-}
-
-/** The outline, closed at its first corner, with the corners that the precision needs. */
-QPolygonF Simplified(QPolygonF outline, double precision)
-{
-    const QPointF start = outline.constFirst();
-    qsizetype opposite = 0;
-    double furthest = 0;
-    for (qsizetype i = 0; i < outline.size(); ++i) {
-        const double distance = std::hypot(outline[i].x() - start.x(), outline[i].y() - start.y());
-        opposite = distance > furthest ? i : opposite;
-        furthest = std::max(distance, furthest);
-    }
-    outline << start;
-    QList<bool> kept(outline.size(), false);
-    kept.first() = kept[opposite] = true;
-    KeepNeeded(outline, 0, opposite, precision, kept);
-    KeepNeeded(outline, opposite, outline.size() - 1, precision, kept);
-    QPolygonF simple;
-    for (qsizetype i = 0; i + 1 < outline.size(); ++i) {
-        if (kept[i]) {
-            simple << outline[i];
-        }
-    }
-    return simple;
-}
-
-QList<QPoint> WholePixels(const QPolygonF& outline)
-{
-    QList<QPoint> corners;
-    for (const QPointF place : outline) {
-        const QPoint corner(int(std::lround(place.x())), int(std::lround(place.y())));
-        if (corners.isEmpty() || corners.constLast() != corner) {
-            corners << corner;
-        }
-    }
-    while (corners.size() > 1 && corners.constFirst() == corners.constLast()) {
-        corners.removeLast();
-    }
-    return corners;
-}
-
 /** Whether the outline keeps to the sides of the box that it lies in, as its corners do. */
 bool IsBox(const QPolygonF& outline)
 {
@@ -282,13 +193,7 @@ MapArea AreaOfOutline(const QPolygonF& outline)
         return area;
     }
     area.Shape = AreaShape::Polygon;
-    // Each time from what was kept the last time: so the whole of a long outline is gone over only once.
-    QPolygonF simple = Simplified(ThinOutline(outline), outlinePrecision);
-    QList<QPoint> corners = WholePixels(simple);
-    for (double precision = 2 * outlinePrecision; corners.size() > mostCorners; precision *= 2) {
-        simple = Simplified(simple, precision);
-        corners = WholePixels(simple);
-    }
+    const QList<QPoint> corners = CornersAround(outline);
     if (corners.size() >= leastCorners) {
         area.Coordinates = CoordinatesOf(corners);
     }

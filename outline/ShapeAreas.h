@@ -8,9 +8,6 @@
 
 // Outlines with curves as areas of a map, in picture pixels.
 
-/** Curves and corners are met to so many pixels. */
-inline constexpr double outlinePrecision = 0.25;
-
 /** The outlines of a path. */
 struct ShapeOutlines
 {

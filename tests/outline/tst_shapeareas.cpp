@@ -2,8 +2,11 @@
 #include "outline/ShapeAreas.h"
 
 #include "imagemap/model/AreaGeometry.h"
+#include "tests/outline/ContourChecks.h"
 
+#include <QRandomGenerator>
 #include <QTest>
+#include <QTransform>
 #include <cmath>
 
 namespace {
@@ -23,6 +26,19 @@ QPainterPath Rectangle(const QRectF& place)
     return path;
 }
 
+/** A place at so many pixels from the middle of the picture, after so many turns. */
+QPointF Around(double radius, double turns)
+{
+    const double angle = 2 * M_PI * turns;
+    return { 200 + radius * std::cos(angle), 150 + radius * std::sin(angle) };
+}
+
+Contour ContourIn(const QPolygonF& outline)
+{
+    const QPolygon whole = outline.toPolygon();
+    return { whole.begin(), whole.end() };
+}
+
 } // namespace
 
 /** Outlines as areas of a map. */
@@ -38,9 +54,13 @@ private Q_SLOTS:
     void otherOutlinesArePolygons();
     void curvesAreMetToThePrecision();
     void manyCornersGiveWay();
+    void polygonsDoNotCrossThemselves_data();
+    void polygonsDoNotCrossThemselves();
+    void outlinesThatCrossThemselvesStayWhatTheyAre();
     void whatIsBeyondThePictureIsCutOff();
     void holesBelongToTheArea();
     void whatIsTooSmallIsLeftOut();
+    void linesThatMeetThemselvesAreTold();
 };
 
 void tst_shapeareas::rectanglesStayRectangles_data()
@@ -140,6 +160,51 @@ void tst_shapeareas::manyCornersGiveWay()
     QVERIFY(CornersOf(area).size() >= leastCorners);
 }
 
+void tst_shapeareas::polygonsDoNotCrossThemselves_data()
+{
+    QTest::addColumn<QPolygonF>("outline");
+    // A band that is wound up, a few pixels wide and its edges a little rough.
+    QPolygonF band;
+    constexpr int places = 1000;
+    constexpr double turns = 14;
+    for (int i = 0; i < 2 * places; ++i) {
+        const int place = i < places ? i : 2 * places - 1 - i;
+        const double roughness = i * 7 % 9 / 15.0;
+        const double radius = 10 + 130.0 * place / places + (i < places ? 0 : 4.6) + roughness;
+        band << Around(radius, turns * place / places);
+    }
+    QTest::newRow("band of many corners") << band;
+    QPolygonF waves;
+    for (int i = 0; i < 506; ++i) {
+        waves << Around(84.6 + 35.4 * std::sin(39 * 2 * M_PI * i / 506), i / 506.0);
+    }
+    QTest::newRow("waves") << waves;
+}
+
+void tst_shapeareas::polygonsDoNotCrossThemselves()
+{
+    QFETCH(const QPolygonF, outline);
+    constexpr double parts = 64;
+    QVERIFY(IsSimple(ContourIn(QTransform::fromScale(parts, parts).map(outline))));
+    QPainterPath path;
+    path.addPolygon(outline);
+    const MapArea area = OnlyAreaOf(path);
+    QCOMPARE(area.Shape, AreaShape::Polygon);
+    const QList<QPoint> corners = CornersOf(area);
+    const Contour contour(corners.begin(), corners.end());
+    QVERIFY(IsSimple(contour));
+    const double share = ShareOf(contour, ContourIn(outline));
+    QVERIFY2(share > 0.7, qPrintable(QString::number(share)));
+}
+
+void tst_shapeareas::outlinesThatCrossThemselvesStayWhatTheyAre()
+{
+    const QPolygonF star({ { 100, 10 }, { 150, 160 }, { 20, 60 }, { 180, 60 }, { 50, 160 } });
+    QPainterPath path;
+    path.addPolygon(star);
+    QCOMPARE(CornersOf(OnlyAreaOf(path)), star.toPolygon().toList());
+}
+
 void tst_shapeareas::whatIsBeyondThePictureIsCutOff()
 {
     QCOMPARE(OnlyAreaOf(Rectangle({ -50, -60, 100, 100 })).Coordinates, (QList<int>{ 0, 0, 50, 40 }));
@@ -176,6 +241,22 @@ void tst_shapeareas::whatIsTooSmallIsLeftOut()
     const QList<QPolygonF> thin = OutlinesOf(Rectangle({ 10, 10.1, 100, 0.2 }), wholePicture).Outer;
     QCOMPARE(thin.size(), 1);
     QVERIFY(!IsWhole(AreaOfOutline(thin.constFirst())));
+}
+
+void tst_shapeareas::linesThatMeetThemselvesAreTold()
+{
+    QRandomGenerator random(5);
+    int apart = 0;
+    constexpr int rounds = 20'000;
+    for (int round = 0; round < rounds; ++round) {
+        Contour line;
+        for (int i = random.bounded(1, 8); i > 0; --i) {
+            line.emplace_back(random.bounded(6), random.bounded(6));
+        }
+        QCOMPARE(KeepsOffItself(line), IsSimple(line));
+        apart += KeepsOffItself(line) ? 1 : 0;
+    }
+    QVERIFY(apart > rounds / 20 && apart < rounds / 2);
 }
 
 QTEST_GUILESS_MAIN(tst_shapeareas)
