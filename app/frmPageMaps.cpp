@@ -1,9 +1,9 @@
 #include "app/frmPageMaps.h"
 
 #include "ui_frmPageMaps.h"
+#include "widgets/ColumnWidths.h"
 #include "widgets/WindowHelpers.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 
 namespace {
@@ -35,12 +35,7 @@ void frmPageMaps::Form_Load()
 {
     GoToProgramFolder(imgMap_);
     CentreOnScreen(this);
-    const int digit = ui_->lstMaps->fontMetrics().horizontalAdvance(u'0');
-    QHeaderView& header = *ui_->lstMaps->header();
-    for (int column = 0; column + 1 < pageMapColumnCount; ++column) {
-        header.resizeSection(
-            column, std::max(header.sectionSizeHint(column), columnDigits[std::size_t(column)] * digit));
-    }
+    GiveRoomForDigits(ui_->lstMaps, columnDigits);
     ui_->lstMaps->setCurrentIndex(model_->index(0, 0));
     ui_->lstMaps->setFocus();
 }

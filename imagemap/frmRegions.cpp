@@ -2,9 +2,8 @@
 
 #include "imagemap/RegionsModel.h"
 #include "ui_frmRegions.h"
+#include "widgets/ColumnWidths.h"
 #include "widgets/WindowHelpers.h"
-
-#include <QHeaderView>
 
 namespace {
 
@@ -42,12 +41,7 @@ void frmRegions::Form_Load()
 {
     GoToProgramFolder(imgMap_);
     PlaceAtCorner(this);
-    const int digit = ui_->lstRegions->fontMetrics().horizontalAdvance(u'0');
-    QHeaderView& header = *ui_->lstRegions->header();
-    for (int column = 0; column + 1 < RegionsModel::regionColumnCount; ++column) {
-        header.resizeSection(
-            column, std::max(header.sectionSizeHint(column), regionDigits[std::size_t(column)] * digit));
-    }
+    GiveRoomForDigits(ui_->lstRegions, regionDigits);
     ui_->lstRegions->setCurrentIndex(model_->index(0, 0));
     ui_->lstRegions->setFocus();
     lstRegions_Change();

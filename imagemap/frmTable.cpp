@@ -3,13 +3,13 @@
 #include "imagemap/TablePreview.h"
 #include "shared/Paths.h"
 #include "ui_frmTable.h"
+#include "widgets/ColumnWidths.h"
 #include "widgets/FileDialog.h"
 #include "widgets/WindowHelpers.h"
 
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QSignalBlocker>
 
 namespace {
@@ -70,12 +70,7 @@ void frmTable::Form_Load()
 {
     GoToProgramFolder(imgMap_);
     CentreOnScreen(this);
-    const int digit = ui_->lstTable->fontMetrics().horizontalAdvance(u'0');
-    QHeaderView& header = *ui_->lstTable->header();
-    for (int column = 0; column + 1 < TablePreview::columnCountOfAll; ++column) {
-        header.resizeSection(
-            column, std::max(header.sectionSizeHint(column), previewDigits[std::size_t(column)] * digit));
-    }
+    GiveRoomForDigits(ui_->lstTable, previewDigits);
     ShowTable({}, noTableText.toString());
     // A single field is whatever was copied last.
     const TableReading copied = ReadTable(QGuiApplication::clipboard()->text());
