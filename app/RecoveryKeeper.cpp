@@ -171,7 +171,7 @@ void RecoveryKeeper::KeepMap()
     MapCopy map{ .State = parts_.Map.State(),
                  .Fields = editor != nullptr ? editor->Fields().Texts() : keptMap_.Fields,
                  .DrawnCorners = parts_.Map.Drawing().Corners(),
-                 .Origin = editor != nullptr ? editor->Updating().Kept() : keptMap_.Origin };
+                 .Origin = editor != nullptr ? editor->Updating().Kept(keptMap_.Origin) : keptMap_.Origin };
     const bool isKept = isMapKept_ && store_.IsKept() && map == keptMap_;
     if (HasAnything(map) && !isKept) {
         store_.Keep(map);

@@ -121,10 +121,10 @@ void UpdateCommand::TakeRead(ReturnedMap read)
     origins_.Set(std::make_unique<MapOrigin>(std::move(read), std::move(range), text, std::move(shown)));
 }
 
-KeptOrigin UpdateCommand::Kept() const
+KeptOrigin UpdateCommand::Kept(const KeptOrigin& last) const
 {
     const MapOrigin* const origin = origins_.Present();
-    return origin != nullptr ? origin->Kept() : KeptOrigin();
+    return origin != nullptr ? origin->Kept(last) : KeptOrigin();
 }
 
 void UpdateCommand::Resume(const KeptOrigin& kept)

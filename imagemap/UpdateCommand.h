@@ -72,8 +72,9 @@ public:
     /** The map was read from the page, as it is shown now. */
     void TakeRead(ReturnedMap read);
 
-    /** What has to be kept to find the map in its page again. */
-    [[nodiscard]] KeptOrigin Kept() const;
+    /** What has to be kept to find the map in its page again; `last`, what was kept before, as long as that
+     * will do. */
+    [[nodiscard]] KeptOrigin Kept(const KeptOrigin& last) const;
 
     /** The map, which is there as it was kept, belongs to its page again, if that still has it; else that is
      * told. */

@@ -127,12 +127,16 @@ std::optional<ReturnedMap> MapOrigin::ReadAgain(QStringView page) const
     return best != nullptr ? ReadMap(page, maps, *best) : std::nullopt;
 }
 
-KeptOrigin MapOrigin::Kept() const
+KeptOrigin MapOrigin::Kept(const KeptOrigin& last) const
 {
     KeptOrigin kept;
     if (read_ && IsThere()) {
+        const TextSpan place = range_->Place();
+        // Others of the same text are at least its length away, so less than half of that leads to none of
+        // them.
+        const bool isNear = 2 * std::abs(qint64(place.Start) - last.Start) < place.Length;
         kept.Text = text_;
-        kept.Start = range_->Place().Start;
+        kept.Start = isNear && last.Text == text_ ? last.Start : place.Start;
         kept.IsPicture = !read_->IsInPage();
         for (const MapArea& area : read_->source.Areas) {
             kept.Sources << area.Source;

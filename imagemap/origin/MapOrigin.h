@@ -50,8 +50,10 @@ public:
      * a picture that had none. */
     [[nodiscard]] std::optional<ReturnedMap> ReadAgain(QStringView page) const;
 
-    /** What has to be kept to find the map in its page again; nothing of one that was only put into it. */
-    [[nodiscard]] KeptOrigin Kept() const;
+    /** What has to be kept to find the map in its page again; nothing of one that was only put into it. It is
+     * `last`, what was kept before, as long as FindKept() finds the map by that too: so it does not change
+     * with every key that is typed before the map. */
+    [[nodiscard]] KeptOrigin Kept(const KeptOrigin& last) const;
 
     /** Map and page agree: `read` is what the page has at `range`, which holds `text`. */
     void Agree(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);

@@ -19,9 +19,12 @@ private Q_SLOTS:
     void restoredMapWithoutChangesClosesWithoutAQuestion();
     void pictureWithoutAMapGetsItAfterwards();
     void mapThatThePageHasNoMoreIsTold();
+    void typingBeforeAMapDoesNotKeepItAnew();
 
 private:
-    [[nodiscard]] std::optional<MapCopy> KeptMap() const;
+    [[nodiscard]] QString OnlyFile(const char* ending) const;
+    [[nodiscard]] std::optional<MapCopy> KeptMap() const { return ReadMapCopy(OnlyFile(".map")); }
+    [[nodiscard]] QString KeptText() const;
     void EndSuddenly(const QString& page);
     [[nodiscard]] static QString PageOf(const char* text) { return QString::fromLatin1(text); }
 };
@@ -32,11 +35,18 @@ void tst_maprecovery::init()
     test_->folder.imgMap.KeepingInterval = std::chrono::milliseconds(50);
 }
 
-std::optional<MapCopy> tst_maprecovery::KeptMap() const
+/** The file of what is kept; empty while there is none. */
+QString tst_maprecovery::OnlyFile(const char* ending) const
 {
     const QDir folder(Path("Data/Recovery"));
-    const QStringList files = folder.entryList({ QStringLiteral("*.map") }, QDir::Files);
-    return files.size() == 1 ? ReadMapCopy(folder.filePath(files.constFirst())) : std::nullopt;
+    const QStringList files = folder.entryList({ u'*' + QLatin1String(ending) }, QDir::Files);
+    return files.size() == 1 ? folder.filePath(files.constFirst()) : QString();
+}
+
+QString tst_maprecovery::KeptText() const
+{
+    const std::optional<PageCopy> page = ReadPageCopy(OnlyFile(".page"));
+    return page ? page->Pieces.join(QString()) : QString();
 }
 
 /** Ends the program as soon as its map is kept, and restores that one, and `page`, in another one. */
@@ -108,6 +118,24 @@ void tst_maprecovery::mapThatThePageHasNoMoreIsTold()
                 .startsWith(u"The page that is open does not have the map as it was"));
     QCOMPARE(Rows().size(), 2);
     test_->folder.map.Clear();
+}
+
+/** A page is kept behind the map, so that has had its turn when the text is there. */
+void tst_maprecovery::typingBeforeAMapDoesNotKeepItAnew()
+{
+    QVERIFY(EditMapOf(PageOf(twoAreas)));
+    QTRY_VERIFY(KeptMap());
+    const QByteArray kept = BytesOf(OnlyFile(".map"));
+    const qint64 start = KeptMap()->Origin.Start;
+    test_->Editor()->Select(0, 0);
+    test_->Editor()->ReplaceSelection(QStringLiteral("typed"));
+    QTRY_VERIFY(KeptText().startsWith(u"typed"));
+    QCOMPARE(BytesOf(OnlyFile(".map")), kept);
+    // Another map might be where it was by now.
+    const QString much = PageOf("<p>Much more</p>\r\n").repeated(100);
+    test_->Editor()->Select(0, 0);
+    test_->Editor()->ReplaceSelection(much);
+    QTRY_COMPARE(KeptMap()->Origin.Start, start + 5 + much.size());
 }
 
 QTEST_MAIN(tst_maprecovery)

@@ -12,6 +12,30 @@ KeptOrigin KeptMapAt(qint64 start)
     return { .Text = QString(someMap).trimmed(), .Start = start, .Sources = { 4, 2 }, .IsPicture = false };
 }
 
+/** Where the page of a test says that a map is. */
+class FakeRange : public AnchoredRange
+{
+public:
+    explicit FakeRange(const TextSpan& place)
+        : place_(place)
+    {
+    }
+    [[nodiscard]] bool IsThere() const override { return true; }
+    [[nodiscard]] TextSpan Place() const override { return place_; }
+
+private:
+    TextSpan place_;
+};
+
+/** The map that a page has at `start`. */
+MapOrigin OriginAt(const QString& page, qsizetype start)
+{
+    ReturnedMap map = FindKept(page, KeptMapAt(start)).value();
+    const TextSpan place{ map.place.offset, map.place.length };
+    const QString text = TextOf(page, map);
+    return { std::move(map), std::make_unique<FakeRange>(place), text, {} };
+}
+
 } // namespace
 
 /** Where a map came from is found again in a page that may have been changed since. */
@@ -21,6 +45,7 @@ class tst_keptorigin : public QObject
 
 private Q_SLOTS:
     void nearestOfSeveralIsTaken();
+    void placeIsKeptAsLongAsItLeadsToTheMap();
     void otherTextIsNotTaken();
     void pictureIsFoundByItsTag();
     void areasKeepTheirSources();
@@ -35,6 +60,23 @@ void tst_keptorigin::nearestOfSeveralIsTaken()
         QVERIFY(found);
         QCOMPARE(found->place.offset, number * length);
     }
+}
+
+void tst_keptorigin::placeIsKeptAsLongAsItLeadsToTheMap()
+{
+    const QString maps = QString(someMap).trimmed().repeated(3);
+    const qsizetype length = maps.size() / 3;
+    KeptOrigin last;
+    int changes = 0;
+    for (qsizetype typed = 0; typed < 3 * length; ++typed) {
+        const QString page = QString(typed, u'x') + maps;
+        const qsizetype start = typed + length;
+        const KeptOrigin now = OriginAt(page, start).Kept(last);
+        changes += now != last ? 1 : 0;
+        QCOMPARE(FindKept(page, now)->place.offset, start);
+        last = now;
+    }
+    QVERIFY2(changes >= 3 && changes <= 7, qPrintable(QString::number(changes)));
 }
 
 void tst_keptorigin::otherTextIsNotTaken()
