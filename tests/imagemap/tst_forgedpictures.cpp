@@ -1,11 +1,14 @@
 // Pictures that claim more than they hold.
 
+#include "imagemap/picture/PictureCheck.h"
+#include "imagemap/picture/PictureOutline.h"
 #include "tests/imagemap/PictureFileTest.h"
 
-#include <QElapsedTimer>
+#include <QBuffer>
 #include <QFile>
 #include <QTest>
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -47,6 +50,13 @@ QByteArray EndlessRuns(qsizetype bytes)
     return data;
 }
 
+/** What is known of a picture before anything of it is decoded; nothing where nothing will be. */
+std::optional<PictureOutline> OutlineOf(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    return buffer.open(QIODevice::ReadOnly) ? CheckPicture(buffer) : std::nullopt;
+}
+
 } // namespace
 
 class tst_forgedpictures : public PictureFileTest
@@ -59,7 +69,7 @@ private Q_SLOTS:
     void claimsBeyondTheFileGiveNoPicture_data();
     void claimsBeyondTheFileGiveNoPicture();
     void claimUpTo32MegapixelsIsTaken();
-    void manyScansOfALargePictureAreRefusedAtOnce();
+    void manyScansOfALargePictureAreNotDecoded();
     void swarmsOfCommentsAreRefused();
     void pixelsBehindAFullFrameAreNotUnfolded();
     void fileOfUnreasonableSizeIsRefused();
@@ -92,10 +102,8 @@ void tst_forgedpictures::claimsBeyondTheFileGiveNoPicture_data()
 void tst_forgedpictures::claimsBeyondTheFileGiveNoPicture()
 {
     QFETCH(const QByteArray, bytes);
-    QElapsedTimer timer;
-    timer.start();
+    QVERIFY(!OutlineOf(bytes));
     QVERIFY(Load(bytes).isNull());
-    QVERIFY(timer.elapsed() < 3000);
 }
 
 void tst_forgedpictures::claimUpTo32MegapixelsIsTaken()
@@ -104,16 +112,14 @@ void tst_forgedpictures::claimUpTo32MegapixelsIsTaken()
     QVERIFY(Load(WithSize(Fixture("grey.jpg"), 8192, 4097)).isNull());
 }
 
-void tst_forgedpictures::manyScansOfALargePictureAreRefusedAtOnce()
+void tst_forgedpictures::manyScansOfALargePictureAreNotDecoded()
 {
     const QByteArray small = Fixture("progressive.jpg");
     QCOMPARE(Load(WithRepeatedScan(small, 1000)).size(), QSize(96, 64));
     QVERIFY(Load(WithRepeatedScan(small, 20'000)).isNull());
-
-    QElapsedTimer timer;
-    timer.start();
-    QVERIFY(Load(WithRepeatedScan(WithSize(small, 5600, 5600), 5000)).isNull());
-    QVERIFY(timer.elapsed() < 3000);
+    const QByteArray large = WithRepeatedScan(WithSize(small, 5600, 5600), 5000);
+    QVERIFY(!OutlineOf(large));
+    QVERIFY(Load(large).isNull());
 }
 
 void tst_forgedpictures::swarmsOfCommentsAreRefused()
@@ -131,10 +137,9 @@ void tst_forgedpictures::pixelsBehindAFullFrameAreNotUnfolded()
     QByteArray gif = RedGif(QSize(100, 100), QRect(0, 0, 100, 100));
     gif.truncate(6 + 7 + 12 + 10);
     gif += '\x02' + InSubBlocks(EndlessRuns(4'000'000)) + ';';
-    QElapsedTimer timer;
-    timer.start();
+    const std::optional<PictureOutline> outline = OutlineOf(gif);
+    QVERIFY(outline && outline->dataEnd < 1000);
     const QImage picture = Load(gif);
-    QVERIFY(timer.elapsed() < 3000);
     QCOMPARE(picture.size(), QSize(100, 100));
     QVERIFY(AreNear(CornersOf(picture), Corners{ Qt::red, Qt::red, Qt::red, Qt::red }));
 }

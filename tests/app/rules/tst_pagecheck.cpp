@@ -5,7 +5,6 @@
 #include "taglib/TagCatalogue.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTest>
@@ -27,7 +26,7 @@ private Q_SLOTS:
     void tagsOfTheTreeAreKnown();
     void thereIsAnEndToWhatIsTold();
     void placesLieInThePage();
-    void largePageTakesLittleTime();
+    void largePageIsGoneOverOnce();
 };
 
 static QString Told(const PageProblems& problems)
@@ -212,15 +211,20 @@ void tst_pagecheck::placesLieInThePage()
     }
 }
 
-void tst_pagecheck::largePageTakesLittleTime()
+void tst_pagecheck::largePageIsGoneOverOnce()
 {
+    // What grew with the square of its length would not come to an end here.
     const QString page =
         QStringLiteral("<div class=\"a\"><p id=x>Some text <a href=\"b.html\">b</a>\r\n<br></div>\r\n")
             .repeated(15'000);
-    QElapsedTimer timer;
-    timer.start();
-    (void)CheckPage(page, [](const QString&) { return true; });
-    QVERIFY2(timer.elapsed() < 20'000, qPrintable(QString::number(timer.elapsed())));
+    int looks = 0;
+    const PageProblems problems = CheckPage(page, [&looks](const QString&) {
+        ++looks;
+        return true;
+    });
+    QCOMPARE(looks, 1);
+    QCOMPARE(problems.List.size(), PageProblems::most);
+    QVERIFY(problems.AreMore);
 }
 
 QTEST_GUILESS_MAIN(tst_pagecheck)
