@@ -35,15 +35,22 @@ private:
         return test_->DialogOpenedBy([this] { Trigger("mnuATable"); });
     }
 
-    void OpenFile(const QDialog* dialog, const QByteArray& bytes)
+    /** Opens the window while `copied` is on the clipboard. */
+    QPointer<QDialog> OpenTableOf(const QString& copied)
     {
-        const QString path = test_->folder.Path(QStringLiteral("links.csv"));
-        QFile file(path);
+        QGuiApplication::clipboard()->setText(copied);
+        return OpenTable();
+    }
+
+    QString TablePath() const { return test_->folder.Path(QStringLiteral("links.csv")); }
+
+    /** Makes a file of `bytes` the one that is chosen next. */
+    void ChooseFileOf(const QByteArray& bytes)
+    {
+        QFile file(TablePath());
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(bytes);
-        file.close();
-        test_->robot.ChooseFile(path);
-        ClickIn(dialog, "cmdFile");
+        test_->robot.ChooseFile(TablePath());
     }
 
     static QStringList Previewed(const QDialog* dialog, int row)
@@ -92,9 +99,9 @@ void tst_frmtable::aFileGoesToAllAreasInOrder()
     DrawTwo();
     const QPointer<QDialog> dialog = OpenTable();
     QVERIFY(!::Find<QPushButton>(dialog, "cmdOK")->isEnabled());
-    OpenFile(
-        dialog,
+    ChooseFileOf(
         "link;text;target\r\nm\xFCnchen.htm;\"M\xFCnchen; Mitte\";_top\r\nulm.htm;Ulm;\r\nx.htm;X;\r\n");
+    ClickIn(dialog, "cmdFile");
     QCOMPARE(Label(dialog, "lblSource"), "links.csv: 4 rows, 3 columns");
     QVERIFY(::Find<QCheckBox>(dialog, "chkHeader")->isChecked());
     QCOMPARE(
@@ -114,8 +121,7 @@ void tst_frmtable::aFileGoesToAllAreasInOrder()
 void tst_frmtable::theClipboardIsTakenAtOnce()
 {
     DrawTwo();
-    QGuiApplication::clipboard()->setText(QStringLiteral("Bonn\tbonn.htm\nUlm\tulm.htm\n"));
-    const QPointer<QDialog> dialog = OpenTable();
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("Bonn\tbonn.htm\nUlm\tulm.htm\n"));
     QCOMPARE(Label(dialog, "lblSource"), "Clipboard: 2 rows, 2 columns");
     QCOMPARE(Previewed(dialog, 1).at(1), "ulm.htm");
     QCOMPARE(Previewed(dialog, 1).at(4), "Ulm");
@@ -129,8 +135,7 @@ void tst_frmtable::theClipboardIsTakenAtOnce()
 void tst_frmtable::aSingleWordOnTheClipboardIsNotTaken()
 {
     DrawTwo();
-    QGuiApplication::clipboard()->setText(QStringLiteral("word"));
-    const QPointer<QDialog> dialog = OpenTable();
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("word"));
     QVERIFY(!Label(dialog, "lblSource").startsWith(u"Clipboard"));
     QVERIFY(!::Find<QComboBox>(dialog, "cmbLinkColumn")->isEnabled());
     Close(dialog, "cmdCancel");
@@ -141,8 +146,7 @@ void tst_frmtable::theSelectedAreasAlone()
     DrawTwo();
     Trigger("mnuASelect");
     test_->ClickAt({ 120, 40 });
-    QGuiApplication::clipboard()->setText(QStringLiteral("a.htm\nb.htm"));
-    const QPointer<QDialog> dialog = OpenTable();
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("a.htm\nb.htm"));
     QCOMPARE(
         Label(dialog, "lblResult"),
         "Of 1 selected area, 1 will be changed. 1 row of the table is for no area.");
@@ -158,8 +162,7 @@ void tst_frmtable::rowsAreFoundByText()
     areas[0].Text = QStringLiteral("Ulm");
     areas[1].Text = QStringLiteral("Bonn");
     test_->map.ChangeAreas(areas, QStringLiteral("Texts"));
-    QGuiApplication::clipboard()->setText(QStringLiteral("bonn\tb.htm\nTrier\tt.htm\nULM\tu.htm"));
-    const QPointer<QDialog> dialog = OpenTable();
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("bonn\tb.htm\nTrier\tt.htm\nULM\tu.htm"));
     ::Find<QRadioButton>(dialog, "optByText")->setFocus();
     QTest::keyClick(::Find<QRadioButton>(dialog, "optByText"), Qt::Key_Space);
     QCOMPARE(Previewed(dialog, 0).at(1), "u.htm");
@@ -171,8 +174,7 @@ void tst_frmtable::rowsAreFoundByText()
 void tst_frmtable::columnsCanBeChosen()
 {
     DrawTwo();
-    QGuiApplication::clipboard()->setText(QStringLiteral("a\tb\nc\td"));
-    const QPointer<QDialog> dialog = OpenTable();
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("a\tb\nc\td"));
     auto* const message = ::Find<QComboBox>(dialog, "cmbMessageColumn");
     QCOMPARE(message->count(), 3);
     QCOMPARE(message->itemText(0), "(none)");
@@ -188,8 +190,7 @@ void tst_frmtable::columnsCanBeChosen()
 void tst_frmtable::theFirstRowCanBeContent()
 {
     DrawTwo();
-    QGuiApplication::clipboard()->setText(QStringLiteral("link\nb.htm"));
-    const QPointer<QDialog> dialog = OpenTable();
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("link\nb.htm"));
     QCOMPARE(Previewed(dialog, 0).at(1), "b.htm");
     ::Find<QCheckBox>(dialog, "chkHeader")->setFocus();
     QTest::keyClick(::Find<QCheckBox>(dialog, "chkHeader"), Qt::Key_Space);
@@ -201,8 +202,7 @@ void tst_frmtable::cancelWritesNothing()
 {
     DrawTwo();
     const QString undo = test_->Entry("mnuAUndo")->text();
-    QGuiApplication::clipboard()->setText(QStringLiteral("a.htm\nb.htm"));
-    Close(OpenTable(), "cmdCancel");
+    Close(OpenTableOf(QStringLiteral("a.htm\nb.htm")), "cmdCancel");
     QCOMPARE(Links(), (QStringList{ "one.htm", "two.htm" }));
     QCOMPARE(test_->Entry("mnuAUndo")->text(), undo);
 }
@@ -210,8 +210,7 @@ void tst_frmtable::cancelWritesNothing()
 void tst_frmtable::anEditorThatGoesTakesTheWindowAlong()
 {
     DrawTwo();
-    QGuiApplication::clipboard()->setText(QStringLiteral("a.htm\nb.htm"));
-    const QPointer<QDialog> dialog = OpenTable();
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("a.htm\nb.htm"));
     delete test_->editor.data();
     QVERIFY(dialog == nullptr);
 }
@@ -229,18 +228,12 @@ void tst_frmtable::filesThatAreNoTablesAreTold()
 {
     QFETCH(const QByteArray, bytes);
     DrawTwo();
-    QGuiApplication::clipboard()->setText(QStringLiteral("a.htm\nb.htm"));
-    const QPointer<QDialog> dialog = OpenTable();
-    const QString path = test_->folder.Path(QStringLiteral("links.csv"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
-    test_->robot.ChooseFile(path);
+    const QPointer<QDialog> dialog = OpenTableOf(QStringLiteral("a.htm\nb.htm"));
+    ChooseFileOf(bytes);
     test_->robot.AnswerBox(QMessageBox::Ok);
     ClickIn(dialog, "cmdFile");
     QFETCH(const QString, problem);
-    QCOMPARE(test_->robot.Boxes().constLast().text, QString(problem + u'\n' + path));
+    QCOMPARE(test_->robot.Boxes().constLast().text, QString(problem + u'\n' + TablePath()));
     // What was there stays.
     QCOMPARE(Previewed(dialog, 0).at(1), "a.htm");
     Close(dialog, "cmdCancel");
