@@ -7,6 +7,8 @@
 // what else the machine does. Counting instructions depends on nothing, but takes fifty times as long: all is
 // done once then, under callgrind, which writes down what each Measured() call took and begins anew.
 
+class QWidget;
+
 inline constexpr double megabyte = 1024.0 * 1024.0;
 
 /** What some work costs. */
@@ -33,6 +35,9 @@ void Measured(const std::function<void()>& work);
 /** The same for work that times itself: `work` returns its CPU seconds. */
 [[nodiscard]] Cost CostOfTimed(const std::function<double()>& work);
 
+/** The cost of a key, one of so many that are typed into `editor`, from the event to the painted window. */
+[[nodiscard]] Cost CostOfTyping(QWidget& editor, int keys);
+
 /** CPU seconds of one call of `work`. */
 [[nodiscard]] double SecondsOnce(const std::function<void()>& work);
 
@@ -56,6 +61,7 @@ void BenchStartUp();
 void BenchDocuments();
 void BenchViews();
 void BenchFinding();
+void BenchChecking();
 void BenchMaps();
 void BenchLongLines();
 void BenchPictures();

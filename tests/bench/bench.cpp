@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QTest>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -103,6 +104,18 @@ Cost CostOf(const std::function<void()>& work, int count)
     return cost;
 }
 
+Cost CostOfTyping(QWidget& editor, int keys)
+{
+    return CostOf(
+        [&editor, keys] {
+            for (int i = 0; i < keys; ++i) {
+                QTest::keyClick(&editor, Qt::Key_X);
+                QCoreApplication::processEvents();
+            }
+        },
+        keys);
+}
+
 double PeakMegabytes()
 {
     QFile status(QStringLiteral("/proc/self/status"));
@@ -186,6 +199,7 @@ int main(int argc, char* argv[])
     BenchDocuments();
     BenchViews();
     BenchFinding();
+    BenchChecking();
     BenchMaps();
     BenchLongLines();
     BenchPictures();

@@ -54,20 +54,12 @@ Cost CostOfOpening(const QString& text)
 /** Keys typed in the middle of the text, from the event to the painted editor. */
 Cost CostOfKey(const QString& text)
 {
-    constexpr int keys = 20;
     SourceEditor editor;
     ShowIn(editor);
     editor.LoadText(text);
     editor.Select(editor.TextLength() / 2, 0);
     QCoreApplication::processEvents();
-    return CostOf(
-        [&editor] {
-            for (int i = 0; i < keys; ++i) {
-                QTest::keyClick(&editor, Qt::Key_X);
-                QCoreApplication::processEvents();
-            }
-        },
-        keys);
+    return CostOfTyping(editor, 20);
 }
 
 /** A second in which nothing happens but the blinking of the caret. */

@@ -8,7 +8,6 @@
 #include "tests/bench/Bench.h"
 
 #include <QCoreApplication>
-#include <QTest>
 
 namespace {
 
@@ -92,19 +91,6 @@ Cost CostOfUpdateShown(SourceEditor& editor, const QString& page)
         updates);
 }
 
-Cost CostOfKeyShown(SourceEditor& editor)
-{
-    constexpr int keys = 100;
-    return CostOf(
-        [&editor] {
-            for (int i = 0; i < keys; ++i) {
-                QTest::keyClick(&editor, Qt::Key_X);
-                QCoreApplication::processEvents();
-            }
-        },
-        keys);
-}
-
 } // namespace
 
 void BenchMaps()
@@ -140,6 +126,6 @@ void BenchMaps()
     QCoreApplication::processEvents();
     const Cost update = CostOfUpdateShown(editor, page);
     PrintRow(
-        QStringLiteral("update a map in an editor with 50 MB; a key in it"), update, CostOfKeyShown(editor),
-        1.5);
+        QStringLiteral("update a map in an editor with 50 MB; a key in it"), update,
+        CostOfTyping(editor, 100), 1.5);
 }
