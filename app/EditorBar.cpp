@@ -1,6 +1,7 @@
 #include "app/EditorBar.h"
 
 #include "widgets/CommandTable.h"
+#include "widgets/LeftKeys.h"
 
 #include <QLineEdit>
 #include <algorithm>
@@ -16,30 +17,17 @@ bool IsOfEditing(const QKeyEvent& key)
     return std::any_of(keys.begin(), keys.end(), [&key](auto one) { return key.matches(one); });
 }
 
-class CommandKeyFilter : public QObject
+/** Whether the key is that of a command. */
+bool IsOfMenus(const QWidget& field, const QKeyEvent& key)
 {
-public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::ShortcutOverride) {
-            const QWidget* const window = static_cast<QWidget*>(watched)->window();
-            const QKeyEvent& key = *static_cast<QKeyEvent*>(event);
-            if (EntryOfKey(window, key) != nullptr && !IsOfEditing(key)) {
-                event->ignore();
-                return true;
-            }
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
+    return EntryOfKey(field.window(), key) != nullptr && !IsOfEditing(key);
+}
 
 } // namespace
 
 void LeaveCommandKeys(QLineEdit* field)
 {
-    field->installEventFilter(new CommandKeyFilter(field));
+    field->installEventFilter(new LeftKeys(IsOfMenus, field));
 }
 
 EditorBar::EditorBar(QWidget* editor, const char* name, const QString& accessibleName)

@@ -8,9 +8,12 @@
 #include "imagemap/model/MapDocument.h"
 #include "imagemap/origin/AreaLikeness.h"
 #include "mapback/NewMap.h"
+#include "widgets/LeftKeys.h"
 #include "widgets/WindowHelpers.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
 #include <QToolBar>
@@ -63,7 +66,24 @@ UpdateCommand::UpdateCommand(const Parts& parts)
     connect(button_, &QAction::triggered, this, &UpdateCommand::Update);
     connect(&origins_, &MapOrigins::Changed, this, &UpdateCommand::Enable);
     connect(&parts_.map.History(), &MapHistory::Changed, this, &UpdateCommand::History_Changed);
+    LeaveKey();
     Enable();
+}
+
+/** The key erases the text of a field on some systems: it is left to the command by all that there are and
+ * all that a table opens. */
+void UpdateCommand::LeaveKey()
+{
+    auto* const leftKeys = new LeftKeys(
+        [this](const QWidget&, const QKeyEvent& key) {
+            return QKeySequence(key.keyCombination()) == entry_->shortcut();
+        },
+        this);
+    connect(qApp, &QApplication::focusChanged, leftKeys, [this, leftKeys](QWidget*, QWidget* field) {
+        if (field != nullptr && field->window() == &parts_.window) {
+            field->installEventFilter(leftKeys);
+        }
+    });
 }
 
 void UpdateCommand::Enable()
@@ -199,8 +219,19 @@ bool UpdateCommand::Leave()
     return true;
 }
 
+/** What is being typed into a cell of a table counts; fields have told of every key. */
+void UpdateCommand::TakeTyped()
+{
+    for (QWidget* at = parts_.window.focusWidget(); at != nullptr; at = at->parentWidget()) {
+        if (auto* const view = qobject_cast<QAbstractItemView*>(at)) {
+            view->setFocus();
+        }
+    }
+}
+
 bool UpdateCommand::Update()
 {
+    TakeTyped();
     MapOrigin* const origin = origins_.Present();
     if (origin == nullptr || !origin->IsThere() || !parts_.begin()) {
         return false;

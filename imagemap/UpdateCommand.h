@@ -87,6 +87,8 @@ public:
     void Enable();
 
 private:
+    void LeaveKey();
+    void TakeTyped();
     void History_Changed();
     [[nodiscard]] bool MayLose(const QStringList& losses);
     [[nodiscard]] bool WriteAlone(const MapOrigin& origin);

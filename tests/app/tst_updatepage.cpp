@@ -5,6 +5,8 @@
 #include "mapreader/PageMaps.h"
 
 #include <QDir>
+#include <QPointer>
+#include <QTableWidget>
 
 class tst_updatepage : public EditMapFixture
 {
@@ -25,6 +27,8 @@ private Q_SLOTS:
     void handMadeChangesOfThePageStay();
     void lossesAreToldBeforeAnythingIsWritten();
     void updateNeedsAPlaceInThePage();
+    void keyOfUpdateLeavesTheTextOfAField_data();
+    void keyOfUpdateLeavesTheTextOfAField();
 
     void unchangedMapClosesWithoutAQuestion();
     void changesAreOfferedToThePage_data();
@@ -207,6 +211,44 @@ void tst_updatepage::updateNeedsAPlaceInThePage()
     GoToMap();
     QTRY_VERIFY(!::Find<QAction>(Map(), "mnuAUpdatePage")->isEnabled());
     QVERIFY(WriteBytes(Path("page.htm"), "x"));
+}
+
+void tst_updatepage::keyOfUpdateLeavesTheTextOfAField_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("field") << 0 << QByteArray("txtName") << "2"
+                           << "<map name=h2>";
+    QTest::newRow("list with a field") << 2 << QByteArray("cmbAreaLink") << "l"
+                                       << "'a.html'";
+    QTest::newRow("cell of a table") << 2 << QByteArray("tblAttributes") << "l"
+                                     << "'a.html'";
+}
+
+void tst_updatepage::keyOfUpdateLeavesTheTextOfAField()
+{
+    QFETCH(const int, tab);
+    QFETCH(const QByteArray, name);
+    QFETCH(const QString, typed);
+    QVERIFY(EditMapOf(QString::fromLatin1(twoAreas)));
+    Choose(0);
+    ::Find<QTabWidget>(Map(), "SSTab1")->setCurrentIndex(tab);
+    auto* const control = ::Find<QWidget>(Map(), name.constData());
+    control->setFocus();
+    if (auto* const table = qobject_cast<QTableWidget*>(control)) {
+        table->setCurrentCell(0, 1);
+        table->editItem(table->currentItem());
+    }
+    QPointer<QWidget> const field = QApplication::focusWidget();
+    QTest::keyClick(field, Qt::Key_End);
+    QTest::keyClicks(field, typed);
+    // A key that fields take for themselves everywhere; that of the command erases them on some systems only.
+    ::Find<QAction>(Map(), "mnuAUpdatePage")->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Left));
+    QTest::keyClick(field, Qt::Key_Left, Qt::ControlModifier);
+    QFETCH(const QString, written);
+    QVERIFY2(Text().contains(written), qPrintable(Text()));
 }
 
 void tst_updatepage::unchangedMapClosesWithoutAQuestion()
