@@ -275,6 +275,10 @@ bool UpdateCommand::WriteAll(MapOrigin& origin)
     const PictureSurface& surface = parts_.pane.Surface();
     (void)FitToPicture(*now, { surface.PictureWidth(), surface.PictureHeight() });
     const EditedMap shown = Shown(&*now).map;
+    if (read != nullptr && read->IsInPage() && !now->IsInPage()) {
+        // The picture has lost the whole map, with which there is nothing to be brought together.
+        return Write(page, *now, shown);
+    }
     KeepSources(now->source.Areas, origin.Shown().map.source.Areas, shown.source.Areas);
     const MergedMap merged = Merge(origin.Shown().map, shown, { now->mode, now->source });
     return MayLose(merged.losses) && Write(page, *now, merged.map);

@@ -98,6 +98,9 @@ MapOrigin::MapOrigin(std::unique_ptr<AnchoredRange> range, ShownMap shown)
 
 void MapOrigin::Agree(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown)
 {
+    if (read_ && !read_->IsInPage() && read.IsInPage()) {
+        picture_ = std::move(range_);
+    }
     read_ = std::move(read);
     range_ = std::move(range);
     text_ = std::move(text);
@@ -124,7 +127,12 @@ std::optional<ReturnedMap> MapOrigin::ReadAgain(QStringView page) const
     }
     const std::vector<MapPlace> places = MapPlacesOf(page, maps);
     const MapPlace* const best = BestAt(places, place, [](const MapPlace& one) { return one.whole; });
-    return best != nullptr ? ReadMap(page, maps, *best) : std::nullopt;
+    if (best != nullptr) {
+        return ReadMap(page, maps, *best);
+    }
+    // The update that gave the picture its map may have been undone.
+    return picture_ != nullptr ? PictureAt(page, maps, { picture_->Place().Start, picture_->Place().Length })
+                               : std::nullopt;
 }
 
 KeptOrigin MapOrigin::Kept(const KeptOrigin& last) const

@@ -46,8 +46,8 @@ public:
     /** The same of a page of which no more than these places are asked for. */
     [[nodiscard]] bool IsAsRead(const TextAtPlace& textAt) const;
 
-    /** Reads the map again where it is now; nothing if it is there no more, or cannot be read, or has got to
-     * a picture that had none. */
+    /** Reads the map again where it is now, or the picture that has lost it again; nothing if it is there no
+     * more, or cannot be read, or has got to a picture that had none. */
     [[nodiscard]] std::optional<ReturnedMap> ReadAgain(QStringView page) const;
 
     /** What has to be kept to find the map in its page again; nothing of one that was only put into it. It is
@@ -60,7 +60,8 @@ public:
 
 private:
     std::unique_ptr<AnchoredRange> range_;
-    QString text_; ///< of the range and of the picture's tag when they were read
+    std::unique_ptr<AnchoredRange> picture_; ///< the picture that had no map until an update
+    QString text_;                           ///< of the range and of the picture's tag when they were read
     std::optional<ReturnedMap> read_;
     ShownMap shown_;
 };

@@ -13,6 +13,7 @@ private Q_SLOTS:
     void pictureAtTheCaretGetsAMap();
     void nextUpdateChangesTheMap();
     void mapOfAPictureIsOneStepOfUndo();
+    void mapUndoneInThePageIsMadeAgain();
     void nameThatThePageHasIsNumbered();
     void nameIsAskedFor();
     void mapWithoutAreasIsNotWritten();
@@ -104,6 +105,26 @@ void tst_picturemaps::mapOfAPictureIsOneStepOfUndo()
     QVERIFY(Text().contains(u"<MAP"));
     test_->Editor()->undo();
     QCOMPARE(Text(), QString::fromLatin1(plainPage));
+}
+
+void tst_picturemaps::mapUndoneInThePageIsMadeAgain()
+{
+    QVERIFY(EditPicture(QString::fromLatin1(plainPage)));
+    Draw();
+    GiveName("quays");
+    Update();
+    const QString written = Text();
+    test_->Editor()->undo();
+    QCOMPARE(Text(), QString::fromLatin1(plainPage));
+    Update();
+    QCOMPARE(Text(), written);
+    // And so is one that is changed by then.
+    test_->Editor()->undo();
+    DrawRectangle({ QPoint(5, 5), QPoint(15, 15) }, "b.htm");
+    Update();
+    QVERIFY(Text().contains(u"COORDS='20,30,60,70' HREF='a.htm'"));
+    QVERIFY(Text().contains(u"COORDS='5,5,15,15' HREF='b.htm'"));
+    QCOMPARE(Text().count(u"<MAP"), 1);
 }
 
 void tst_picturemaps::nameThatThePageHasIsNumbered()
