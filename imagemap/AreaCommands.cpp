@@ -29,7 +29,7 @@ AreaCommands::AreaCommands(const Parts& parts, MapDocument& map, ZoomControls& z
     connect(&selection_, &AreaSelection::Changed, this, &AreaCommands::Selection_Changed);
     connect(&map_, &MapDocument::AreasChanged, this, &AreaCommands::ShowAll);
     connect(&map_.History(), &MapHistory::Changed, this, &AreaCommands::EnableCommands);
-    connect(&tools_, &AreaTools::Left, this, &AreaCommands::Tools_Left);
+    connect(&tools_, &AreaTools::Switched, this, &AreaCommands::ShowTool);
     connect(&tools_, &AreaTools::Switched, this, &AreaCommands::ShowAll);
     connect(&tools_, &AreaTools::MenuAsked, this, &AreaCommands::Tools_MenuAsked);
     connect(&reader_, &AreaReader::SelectAsked, this, &AreaCommands::Reader_SelectAsked);
@@ -93,7 +93,7 @@ void AreaCommands::ChooseSelect()
     if (parts_.begin()) {
         tools_.Take(AreaTools::Tool::Select);
     }
-    commands_.SetChecked(Mark::Select, tools_.Chosen() == AreaTools::Tool::Select);
+    ShowTool();
 }
 
 void AreaCommands::TryTheMap()
@@ -101,14 +101,13 @@ void AreaCommands::TryTheMap()
     if (parts_.begin()) {
         tools_.Take(tools_.Chosen() == AreaTools::Tool::Try ? AreaTools::Tool::Select : AreaTools::Tool::Try);
     }
-    commands_.SetChecked(Mark::Try, tools_.Chosen() == AreaTools::Tool::Try);
-    commands_.SetChecked(Mark::Select, tools_.Chosen() == AreaTools::Tool::Select);
+    ShowTool();
 }
 
-void AreaCommands::Tools_Left()
+void AreaCommands::ShowTool()
 {
-    commands_.SetChecked(Mark::Select, false);
-    commands_.SetChecked(Mark::Try, false);
+    commands_.SetChecked(Mark::Select, tools_.Chosen() == AreaTools::Tool::Select);
+    commands_.SetChecked(Mark::Try, tools_.Chosen() == AreaTools::Tool::Try);
 }
 
 void AreaCommands::Change(const std::function<void()>& change)
@@ -208,7 +207,7 @@ void AreaCommands::Selection_Changed()
 {
     map_.History().EndJoining();
     if (tools_.Chosen() != AreaTools::Tool::Select) {
-        parts_.pane.Surface().ShowSelection({});
+        tools_.ShowSelection();
     } else if (const QRect bounds = BoundsOf(editing_.SelectedAreas()); !bounds.isNull()) {
         if (!QGuiApplication::mouseButtons()) {
             parts_.pane.Reveal(bounds);

@@ -39,7 +39,7 @@ public:
         AreaList& list;
         AreaListModel& model;
         DrawingStatus& status;
-        PictureTool& drawing;        ///< in force while neither Select nor trying is
+        PictureTool& drawing;        ///< in force while none of the tools for areas is
         std::function<bool()> begin; ///< gives up what is being drawn; false where a dialog is about to open
     };
 
@@ -98,7 +98,7 @@ private:
     void CreateKeys();
     void Change(const std::function<void()>& change);
     void EnableCommands();
-    void Tools_Left();
+    void ShowTool();
     void View_Switched();
     void ShowAll();
     void ShowAreaMarks();

@@ -11,6 +11,8 @@ namespace {
 constexpr QStringView selectHint = u"Click picks an area, drag moves it";
 constexpr QStringView severalHint = u"Drag moves them all, Del takes them away";
 constexpr QStringView nowhereHint = u"A click here leads nowhere";
+constexpr QStringView outlineHint = u"A click takes a region, dragging sideways more or less";
+constexpr QStringView outlinedHint = u"Enter makes the area, Shift + click joins a region";
 constexpr QStringView tryHint = u"A click on an area tells where it leads";
 
 } // namespace
@@ -21,6 +23,9 @@ AreaTools::AreaTools(const Parts& parts, const MapDocument& map, AreaEditing& ed
     , selection_(editing.Selection())
     , select_(editing, parts_.pane.Surface(), parts_.pane.Surface(), parts_.status)
     , try_(map, parts_.pane.Surface())
+    , outline_(parts_.pane.Surface(), parts_.pane.Surface(), [&surface = parts_.pane.Surface()] {
+        return surface.Picture();
+    })
 {
     select_.SetInForce(false);
     parts_.list.setContextMenuPolicy(Qt::CustomContextMenu);
@@ -31,12 +36,16 @@ AreaTools::AreaTools(const Parts& parts, const MapDocument& map, AreaEditing& ed
     connect(&parts_.pane, &PicturePane::MenuKeyPressed, this, &AreaTools::Pane_MenuKeyPressed);
     connect(&try_, &TryProtocol::Hovered, this, &AreaTools::Try_Hovered);
     connect(&try_, &TryProtocol::Followed, this, &AreaTools::Try_Followed);
+    connect(&outline_, &OutlineProtocol::OutlineChanged, this, &AreaTools::Outline_Changed);
 }
 
 QStringView AreaTools::Hint() const
 {
     if (tool_ == Tool::Try) {
         return tryHint;
+    }
+    if (tool_ == Tool::Outline) {
+        return outline_.Outline().IsEmpty() ? outlineHint : outlinedHint;
     }
     return selection_.Numbers().size() > 1 ? severalHint : selectHint;
 }
@@ -53,11 +62,9 @@ void AreaTools::Take(Tool tool)
         return;
     }
     Q_EMIT Taken();
-    tool_ = tool;
-    select_.SetInForce(tool == Tool::Select);
-    parts_.pane.SetTool(tool == Tool::Select ? static_cast<PictureTool*>(&select_) : &try_);
+    PutInForce(tool);
     surface.setFocusPolicy(Qt::StrongFocus);
-    surface.SetPointer(SurfacePointer::Arrow);
+    surface.SetPointer(tool == Tool::Outline ? SurfacePointer::Cross : SurfacePointer::Arrow);
     parts_.list.setSelectionMode(QAbstractItemView::ExtendedSelection);
     Q_EMIT Switched();
     GiveHint();
@@ -65,14 +72,12 @@ void AreaTools::Take(Tool tool)
 
 void AreaTools::Leave()
 {
-    Q_EMIT Left();
-    if (std::exchange(tool_, Tool::Drawing) == Tool::Drawing) {
+    if (tool_ == Tool::Drawing) {
         return;
     }
     select_.Abandon();
-    select_.SetInForce(false);
+    PutInForce(Tool::Drawing);
     QToolTip::hideText();
-    parts_.pane.SetTool(&parts_.drawing);
     parts_.pane.Surface().setFocusPolicy(Qt::TabFocus);
     if (selection_.Numbers().size() > 1) {
         selection_.Clear();
@@ -81,12 +86,49 @@ void AreaTools::Leave()
     Q_EMIT Switched();
 }
 
+PictureTool& AreaTools::ToolInForce()
+{
+    switch (tool_) {
+    case Tool::Select:
+        return select_;
+    case Tool::Try:
+        return try_;
+    case Tool::Outline:
+        return outline_;
+    case Tool::Drawing:
+        break;
+    }
+    return parts_.drawing;
+}
+
+void AreaTools::PutInForce(Tool tool)
+{
+    tool_ = tool;
+    select_.SetInForce(tool == Tool::Select);
+    outline_.SetInForce(tool == Tool::Outline);
+    parts_.pane.SetTool(&ToolInForce());
+}
+
 void AreaTools::ShowSelection()
 {
-    if (tool_ != Tool::Select) {
-        parts_.pane.Surface().ShowSelection({});
-    } else {
+    switch (tool_) {
+    case Tool::Select:
         select_.Show();
+        break;
+    case Tool::Outline:
+        outline_.Show();
+        break;
+    case Tool::Drawing:
+    case Tool::Try:
+        parts_.pane.Surface().ShowSelection({});
+        break;
+    }
+}
+
+void AreaTools::Outline_Changed()
+{
+    if (tool_ == Tool::Outline) {
+        GiveHint();
     }
 }
 

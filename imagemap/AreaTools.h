@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagemap/drawing/OutlineProtocol.h"
 #include "imagemap/drawing/SelectionProtocol.h"
 #include "imagemap/drawing/TryProtocol.h"
 
@@ -9,8 +10,8 @@ class AreaList;
 class PicturePane;
 
 /**
- * The tools for what has been drawn: Select and the trying of the map. Each takes the mouse over from the
- * tools that draw, until it is left.
+ * The tools for what has been drawn, or draws itself: Select, the trying of the map, the outlines by colour.
+ * Each takes the mouse over from the tools that draw, until it is left.
  */
 class AreaTools final : public QObject
 {
@@ -18,7 +19,7 @@ class AreaTools final : public QObject
 
 public:
     /** Who has the mouse. */
-    enum class Tool { Drawing, Select, Try };
+    enum class Tool { Drawing, Select, Try, Outline };
 
     /** The parts of the window that the tools work on, all of which live as long. */
     struct Parts
@@ -26,16 +27,18 @@ public:
         PicturePane& pane;
         AreaList& list;
         DrawingStatus& status;
-        PictureTool& drawing; ///< in force while neither Select nor trying is
+        PictureTool& drawing; ///< in force while none of these tools is
     };
 
     AreaTools(const Parts& parts, const MapDocument& map, AreaEditing& editing);
 
     [[nodiscard]] SelectionProtocol& Select() { return select_; }
 
+    [[nodiscard]] OutlineProtocol& Outline() { return outline_; }
+
     [[nodiscard]] Tool Chosen() const { return tool_; }
 
-    /** Whether Select, or the trying of the map, has taken the mouse over from the tools that draw. */
+    /** Whether one of these has taken the mouse over from the tools that draw. */
     [[nodiscard]] bool HaveMouse() const { return tool_ != Tool::Drawing; }
 
     /** What to do next while they have. */
@@ -44,7 +47,7 @@ public:
     /** Tells it. */
     void GiveHint();
 
-    /** Takes the mouse over for `tool`, Select or Try; does nothing without a picture. */
+    /** Takes the mouse over for `tool`, which is not Drawing; does nothing without a picture. */
     void Take(Tool tool);
 
     /** Gives the mouse back to the tools that draw. */
@@ -56,8 +59,6 @@ public:
 Q_SIGNALS:
     /** The mouse is taken over: the tools that draw are put to rest. */
     void Taken();
-    /** The tools that draw are wanted, even if they had the mouse already. */
-    void Left();
     /** Another tool has the mouse. */
     void Switched();
     /** Something to be told in the status bar. */
@@ -68,16 +69,20 @@ Q_SIGNALS:
     void MenuAsked(QPoint place);
 
 private:
+    [[nodiscard]] PictureTool& ToolInForce();
+    void PutInForce(Tool tool);
     void List_MenuAsked(QPoint place);
     void Select_MenuAsked();
     void Pane_MenuKeyPressed();
     void Try_Hovered(const QString& link, const QString& toolTip);
     void Try_Followed(const QString& link);
+    void Outline_Changed();
 
     Parts parts_;
     AreaEditing& editing_;
     AreaSelection& selection_;
     SelectionProtocol select_;
     TryProtocol try_;
+    OutlineProtocol outline_;
     Tool tool_ = Tool::Drawing;
 };

@@ -2,6 +2,7 @@
 
 #include "codegen/PaintingOrder.h"
 #include "imagemap/AreaCommands.h"
+#include "imagemap/AreaList.h"
 #include "imagemap/PicturePane.h"
 #include "imagemap/frmGrid.h"
 #include "imagemap/frmRegions.h"
@@ -20,9 +21,18 @@ namespace {
 
 using DrawRow = DrawCommands::Command;
 using DrawNeed = DrawCommands::Need;
+using DrawMark = DrawCommands::Mark;
 
 constexpr auto drawRows = std::to_array<DrawRow>({
     { CommandRowKind::Submenu, "mnuADraw", "Dra&w" },
+    { CommandRowKind::Entry,
+      "mnuAOutline",
+      "&Outline by Colour",
+      "W",
+      &DrawCommands::ChooseOutline,
+      {},
+      DrawNeed::Picture,
+      DrawMark::Outline },
     { CommandRowKind::Entry,
       "mnuAFromSvg",
       "Shapes of an &SVG...",
@@ -74,11 +84,36 @@ std::span<const DrawCommands::Command> DrawCommands::Commands()
 DrawCommands::DrawCommands(const Parts& parts)
     : QObject(&parts.window)
     , parts_(parts)
+    , outline_({ parts.areas, parts.map, parts.pane, parts.dialogs, parts.outlineBar })
 {
     commands_.Append(this, &parts_.areas.Menu(), Commands());
-    commands_.MenuOf(&DrawCommands::DrawGrid).installEventFilter(new OwnKeys(this));
+    CreateKeys();
+    connect(&parts_.areas.Tools(), &AreaTools::Switched, this, &DrawCommands::ShowTool);
     connect(&parts_.map, &MapDocument::AreasChanged, this, &DrawCommands::EnableCommands);
     EnableCommands();
+}
+
+void DrawCommands::CreateKeys()
+{
+    commands_.MenuOf(&DrawCommands::DrawGrid).installEventFilter(new OwnKeys(this));
+    // A letter is for typing wherever else the focus is.
+    QAction& outline = commands_.EntryOf(&DrawCommands::ChooseOutline);
+    outline.setShortcutContext(Qt::WidgetShortcut);
+    parts_.pane.Surface().addAction(&outline);
+    parts_.list.addAction(&outline);
+}
+
+void DrawCommands::ChooseOutline()
+{
+    if (parts_.begin()) {
+        parts_.areas.Tools().Take(AreaTools::Tool::Outline);
+    }
+    ShowTool();
+}
+
+void DrawCommands::ShowTool()
+{
+    commands_.SetChecked(Mark::Outline, parts_.areas.Tools().Chosen() == AreaTools::Tool::Outline);
 }
 
 QSize DrawCommands::PictureSize() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagemap/OutlineCommand.h"
 #include "outline/AreaCandidate.h"
 #include "outline/Grid.h"
 #include "shared/ImgMap.h"
@@ -9,6 +10,7 @@
 #include <functional>
 
 class AreaCommands;
+class AreaList;
 class MapDocument;
 class PicturePane;
 class QMainWindow;
@@ -24,7 +26,9 @@ class DrawCommands final : public QObject
 public:
     /** What a command needs to be enabled. */
     enum class Need { Nothing, Picture, Areas };
-    using Command = CommandRow<DrawCommands, Need>;
+    /** What is switched on and off. */
+    enum class Mark { Outline };
+    using Command = CommandRow<DrawCommands, Need, Mark>;
 
     /** The parts of the window that the commands work on, all of which live as long. */
     struct Parts
@@ -33,6 +37,9 @@ public:
         AreaCommands& areas; ///< the submenu stands at the end of its menu
         MapDocument& map;
         PicturePane& pane;
+        AreaList& list;
+        EditorDialogs& dialogs;
+        OutlineBar& outlineBar;
         const ImgMap& imgMap;
         std::function<bool()> begin; ///< gives up what is being drawn; false where a dialog is about to open
     };
@@ -42,12 +49,15 @@ public:
     /** A picture is shown, or none, or there are other areas: enables what can be done. */
     void EnableCommands();
 
+    void ChooseOutline();
     void ShapesOfSvg();
     void DrawGrid();
     void LinkFromTable();
 
 private:
     [[nodiscard]] static std::span<const Command> Commands();
+    void CreateKeys();
+    void ShowTool();
     [[nodiscard]] QSize PictureSize() const;
     void ShowPreview(const MapAreas& areas);
     void EndPreview();
@@ -56,5 +66,6 @@ private:
 
     Parts parts_;
     CommandSet<Command> commands_;
+    OutlineCommand outline_;
     GridPlan grid_; ///< the last one that was made
 };

@@ -48,10 +48,15 @@ void EditorDialogs::EditArea(const QString& hint)
     }
 }
 
-void EditorDialogs::OpenLinkDialog(std::optional<qsizetype> replaced)
+void EditorDialogs::OpenLinkDialog(std::optional<qsizetype> replaced, const std::function<void(bool)>& done)
 {
     linkDialog_ = new frmIMLink(parts_.imgMap, parts_.map, &parts_.window);
-    connect(linkDialog_, &QDialog::finished, this, &EditorDialogs::Closed);
+    connect(linkDialog_, &QDialog::finished, this, [this, done](int result) {
+        if (done) {
+            done(result == QDialog::Accepted);
+        }
+        Q_EMIT Closed();
+    });
     linkDialog_->Form_Load(replaced);
     if (!linkDialog_->IsUnloaded()) {
         parts_.panels.ShowHint(linkingHint);
@@ -105,4 +110,12 @@ void EditorDialogs::ReportFullStore(FullStoreText text)
 void EditorDialogs::LinkNewFigure()
 {
     AfterTheMouse([this] { OpenLinkDialog(); });
+}
+
+void EditorDialogs::LinkMadeArea(qsizetype number, std::function<void(bool)> done)
+{
+    AfterTheMouse([this, number, done = std::move(done)] {
+        parts_.panels.ShowStatus(TextsOf(parts_.map.Script().Mode()).newPrompt);
+        OpenLinkDialog(number, done);
+    });
 }

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <functional>
 #include <optional>
 
 class AreaList;
@@ -52,6 +53,9 @@ public:
     /** Asks for the link of the figure just drawn once the mouse is through. */
     void LinkNewFigure();
 
+    /** The same for the area `number`, which is there already; `done` learns whether it was linked. */
+    void LinkMadeArea(qsizetype number, std::function<void(bool)> done);
+
     /** Tells that no further figure can be started once the mouse is through. */
     void ReportFullStore(FullStoreText text);
 
@@ -70,8 +74,9 @@ Q_SIGNALS:
 private:
     /** Lets the mouse wait while `act`, which may open a dialog, runs once the mouse handler is done. */
     template<class Act> void AfterTheMouse(Act act);
-    /** For a new area, or for rewriting the area `replaced`. */
-    void OpenLinkDialog(std::optional<qsizetype> replaced = std::nullopt);
+    /** For a new area, or for rewriting the area `replaced`; see LinkMadeArea() for `done`. */
+    void OpenLinkDialog(
+        std::optional<qsizetype> replaced = std::nullopt, const std::function<void(bool)>& done = {});
 
     Parts parts_;
     QPointer<frmIMLink> linkDialog_;

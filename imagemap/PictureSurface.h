@@ -28,6 +28,8 @@ public:
     /** Shows `picture` without any figures and takes its size; a null picture leaves an empty surface. */
     void SetPicture(const QImage& picture);
 
+    [[nodiscard]] const QImage& Picture() const { return ground_.Drawn().Picture; }
+
     /** Shows a pixel of the picture so many times as large. */
     void SetZoom(double zoom);
     [[nodiscard]] double Zoom() const override { return ground_.Drawn().Zoom; }

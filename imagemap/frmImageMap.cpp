@@ -10,6 +10,7 @@
 #include "imagemap/MapDiscarding.h"
 #include "imagemap/MapFields.h"
 #include "imagemap/MapOpening.h"
+#include "imagemap/OutlineBar.h"
 #include "imagemap/PictureCommands.h"
 #include "imagemap/UpdateCommand.h"
 #include "imagemap/ZoomControls.h"
@@ -112,7 +113,10 @@ void frmImageMap::CreateAreaParts()
     update_ = new UpdateCommand(
         { *this, areaCommands_->Menu(), *ui_->Toolbar2, map_, document_, *fields_, *panels_, pane, begin });
     discarding_ = std::make_unique<MapDiscarding>(*this, imgMap_, map_, *update_);
-    drawCommands_ = new DrawCommands({ *this, *areaCommands_, map_, pane, imgMap_, begin });
+    auto* const outlineBar = new OutlineBar(imgMap_.Remembered, this);
+    ui_->windowLayout->addWidget(outlineBar);
+    drawCommands_ = new DrawCommands(
+        { *this, *areaCommands_, map_, pane, *ui_->ListView1, *dialogs_, *outlineBar, imgMap_, begin });
     opening_ = std::make_unique<MapOpening>(
         MapOpening::Parts{ *this, imgMap_, map_, document_, *fields_, *panels_, *update_,
                            [this](const QString& path, const QImage& picture) {

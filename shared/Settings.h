@@ -37,6 +37,11 @@ inline constexpr FlagSetting showAreas{ "Map/ShowAreas", false };
 inline constexpr FlagSetting snap{ "Map/Snap", false };
 inline constexpr FlagSetting guides{ "Map/Guides", false };
 inline constexpr FlagSetting fitPicture{ "Map/FitPicture", false };
+inline constexpr NumberSetting outlineTolerance{ "Map/OutlineTolerance", 80, 0,
+                                                 1000 }; ///< tenths of a per cent
+inline constexpr NumberSetting outlinePrecision{ "Map/OutlinePrecision", 10, 5, 500 }; ///< tenths of a pixel
+inline constexpr FlagSetting outlineHoles{ "Map/OutlineHoles", false };
+inline constexpr NumberSetting outlineIslands{ "Map/OutlineIslands", 0, 0, 1 };
 
 inline constexpr FlagSetting readUtf8{ "Page/ReadUtf8", false };
 inline constexpr FlagSetting newPagesUtf8{ "Page/NewPagesUtf8", false };

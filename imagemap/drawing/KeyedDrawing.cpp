@@ -3,18 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-constexpr int longCrossStep = 10;
-
-QPoint CrossStep(int key)
-{
-    return { (key == Qt::Key_Right ? 1 : 0) - (key == Qt::Key_Left ? 1 : 0),
-             (key == Qt::Key_Down ? 1 : 0) - (key == Qt::Key_Up ? 1 : 0) };
-}
-
-} // namespace
-
 void KeyedDrawing::MouseDown(int button, float x, float y)
 {
     surface_.HideCross();
@@ -34,9 +22,9 @@ bool KeyedDrawing::KeyDown(int key, Qt::KeyboardModifiers keys)
     if (protocol_.Tool() == DrawingTool::Cursor) {
         return false;
     }
-    const QPoint step = CrossStep(key);
+    const QPoint step = CrossStep(key, keys);
     if (!step.isNull()) {
-        MoveCross(keys.testFlag(Qt::ShiftModifier) ? step * longCrossStep : step);
+        MoveCross(step);
         return true;
     }
     if (key != Qt::Key_Return && key != Qt::Key_Enter) {

@@ -1,20 +1,7 @@
 #pragma once
 
+#include "imagemap/drawing/CrossSurface.h"
 #include "imagemap/drawing/DrawingProtocol.h"
-
-#include <QPoint>
-
-/** Shows the place where a key draws. */
-class CrossSurface
-{
-public:
-    CrossSurface() = default;
-    virtual ~CrossSurface() = default;
-    Q_DISABLE_COPY_MOVE(CrossSurface)
-
-    virtual void ShowCross(QPoint place) = 0;
-    virtual void HideCross() = 0;
-};
 
 /**
  * The tools that draw, with the keys too: arrows move a cross, Enter does what the left button does there,
