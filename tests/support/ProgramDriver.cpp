@@ -200,6 +200,7 @@ QString ProgramDriver::Preview()
 
 void ProgramDriver::OpenEditor()
 {
+    GoToSource();
     QTest::keyClick(source_, Qt::Key_I, Qt::ControlModifier);
     editor_ = WaitForWindow(QStringLiteral("frmImageMap"));
     Seen(*editor_, QStringLiteral("editor"));
@@ -305,14 +306,14 @@ QSize ProgramDriver::PictureSize() const
 }
 
 /** Answers the link dialog of the next figure with the keyboard. */
-void ProgramDriver::LinkNextFigure(const QString& shape, const FieldTexts& link)
+void ProgramDriver::LinkNextFigure(const QString& shape, const FieldTexts& link, const char* button)
 {
-    robot_.Act([this, shape, link](QDialog& dialog) {
+    robot_.Act([this, shape, link, name = QString::fromLatin1(button)](QDialog& dialog) {
         for (const FieldText& text : link) {
             FillIn(dialog, text);
         }
         Seen(dialog, u"link-" + shape);
-        QTest::mouseClick(FindPart<QPushButton>(dialog, QStringLiteral("SSCmdOK")), Qt::LeftButton);
+        QTest::mouseClick(FindPart<QPushButton>(dialog, name), Qt::LeftButton);
     });
 }
 

@@ -83,6 +83,8 @@ public:
     void DrawRectangle(QPoint from, QPoint to, const FieldTexts& link);
     void DrawCircle(QPoint centre, QPoint rim, const FieldTexts& link);
     void DrawPolygon(const QList<QPoint>& corners, const FieldTexts& link);
+    /** Outlines the region at that place by its colour. */
+    void OutlineRegion(QPoint place, const FieldTexts& link);
     void InsertMap();
     /** Leaves the editor and says Yes to the loss of its figures. */
     void CloseEditor();
@@ -102,7 +104,7 @@ public:
 private:
     void Seen(QWidget& window, const QString& step);
     void GoToSource();
-    void LinkNextFigure(const QString& shape, const FieldTexts& link);
+    void LinkNextFigure(const QString& shape, const FieldTexts& link, const char* button = "SSCmdOK");
     void FillIn(const QDialog& dialog, const FieldText& text);
     void FinishDialogs();
     void ClickToolbar(int position);

@@ -2,6 +2,7 @@
 
 #include "tests/support/ProgramDriver.h"
 
+#include <QAction>
 #include <QTest>
 #include <QWindow>
 
@@ -72,4 +73,22 @@ void ProgramDriver::DragFigure(QPoint from, QPoint to)
 QPoint ProgramDriver::InWindow(QPoint place) const
 {
     return surface_->mapTo(editor_, place);
+}
+
+void ProgramDriver::OutlineRegion(QPoint place, const FieldTexts& link)
+{
+    editor_->activateWindow();
+    Check(QTest::qWaitForWindowActive(editor_), QStringLiteral("the editor does not become active"));
+    surface_->setFocus();
+    QTest::keyClick(surface_, Qt::Key_W);
+    Check(
+        FindPart<QAction>(*editor_, QStringLiteral("mnuAOutline"))->isChecked(),
+        QStringLiteral("the tool for outlines is not chosen"));
+    // Its area is there when the link is asked for.
+    LinkNextFigure(QStringLiteral("outline"), link, "SSCmdReplace");
+    const qsizetype before = map_.Areas().size();
+    QTest::mouseClick(surface_, Qt::LeftButton, {}, place);
+    QTest::mouseDClick(surface_, Qt::LeftButton, {}, place);
+    FinishDialogs();
+    Check(map_.Areas().size() == before + 1, QStringLiteral("no area was made of the region"));
 }

@@ -4,6 +4,7 @@
 // cartolen-pictures FOLDER PICTURE leaves them in FOLDER; help/make-pictures calls it.
 
 #include "tests/support/ProgramDriver.h"
+#include "tests/tour/Regions.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -84,6 +85,8 @@ public:
         ShowFinding();
         ShowProblems();
         program_.ShowEditor(QStringLiteral("selected"));
+        program_.CloseEditor();
+        ShowOutlining();
     }
 
 private:
@@ -101,6 +104,13 @@ private:
             tabs->setCurrentIndex(0);
         } else if (step == u"selected") {
             ShowSelected(window);
+        } else if (step == u"outlining") {
+            auto* const surface = FindPart<QWidget>(window, QStringLiteral("PictureDisplay"));
+            QTest::mouseClick(surface, Qt::LeftButton, {}, outlined_);
+            auto* const make = FindPart<QAbstractButton>(window, QStringLiteral("cmdMakeArea"));
+            Check(
+                QTest::qWaitFor([make] { return make->isEnabled(); }), QStringLiteral("nothing is outlined"));
+            Save(window, "outline");
         } else if (step == u"link-rectangle") {
             Save(window, "link-dialog");
         } else if (step == u"mode") {
@@ -193,6 +203,30 @@ private:
         Save(editor, "selected-area");
     }
 
+    /** A map of regions, most of which have their areas, and the outline of the next one. */
+    void ShowOutlining()
+    {
+        const QImage regions = RegionsPicture({ 640, 280 });
+        const QString path = place_.filePath(QStringLiteral("regions.jpg"));
+        Check(regions.save(path, "jpg", 100), u"cannot save " + path);
+        program_.OpenEditor();
+        program_.OpenPicture(path);
+        constexpr qsizetype made = 6;
+        for (qsizetype i = 0; i < made; ++i) {
+            program_.OutlineRegion(
+                InRegions(regions, i), { { "cmbLink", QStringLiteral("region%1.htm").arg(i + 1) } });
+        }
+        outlined_ = InRegions(regions, made);
+        program_.ShowEditor(QStringLiteral("outlining"));
+    }
+
+    static QPoint InRegions(const QImage& regions, qsizetype number)
+    {
+        constexpr int hundredths = 100;
+        const QPoint place = regionPlaces[number];
+        return { place.x() * regions.width() / hundredths, place.y() * regions.height() / hundredths };
+    }
+
     /** The picture in half its size, which the editor shows as a whole. */
     [[nodiscard]] QString SmallPicture() const
     {
@@ -229,6 +263,7 @@ private:
     QString picture_;
     ProgramDriver program_;
     QWidget* main_ = nullptr;
+    QPoint outlined_; ///< in the region whose outline is shown
 };
 
 /** Looks the same on every machine that has these fonts. */

@@ -1,20 +1,25 @@
 // Plays the program's main job with its real windows, driven by mouse and key events: from a picture through
 // a rectangle, a circle and a polygon with their links to a page that holds the map and is saved; then the
-// same map in a page for today's browsers.
+// same map in a page for today's browsers; then a map whose areas are outlined by their colours.
 //
 // cartolen-tour FOLDER PICTURE leaves the pages and a screenshot of every step in FOLDER.
 
 #include "shared/AnsiCodePage.h"
 #include "shared/Paths.h"
 #include "tests/support/ProgramDriver.h"
+#include "tests/tour/Regions.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QPixmap>
+#include <QPolygon>
 #include <cstdio>
 
 namespace {
+
+constexpr QSize regionsSize(600, 360);
+constexpr int wholeQuality = 100;
 
 class Tour
 {
@@ -46,6 +51,9 @@ public:
         program_.InsertMap();
         program_.SaveAgain();
         CheckTodayPage();
+        program_.CloseEditor();
+        OutlineRegions();
+        CheckRegionsPage();
     }
 
 private:
@@ -156,6 +164,58 @@ private:
         Say(u"Page: " + TodayPath());
     }
 
+    void OutlineRegions()
+    {
+        const QImage regions = RegionsPicture(regionsSize);
+        Check(regions.save(RegionsPath(), "JPG", wholeQuality), u"cannot save " + RegionsPath());
+        program_.NewPage();
+        program_.WritePageFrame(QStringLiteral("<title>Regions</title>"));
+        program_.SavePage(RegionsPagePath());
+        program_.OpenEditor();
+        program_.OpenPicture(RegionsPath());
+        for (qsizetype i = 0; i < regionPlaces.size(); ++i) {
+            program_.OutlineRegion(
+                RegionPlace(i), { { "cmbLink", QStringLiteral("region%1.htm").arg(i + 1) } });
+        }
+        program_.ShowEditor(QStringLiteral("regions"));
+        program_.ChooseForm(MarkupForm::Html4);
+        program_.InsertMap();
+        program_.SaveAgain();
+    }
+
+    /** Every region has its link, in the order in which they were clicked on, and its place lies inside. */
+    void CheckRegionsPage() const
+    {
+        QFile file(RegionsPagePath());
+        Check(file.open(QIODevice::ReadOnly), u"there is no page " + RegionsPagePath());
+        const QString page = QString::fromLatin1(file.readAll());
+        qsizetype at = 0;
+        for (qsizetype i = 0; i < regionPlaces.size(); ++i) {
+            static const QString before = QStringLiteral("<AREA SHAPE=POLYGON COORDS=\"");
+            at = page.indexOf(before, at) + before.size();
+            Check(at >= before.size(), QStringLiteral("an area is missing"));
+            const QStringList numbers = page.mid(at, page.indexOf(u'"', at) - at).split(QStringLiteral(", "));
+            QPolygon corners;
+            for (qsizetype n = 0; n + 1 < numbers.size(); n += 2) {
+                corners << QPoint(numbers[n].toInt(), numbers[n + 1].toInt());
+            }
+            const QString link = QStringLiteral("region%1.htm").arg(i + 1);
+            Check(page.indexOf(link, at) < page.indexOf(u'>', at), u"the areas are not in order at " + link);
+            Check(
+                corners.containsPoint(RegionPlace(i), Qt::OddEvenFill),
+                u"the area of " + link + u" lies elsewhere");
+        }
+        Say(u"Page: " + RegionsPagePath());
+    }
+
+    [[nodiscard]] static QPoint RegionPlace(qsizetype number)
+    {
+        constexpr int hundredths = 100;
+        const QPoint place = regionPlaces[number];
+        return { place.x() * regionsSize.width() / hundredths,
+                 place.y() * regionsSize.height() / hundredths };
+    }
+
     void Shoot(QWidget& window, const QString& step)
     {
         const QString path = folder_.absoluteFilePath(
@@ -165,6 +225,16 @@ private:
     }
 
     [[nodiscard]] QString PagePath() const { return folder_.absoluteFilePath(QStringLiteral("harbour.htm")); }
+
+    [[nodiscard]] QString RegionsPagePath() const
+    {
+        return folder_.absoluteFilePath(QStringLiteral("regions.htm"));
+    }
+
+    [[nodiscard]] QString RegionsPath() const
+    {
+        return folder_.absoluteFilePath(QStringLiteral("map-of-regions.jpg"));
+    }
 
     [[nodiscard]] QString TodayPath() const
     {
