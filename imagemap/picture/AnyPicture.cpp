@@ -56,13 +56,20 @@ PictureReading Failure(QStringView text)
     return { {}, text.toString() };
 }
 
-/** `picture` as it is shown: its pixels opaque, on white, and its own. */
-PictureReading Shown(QImage picture)
+/** What came of decoding, with pixels of its own. */
+PictureReading Decoded(QImage picture)
 {
-    if (picture.isNull()) {
-        return Failure(damagedText);
-    }
     picture.setDevicePixelRatio(1);
+    return picture.isNull() ? Failure(damagedText) : PictureReading{ picture, {} };
+}
+
+/** What was read as it is shown: its pixels opaque, on white. */
+PictureReading OnWhite(PictureReading reading)
+{
+    QImage& picture = reading.Picture;
+    if (picture.isNull()) {
+        return reading;
+    }
     if (picture.hasAlphaChannel()) {
         QImage onWhite(picture.size(), QImage::Format_RGB32);
         onWhite.fill(Qt::white);
@@ -70,7 +77,7 @@ PictureReading Shown(QImage picture)
         picture = onWhite;
     }
     picture.convertTo(QImage::Format_RGB32);
-    return { picture, {} };
+    return reading;
 }
 
 /** A page begins like a drawing, but is none whether these can be read or not. */
@@ -97,7 +104,7 @@ PictureReading ReadDrawing(QFile& file, bool isReadable)
         return Failure(tooLargeText);
     }
     buffer.seek(0);
-    return Shown(DecodePicture(buffer, "svg"));
+    return Decoded(DecodePicture(buffer, "svg"));
 }
 
 PictureReading ReadPixels(QFile& file, const PictureForm& form)
@@ -110,13 +117,13 @@ PictureReading ReadPixels(QFile& file, const PictureForm& form)
         return Failure(tooLargeText);
     }
     const QImage picture = DecodePicture(file, form.format);
-    return picture.size() == outline->size ? Shown(TurnedUpright(picture, outline->orientation))
+    return picture.size() == outline->size ? Decoded(TurnedUpright(picture, outline->orientation))
                                            : Failure(damagedText);
 }
 
-} // namespace
-
-PictureReading ReadAnyPicture(const QString& path, const QByteArrayList& readable)
+/** `loadFirstForms` is what reads a JPEG or GIF. */
+PictureReading
+ReadByContent(const QString& path, const QByteArrayList& readable, QImage (*loadFirstForms)(const QString&))
 {
     QFile file(path);
     if (!MayBePicture(path) || !file.open(QIODevice::ReadOnly)) {
@@ -124,7 +131,7 @@ PictureReading ReadAnyPicture(const QString& path, const QByteArrayList& readabl
     }
     const QByteArray start = file.peek(longestStart);
     if (start.startsWith("\xFF\xD8\xFF") || start.startsWith("GIF8")) {
-        return Shown(LoadPicture(path));
+        return Decoded(loadFirstForms(path));
     }
     const auto form =
         std::find_if(pictureForms.begin(), pictureForms.end(), [&start](const PictureForm& one) {
@@ -138,4 +145,16 @@ PictureReading ReadAnyPicture(const QString& path, const QByteArrayList& readabl
         return ReadDrawing(file, isReadable);
     }
     return isReadable ? ReadPixels(file, *form) : Failure(noReaderText);
+}
+
+} // namespace
+
+PictureReading ReadAnyPicture(const QString& path, const QByteArrayList& readable)
+{
+    return OnWhite(ReadByContent(path, readable, &LoadPicture));
+}
+
+PictureReading ReadSeeThroughPicture(const QString& path)
+{
+    return ReadByContent(path, QImageReader::supportedImageFormats(), &LoadSeeThroughPicture);
 }

@@ -91,27 +91,30 @@ QByteArray FirstFrameBytes(QFile& file, const PictureOutline& outline)
     return bytes;
 }
 
-/** Makes what `image` lets through white, in place: the pixels of a large picture are not copied lightly. */
-void PutWhiteBehind(QImage& image, const QRect& frame)
+constexpr QRgb nothingBehind = 0;
+constexpr QRgb whiteBehind = 0xFFFFFFFF;
+
+/** Makes what `image` lets through `behind`, in place: the pixels of a large picture are not copied lightly.
+ */
+void PutBehind(QRgb behind, QImage& image, const QRect& frame)
 {
     constexpr QRgb opaque = 0xFF000000;
-    constexpr QRgb white = 0xFFFFFFFF;
     const bool isSeeThrough = image.hasAlphaChannel();
-    const auto overWhite = [isSeeThrough](QRgb pixel) {
-        return isSeeThrough && qAlpha(pixel) == 0 ? white : pixel | opaque;
+    const auto over = [isSeeThrough, behind](QRgb pixel) {
+        return isSeeThrough && qAlpha(pixel) == 0 ? behind : pixel | opaque;
     };
     for (int y = 0; y < image.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
         const bool isCovered = y >= frame.top() && y <= frame.bottom();
         QRgb* first = row + (isCovered ? frame.left() : 0);
         QRgb* last = first + (isCovered ? frame.width() : 0);
-        std::fill(row, first, white);
-        std::transform(first, last, first, overWhite);
-        std::fill(last, row + image.width(), white);
+        std::fill(row, first, behind);
+        std::transform(first, last, first, over);
+        std::fill(last, row + image.width(), behind);
     }
 }
 
-QImage DecodeGif(QFile& file, const PictureOutline& outline)
+QImage DecodeGif(QFile& file, const PictureOutline& outline, QRgb behind)
 {
     QImage image;
     {
@@ -125,14 +128,12 @@ QImage DecodeGif(QFile& file, const PictureOutline& outline)
     if (image.size() != outline.size || image.depth() != 32) {
         return {};
     }
-    PutWhiteBehind(image, outline.firstFrame);
-    image.reinterpretAsFormat(QImage::Format_RGB32);
+    PutBehind(behind, image, outline.firstFrame);
+    image.reinterpretAsFormat(behind == nothingBehind ? QImage::Format_ARGB32 : QImage::Format_RGB32);
     return image;
 }
 
-} // namespace
-
-QImage LoadPicture(const QString& path)
+QImage LoadOn(QRgb behind, const QString& path)
 {
     if (!MayBePicture(path)) {
         return {};
@@ -145,5 +146,18 @@ QImage LoadPicture(const QString& path)
     if (!outline || !file.seek(0)) {
         return {};
     }
-    return outline->kind == PictureKind::Jpeg ? DecodeJpeg(file, *outline) : DecodeGif(file, *outline);
+    return outline->kind == PictureKind::Jpeg ? DecodeJpeg(file, *outline)
+                                              : DecodeGif(file, *outline, behind);
+}
+
+} // namespace
+
+QImage LoadPicture(const QString& path)
+{
+    return LoadOn(whiteBehind, path);
+}
+
+QImage LoadSeeThroughPicture(const QString& path)
+{
+    return LoadOn(nothingBehind, path);
 }

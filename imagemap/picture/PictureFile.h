@@ -9,3 +9,6 @@
  * RGB32 and no transparency. It is null when the file is anything but a whole picture of these two kinds.
  */
 [[nodiscard]] QImage LoadPicture(const QString& path);
+
+/** Reads the same picture with what is transparent in it; a GIF has the format ARGB32 then. */
+[[nodiscard]] QImage LoadSeeThroughPicture(const QString& path);

@@ -92,6 +92,9 @@ private Q_SLOTS:
     void noFileIsTold();
     void whatIsSeenThroughIsWhite_data();
     void whatIsSeenThroughIsWhite();
+    void whatIsSeenThroughCanBeAskedFor_data();
+    void whatIsSeenThroughCanBeAskedFor();
+    void whatIsReadSeeThroughIsCheckedToo();
     void runsAreFollowedToTheirEnd();
     void theNameGivesNoScale();
 };
@@ -285,6 +288,46 @@ void tst_anypicture::whatIsSeenThroughIsWhite()
     QImage white(40, 30, QImage::Format_RGB32);
     white.fill(Qt::white);
     QCOMPARE(Read(bytes).Picture, white);
+}
+
+void tst_anypicture::whatIsSeenThroughCanBeAskedFor_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QImage half(40, 30, QImage::Format_ARGB32);
+    half.fill(Qt::transparent);
+    for (int y = 0; y < half.height(); ++y) {
+        for (int x = half.width() / 2; x < half.width(); ++x) {
+            half.setPixelColor(x, y, Qt::red);
+        }
+    }
+    AddRow("png", Written(half, "png"));
+    AddRow("webp", Written(half, "webp"));
+    AddRow("svg", Svg("<rect x='20' width='20' height='30' fill='#f00'/>"));
+    AddRow("gif", RedGif({ 40, 30 }, { 20, 0, 20, 30 }));
+}
+
+void tst_anypicture::whatIsSeenThroughCanBeAskedFor()
+{
+    QFETCH(const QByteArray, bytes);
+    if (bytes.isEmpty() || (bytes.contains("<svg") && !IsReadable("svg"))) {
+        QSKIP("this system has no reader for it");
+    }
+    const PictureReading reading = ReadSeeThroughPicture(Write(bytes));
+    QCOMPARE(reading.Problem, QString());
+    QCOMPARE(reading.Picture.size(), QSize(40, 30));
+    QCOMPARE(reading.Picture.pixelColor(10, 15).alpha(), 0);
+    QVERIFY(IsNear(reading.Picture.pixelColor(30, 15), Qt::red));
+    QCOMPARE(reading.Picture.pixelColor(30, 15).alpha(), 255);
+}
+
+void tst_anypicture::whatIsReadSeeThroughIsCheckedToo()
+{
+    const QByteArray png = Written(FourCorners(), "png");
+    QCOMPARE(ReadSeeThroughPicture(Write(png.chopped(20))).Problem, damaged);
+    const PictureReading reading = ReadSeeThroughPicture(Write(Written(FourCorners(), "jpg")));
+    QVERIFY(!reading.Picture.hasAlphaChannel());
+    QVERIFY(AreNear(CornersOf(reading.Picture), uprightCorners));
 }
 
 void tst_anypicture::runsAreFollowedToTheirEnd()

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void animationShowsItsFirstFrame();
     void canvasAroundTheFirstFrameIsWhite_data();
     void canvasAroundTheFirstFrameIsWhite();
+    void whatAGifLetsThroughCanBeAskedFor();
     void bothGifVersionsAreRead();
 
     void largePhotographsLoad_data();
@@ -301,6 +302,22 @@ void tst_picturefile::canvasAroundTheFirstFrameIsWhite()
         QVERIFY(IsOpaque(picture));
         QCOMPARE(picture, expected);
     }
+}
+
+void tst_picturefile::whatAGifLetsThroughCanBeAskedFor()
+{
+    const auto at = [this](const QByteArray& gif, QPoint place) {
+        return LoadSeeThroughPicture(Write(gif)).pixelColor(place);
+    };
+    // Red and green pixels take turns.
+    const QByteArray striped = Gif({ 5, 4 }, { 1, 0, 2, 2 }, { lzwClear, 0, 1, lzwClear, 0, 1, lzwEnd });
+    for (const QByteArray& gif : { striped, WithTransparentGreen(striped) }) {
+        QCOMPARE(at(gif, { 1, 1 }), QColor(Qt::red));
+        QCOMPARE(at(gif, { 0, 0 }).alpha(), 0);
+        QCOMPARE(at(gif, { 4, 3 }).alpha(), 0);
+    }
+    QCOMPARE(at(striped, { 2, 1 }), QColor(Qt::green));
+    QCOMPARE(at(WithTransparentGreen(striped), { 2, 1 }).alpha(), 0);
 }
 
 void tst_picturefile::bothGifVersionsAreRead()
