@@ -3,14 +3,18 @@
 #include "imagemap/model/MapArea.h"
 
 #include <QList>
+#include <QRgb>
+#include <optional>
 
 /** An area that could be made, for the user to tick. */
 struct AreaCandidate
 {
     MapArea Area;
-    QString Name;         ///< what it is known by
-    QString Note = {};    ///< why it is not ticked at first, or what else is worth knowing
-    bool IsTicked = true; ///< whether it is to be made
+    QString Name;                    ///< what it is known by
+    QString Note = {};               ///< why it is not ticked at first, or what else is worth knowing
+    bool IsTicked = true;            ///< whether it is to be made
+    qint64 Pixels = 0;               ///< how many pixels of a picture it stands for
+    std::optional<QRgb> Colour = {}; ///< and which colour they have
 
     bool operator==(const AreaCandidate&) const = default;
 };

@@ -2,8 +2,8 @@
 
 #include "outline/ColourRegion.h"
 #include "outline/ReadingOrder.h"
-#include "outline/RegionPieces.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
 
@@ -96,6 +96,31 @@ std::vector<QRgb> RimColours(LikeColours& colours, const QRect& box)
     return frequent;
 }
 
+void KeepLargest(PictureRegions& regions)
+{
+    if (regions.size() > mostRegions) {
+        const auto end = regions.begin() + mostRegions;
+        std::nth_element(regions.begin(), end, regions.end(), [](const auto& one, const auto& other) {
+            return one.region.pixels > other.region.pixels;
+        });
+        regions.erase(end, regions.end());
+    }
+}
+
+bool IsGivenUp(const RegionSearch& search)
+{
+    return search.isGivenUp && search.isGivenUp();
+}
+
+/** Keeps `found`; no more than twice as many as are wanted, or noise would take all memory. */
+void Keep(PictureRegions& regions, PictureRegion&& found)
+{
+    regions.push_back(std::move(found));
+    if (regions.size() >= 2 * mostRegions) {
+        KeepLargest(regions);
+    }
+}
+
 /** Looks for regions, and keeps what is found. */
 class RegionFinder
 {
@@ -118,7 +143,7 @@ public:
     bool Find(bool areFourAlike)
     {
         for (int y = box_.top(); y <= box_.bottom(); ++y) {
-            if (search_.isGivenUp && search_.isGivenUp()) {
+            if (IsGivenUp(search_)) {
                 return false;
             }
             const quint8* const marks = mask_.Row(y);
@@ -166,7 +191,7 @@ private:
         if (found.region.pixels >= search_.leastPixels) {
             found.contour = ContourOf(mask_, found.region.first, MarkPiece);
             found.role = RoleByThickness(found.region);
-            found_.push_back(found);
+            Keep(found_, std::move(found));
         }
         Region settled;
         settle_.AddTo(settled, seed);
@@ -194,15 +219,10 @@ private:
     PictureRegions found_;
 };
 
-void KeepLargest(PictureRegions& regions)
+bool IsHalfOpaque(QRgb pixel)
 {
-    if (regions.size() > mostRegions) {
-        const auto end = regions.begin() + mostRegions;
-        std::nth_element(regions.begin(), end, regions.end(), [](const auto& one, const auto& other) {
-            return one.region.pixels > other.region.pixels;
-        });
-        regions.erase(end, regions.end());
-    }
+    constexpr int leastAlpha = 128;
+    return qAlpha(pixel) >= leastAlpha;
 }
 
 } // namespace
@@ -219,9 +239,23 @@ PictureRegions RegionsOf(const QImage& picture, const RegionSearch& search)
     return InReadingOrder(std::move(found));
 }
 
+bool HasTransparency(const QImage& picture)
+{
+    if (!picture.hasAlphaChannel()) {
+        return false;
+    }
+    const QImage whole = WithWholePixels(picture);
+    for (int y = 0; y < whole.height(); ++y) {
+        const auto* const pixels = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
+        if (!std::all_of(pixels, pixels + whole.width(), &IsHalfOpaque)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search)
 {
-    constexpr int leastAlpha = 128;
     const QImage whole = WithWholePixels(picture);
     const QRect box = search.within.isNull() ? whole.rect() : search.within & whole.rect();
     PixelMask mask(whole.size());
@@ -229,14 +263,32 @@ PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search
         const auto* const pixels = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
         quint8* const marks = mask.Row(y);
         for (int x = box.left(); x <= box.right(); ++x) {
-            marks[x] = !whole.hasAlphaChannel() || qAlpha(pixels[x]) >= leastAlpha ? MarkChosen : 0;
+            marks[x] = !whole.hasAlphaChannel() || IsHalfOpaque(pixels[x]) ? MarkChosen : 0;
         }
     }
+    MarkedPixels opaque([](quint8 marks) { return (marks & MarkChosen) != 0; }, MarkPiece, MarkChosen);
+    MarkedPixels taken([](quint8 marks) { return (marks & MarkPiece) != 0; }, 0, MarkPiece);
+    RegionFill fill(mask, box, opaque);
+    RegionFill settle(mask, box, taken);
     PictureRegions islands;
-    const auto isOpaque = [](quint8 marks) { return (marks & MarkChosen) != 0; };
-    for (RegionPiece& piece : PiecesOf(mask, box, isOpaque, PieceHoles::Ignored)) {
-        if (piece.region.pixels >= search.leastPixels) {
-            islands.push_back({ piece.region, whole.pixel(piece.region.first), std::move(piece.contour) });
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        if (IsGivenUp(search)) {
+            return {};
+        }
+        const quint8* const marks = mask.Row(y);
+        for (int x = box.left(); x <= box.right(); ++x) {
+            if ((marks[x] & MarkChosen) == 0) {
+                continue;
+            }
+            PictureRegion island;
+            fill.AddTo(island.region, { x, y });
+            if (island.region.pixels >= search.leastPixels) {
+                island.colour = whole.pixel(island.region.first);
+                island.contour = ContourOf(mask, island.region.first, MarkPiece);
+                Keep(islands, std::move(island));
+            }
+            Region settled;
+            settle.AddTo(settled, { x, y });
         }
     }
     KeepLargest(islands);

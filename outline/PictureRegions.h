@@ -45,6 +45,9 @@ inline constexpr std::size_t mostRegions = 10000;
  */
 [[nodiscard]] PictureRegions RegionsOf(const QImage& picture, const RegionSearch& search);
 
+/** Whether any of the picture is less than half opaque. */
+[[nodiscard]] bool HasTransparency(const QImage& picture);
+
 /**
  * The islands of what is at least half opaque, in reading order, of a picture with transparency. `colour` is
  * that of their first pixel; the tolerance counts for nothing.

@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QTest>
+#include <algorithm>
 
 namespace {
 
@@ -44,7 +45,11 @@ private Q_SLOTS:
     void smoothedEdgeIsNoRegion();
     void partOfThePictureIsSearchedAlone();
     void searchCanBeGivenUp();
+    void largestAreKeptOfTooMany_data();
+    void largestAreKeptOfTooMany();
+    void transparencyIsTold();
     void opaqueIslandsAreFound();
+    void searchOfIslandsCanBeGivenUp();
     void pictureWithoutTransparencyIsOneIsland();
     void emptyPictureHasNoRegions();
 };
@@ -152,6 +157,61 @@ void tst_pictureregions::searchCanBeGivenUp()
     int asked = 0;
     const RegionSearch search{ .within = {}, .isGivenUp = [&asked] { return ++asked > 5; } };
     QVERIFY(RegionsOf(picture, search).empty());
+    QCOMPARE(asked, 6);
+}
+
+void tst_pictureregions::largestAreKeptOfTooMany_data()
+{
+    QTest::addColumn<bool>("areIslands");
+    QTest::newRow("of colours") << false;
+    QTest::newRow("of islands") << true;
+}
+
+void tst_pictureregions::largestAreKeptOfTooMany()
+{
+    QFETCH(const bool, areIslands);
+    // Squares of four pixels and, at the end of each third line of them, a longer one.
+    constexpr int squares = 160;
+    constexpr int pitch = 3;
+    constexpr int lines = 200;
+    QImage picture(squares * pitch + pitch, lines * pitch, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    for (int line = 0; line < lines; ++line) {
+        for (int i = 0; i < squares; ++i) {
+            const bool isLonger = i + 1 == squares && line % pitch == 0;
+            painter.fillRect(i * pitch, line * pitch, isLonger ? 4 : 2, 2, Qt::red);
+        }
+    }
+    painter.end();
+    const RegionSearch search{ .within = {}, .leastPixels = 1 };
+    const PictureRegions found = areIslands ? OpaqueIslandsOf(picture, search) : RegionsOf(picture, search);
+    QCOMPARE(found.size(), mostRegions);
+    constexpr qint64 longer = 8;
+    QCOMPARE(
+        std::count_if(
+            found.begin(), found.end(), [](const PictureRegion& one) { return one.region.pixels == longer; }),
+        (lines + pitch - 1) / pitch);
+}
+
+void tst_pictureregions::transparencyIsTold()
+{
+    QImage picture(20, 10, QImage::Format_ARGB32);
+    picture.fill(QColor(10, 20, 30, 128));
+    QVERIFY(!HasTransparency(picture));
+    picture.setPixelColor(19, 9, QColor(10, 20, 30, 127));
+    QVERIFY(HasTransparency(picture));
+    QVERIFY(HasTransparency(picture.convertToFormat(QImage::Format_RGBA64)));
+    QVERIFY(!HasTransparency(picture.convertToFormat(QImage::Format_RGB32)));
+    QVERIFY(!HasTransparency(QImage()));
+}
+
+void tst_pictureregions::searchOfIslandsCanBeGivenUp()
+{
+    const QImage picture = Painted({ 100, 60 }, {});
+    int asked = 0;
+    const RegionSearch search{ .within = {}, .isGivenUp = [&asked] { return ++asked > 5; } };
+    QVERIFY(OpaqueIslandsOf(picture, search).empty());
     QCOMPARE(asked, 6);
 }
 
