@@ -34,6 +34,20 @@ constexpr auto drawRows = std::to_array<DrawRow>({
       DrawNeed::Picture,
       DrawMark::Outline },
     { CommandRowKind::Entry,
+      "mnuAOutlineAll",
+      "Outline &All Regions...",
+      "",
+      &DrawCommands::OutlineAll,
+      {},
+      DrawNeed::Picture },
+    { CommandRowKind::Entry,
+      "mnuATransparency",
+      "Areas from T&ransparency...",
+      "",
+      &DrawCommands::OutlineOpaque,
+      {},
+      DrawNeed::Picture },
+    { CommandRowKind::Entry,
       "mnuAFromSvg",
       "Shapes of an &SVG...",
       "",
@@ -147,21 +161,17 @@ void DrawCommands::Add(const MapAreas& areas, qsizetype place, QStringView what)
     parts_.areas.Editing().InsertAt(place, areas, what);
 }
 
-void DrawCommands::OfferRegions(const QString& title, const AreaCandidates& regions)
+void DrawCommands::OfferRegions(frmRegions& dialog)
 {
-    auto* const dialog = new frmRegions(parts_.imgMap, title, regions, &parts_.window);
-    connect(dialog, &frmRegions::Changed, this, [this, dialog] {
+    connect(&dialog, &frmRegions::Changed, this, [this, &dialog] {
         SelectionPicture preview;
-        preview.areas = dialog->Ticked();
-        preview.frame = BoundsOf(dialog->Current());
+        preview.areas = dialog.Ticked();
+        preview.frame = BoundsOf(dialog.Current());
         parts_.pane.Surface().ShowSelection(preview);
     });
-    connect(dialog, &frmRegions::finished, this, &DrawCommands::EndPreview);
-    connect(dialog, &frmRegions::accepted, this, [this, dialog] {
-        Add(TopmostFirst(dialog->Ticked()), parts_.map.Areas().size(), u"Shapes");
-    });
-    dialog->Form_Load();
-    dialog->show();
+    connect(&dialog, &frmRegions::finished, this, &DrawCommands::EndPreview);
+    dialog.Form_Load();
+    dialog.show();
 }
 
 void DrawCommands::ShapesOfSvg()
@@ -181,11 +191,16 @@ void DrawCommands::ShapesOfSvg()
     ShowHourglass();
     const SvgShapesReading reading = ShapesIn(*path, PictureSize());
     ShowDefaultPointer();
-    if (reading.Problem.isEmpty()) {
-        OfferRegions(QStringLiteral("Shapes of an SVG"), reading.Shapes);
-    } else {
+    if (!reading.Problem.isEmpty()) {
         ShowMessage(&parts_.window, QMessageBox::Warning, reading.Problem + u'\n' + *path);
+        return;
     }
+    auto* const shapes =
+        new frmRegions(parts_.imgMap, QStringLiteral("Shapes of an SVG"), reading.Shapes, &parts_.window);
+    connect(shapes, &frmRegions::accepted, this, [this, shapes] {
+        Add(TopmostFirst(shapes->Ticked()), parts_.map.Areas().size(), u"Shapes");
+    });
+    OfferRegions(*shapes);
 }
 
 void DrawCommands::DrawGrid()

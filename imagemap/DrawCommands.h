@@ -1,7 +1,7 @@
 #pragma once
 
 #include "imagemap/OutlineCommand.h"
-#include "outline/AreaCandidate.h"
+#include "imagemap/RegionFinding.h"
 #include "outline/Grid.h"
 #include "shared/ImgMap.h"
 #include "widgets/CommandTable.h"
@@ -14,6 +14,7 @@ class AreaList;
 class MapDocument;
 class PicturePane;
 class QMainWindow;
+class frmRegions;
 
 /**
  * The commands that make many areas at once, or give many their links: the submenu Draw of the areas' menu.
@@ -50,6 +51,8 @@ public:
     void EnableCommands();
 
     void ChooseOutline();
+    void OutlineAll();
+    void OutlineOpaque();
     void ShapesOfSvg();
     void DrawGrid();
     void LinkFromTable();
@@ -61,11 +64,14 @@ private:
     [[nodiscard]] QSize PictureSize() const;
     void ShowPreview(const MapAreas& areas);
     void EndPreview();
-    void OfferRegions(const QString& title, const AreaCandidates& regions);
+    [[nodiscard]] QRect SelectedPixels() const;
+    void LookForRegions(const QString& title, const RegionGround& ground);
+    void OfferRegions(frmRegions& dialog);
     void Add(const MapAreas& areas, qsizetype place, QStringView what);
 
     Parts parts_;
     CommandSet<Command> commands_;
     OutlineCommand outline_;
-    GridPlan grid_; ///< the last one that was made
+    GridPlan grid_;      ///< the last one that was made
+    RegionWish regions_; ///< which regions were made last
 };

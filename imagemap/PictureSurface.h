@@ -28,6 +28,7 @@ public:
     /** Shows `picture` without any figures and takes its size; a null picture leaves an empty surface. */
     void SetPicture(const QImage& picture);
 
+    /** The picture without anything on it; null when there is none. */
     [[nodiscard]] const QImage& Picture() const { return ground_.Drawn().Picture; }
 
     /** Shows a pixel of the picture so many times as large. */

@@ -1,5 +1,7 @@
 #include "imagemap/RegionsModel.h"
 
+#include <QColor>
+
 namespace {
 
 /** A column, and what it shows of a region. */
@@ -9,22 +11,44 @@ struct RegionColumn
     QString (*text)(const AreaCandidate& region);
 };
 
-constexpr std::array<RegionColumn, RegionsModel::regionColumnCount> regionColumns = { {
-    { u"Name", [](const AreaCandidate& region) { return region.Name; } },
-    { u"Shape",
-      [](const AreaCandidate& region) {
-          return areaShapeNames[std::size_t(region.Area.Shape)].name.toString();
-      } },
-    { u"Link", [](const AreaCandidate& region) { return region.Area.Link; } },
-    { u"Note", [](const AreaCandidate& region) { return region.Note; } },
-} };
+constexpr RegionColumn nameColumn = { u"Name", [](const AreaCandidate& region) { return region.Name; } };
+constexpr RegionColumn shapeColumn = {
+    u"Shape",
+    [](const AreaCandidate& region) { return areaShapeNames[std::size_t(region.Area.Shape)].name.toString(); }
+};
+constexpr RegionColumn linkColumn = { u"Link", [](const AreaCandidate& region) { return region.Area.Link; } };
+constexpr RegionColumn pixelsColumn = { u"Pixels", [](const AreaCandidate& region) {
+                                           return QString::number(region.Pixels);
+                                       } };
+constexpr RegionColumn noteColumn = { u"Note", [](const AreaCandidate& region) { return region.Note; } };
+
+using RegionColumns = std::array<RegionColumn, RegionsModel::regionColumnCount>;
+
+/** The columns for each RegionsSource. */
+constexpr std::array<RegionColumns, 2> regionColumns = {
+    { { nameColumn, shapeColumn, linkColumn, noteColumn },
+      { nameColumn, shapeColumn, pixelsColumn, noteColumn } }
+};
 
 } // namespace
 
-RegionsModel::RegionsModel(AreaCandidates regions, QObject* parent)
+RegionsModel::RegionsModel(AreaCandidates regions, RegionsSource source, QObject* parent)
     : QAbstractTableModel(parent)
     , regions_(std::move(regions))
+    , source_(source)
 {
+}
+
+void RegionsModel::Replace(AreaCandidates regions, bool keepTicks)
+{
+    beginResetModel();
+    if (keepTicks && regions.size() == regions_.size()) {
+        for (qsizetype i = 0; i < regions.size(); ++i) {
+            regions[i].IsTicked = regions_[i].IsTicked;
+        }
+    }
+    regions_ = std::move(regions);
+    endResetModel();
 }
 
 void RegionsModel::TickAll(bool isTicked)
@@ -60,7 +84,10 @@ QVariant RegionsModel::data(const QModelIndex& index, int role) const
     }
     const AreaCandidate& region = regions_[index.row()];
     if (role == Qt::DisplayRole) {
-        return regionColumns[std::size_t(index.column())].text(region);
+        return regionColumns[std::size_t(source_)][std::size_t(index.column())].text(region);
+    }
+    if (role == Qt::DecorationRole && index.column() == 0 && region.Colour) {
+        return QColor(*region.Colour);
     }
     if (role == Qt::CheckStateRole && index.column() == 0) {
         return region.IsTicked ? Qt::Checked : Qt::Unchecked;
@@ -81,6 +108,7 @@ bool RegionsModel::setData(const QModelIndex& index, const QVariant& value, int 
 QVariant RegionsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     const bool isCaption = orientation == Qt::Horizontal && role == Qt::DisplayRole;
-    return isCaption && section < regionColumnCount ? regionColumns[std::size_t(section)].header.toString()
-                                                    : QVariant();
+    return isCaption && section < regionColumnCount
+               ? regionColumns[std::size_t(source_)][std::size_t(section)].header.toString()
+               : QVariant();
 }

@@ -4,18 +4,27 @@
 
 #include <QAbstractTableModel>
 
+/** What areas could be made of; it is what is told about them. */
+enum class RegionsSource {
+    Links,   ///< something that may have a link for them
+    Picture, ///< regions of a picture, with a colour and a size
+};
+
 /** Areas that could be made, a row each, with a tick in front of those that will be. */
 class RegionsModel final : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    /** Name, shape, link and note. */
+    /** Name, shape, link or size, and note. */
     static constexpr int regionColumnCount = 4;
 
-    RegionsModel(AreaCandidates regions, QObject* parent);
+    RegionsModel(AreaCandidates regions, RegionsSource source, QObject* parent);
 
     [[nodiscard]] const AreaCandidates& Regions() const { return regions_; }
+
+    /** Shows other areas; with `keepTicks` the same ones in another shape, which keep what is ticked. */
+    void Replace(AreaCandidates regions, bool keepTicks);
 
     /** Ticks all of them, or none. */
     void TickAll(bool isTicked);
@@ -30,4 +39,5 @@ public:
 
 private:
     AreaCandidates regions_;
+    RegionsSource source_;
 };

@@ -1,4 +1,4 @@
-#include "DrawnAreasTest.h"
+#include "RegionsTest.h"
 
 #include <QFile>
 
@@ -15,7 +15,7 @@ constexpr const char* drawing =
 } // namespace
 
 /** Shapes of a drawing, of which those are made into areas that are ticked. */
-class tst_frmregions : public DrawnAreasTest
+class tst_frmregions : public RegionsTest
 {
     Q_OBJECT
 
@@ -52,28 +52,6 @@ private:
         return test_->DialogOpenedBy([this] { Trigger("mnuAFromSvg"); });
     }
 
-    static QAbstractItemModel* Model(const QDialog* dialog)
-    {
-        return ::Find<QTreeView>(dialog, "lstRegions")->model();
-    }
-
-    static QList<int> TickedRows(const QDialog* dialog)
-    {
-        QList<int> rows;
-        for (int row = 0; row < Model(dialog)->rowCount(); ++row) {
-            if (Model(dialog)->index(row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked) {
-                rows << row;
-            }
-        }
-        return rows;
-    }
-
-    static void Close(const QPointer<QDialog>& dialog, const char* button)
-    {
-        ClickIn(dialog, button);
-        QTRY_VERIFY(dialog == nullptr);
-    }
-
     void TellsOf(const QByteArray& bytes, const char* problem)
     {
         test_->OpenPicture({ 300, 120 });
@@ -96,7 +74,8 @@ void tst_frmregions::shapesAreListed()
     QCOMPARE(TextsOf(Model(dialog), 1), (QStringList{ "Low", "Rectangle", "low.htm", "" }));
     QCOMPARE(TextsOf(Model(dialog), 3), (QStringList{ "round", "Circle", "", "" }));
     QCOMPARE(TickedRows(dialog), (QList<int>{ 1, 2, 3 }));
-    QCOMPARE(::Find<QLabel>(dialog, "lblRegions")->text(), "3 of 4 will be made.");
+    QCOMPARE(TextIn(dialog), "3 of 4 will be made.");
+    QVERIFY(!::Find<QWidget>(dialog, "pnlSearch")->isVisible());
     Close(dialog, "cmdCancel");
 }
 
