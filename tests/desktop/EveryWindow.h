@@ -26,9 +26,11 @@
 #include <QFile>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPainter>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QTest>
+#include <QTreeView>
 #include <QTreeWidget>
 #include <memory>
 #include <vector>
@@ -45,7 +47,7 @@ public:
              { "splash",      "main",          "links",      "editor",      "attributes", "area",
                "link-0",      "link-1",        "link-2",     "link-3",      "link-4",     "script-options",
                "preferences", "help-contents", "help-index", "help-search", "font",       "question",
-               "page-maps",   "map-change",    "grid",       "table",       "regions" }) {
+               "page-maps",   "map-change",    "grid",       "table",       "regions",    "regions-found" }) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
@@ -135,6 +137,9 @@ private:
             };
             return Loaded(Keep(new frmRegions(imgMap_, QStringLiteral("Shapes of an SVG"), regions, editor)));
         }
+        if (name == "regions-found") {
+            return FoundRegions();
+        }
         if (name == "font") {
             return Keep(new FontDialog(QFont(QStringLiteral("Courier New"), 10), nullptr));
         }
@@ -144,6 +149,24 @@ private:
                 QMessageBox::Yes | QMessageBox::No));
         }
         return Help(name);
+    }
+
+    QWidget* FoundRegions()
+    {
+        QImage picture(QSize(640, 480), QImage::Format_RGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        painter.fillRect(40, 40, 200, 100, Qt::darkRed);
+        painter.fillRect(300, 60, 120, 120, Qt::darkBlue);
+        painter.end();
+        auto* const window = Loaded(Keep(new frmRegions(
+            imgMap_, QStringLiteral("Regions of the Picture"),
+            { picture, likeColours, QRect(10, 10, 600, 400) }, {}, Editor())));
+        const auto* const list = Find<QTreeView>(window, "lstRegions");
+        if (!QTest::qWaitFor([list] { return list->model()->rowCount() > 0; })) {
+            qFatal("no regions are found");
+        }
+        return window;
     }
 
     static PageMapsModel* PageMapsOfExample()
