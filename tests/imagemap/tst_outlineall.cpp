@@ -152,10 +152,18 @@ void tst_outlineall::smallRegionsAreListedWhenAskedFor()
 
 void tst_outlineall::toleranceJoinsColours()
 {
-    const QPointer<QDialog> dialog = OpenMade();
-    TypeNumber(dialog, "spnTolerance", "100");
-    QTRY_COMPARE(CountOf(dialog), 1);
-    QCOMPARE(TextsOf(Model(dialog), 0).at(2), "36000");
+    QImage picture(200, 100, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.fillRect(20, 20, 40, 40, QColor(200, 0, 0));
+    painter.fillRect(60, 20, 40, 40, QColor(206, 4, 4));
+    painter.end();
+    OpenPng(picture);
+    const QPointer<QDialog> dialog = Listed(2);
+    QCOMPARE(TextsOf(Model(dialog), 0).at(2), "3200");
+    TypeNumber(dialog, "spnTolerance", "0");
+    QTRY_COMPARE(CountOf(dialog), 3);
+    QCOMPARE(TextsOf(Model(dialog), 0).at(2), "1600");
     Close(dialog, "cmdCancel");
 }
 
