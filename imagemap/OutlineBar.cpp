@@ -9,11 +9,11 @@
 namespace {
 
 /** The file has whole numbers. */
-constexpr double tenths = 10;
+constexpr double tenthsOfOne = 10;
 
 int InTenths(double value)
 {
-    return static_cast<int>(std::lround(value * tenths));
+    return static_cast<int>(std::lround(value * tenthsOfOne));
 }
 
 /** What is told of an outline. */
@@ -43,10 +43,10 @@ OutlineBar::OutlineBar(Settings& settings, QWidget* parent)
     , ui_(std::make_unique<Ui::OutlineBar>())
 {
     ui_->setupUi(this);
-    ui_->spnTolerance->setValue(settings_.Value(Setting::outlineTolerance) / tenths);
+    ui_->spnTolerance->setValue(settings_.Value(Setting::outlineTolerance) / tenthsOfOne);
     ui_->spnPrecision->setRange(
-        Setting::outlinePrecision.Least / tenths, Setting::outlinePrecision.Most / tenths);
-    ui_->spnPrecision->setValue(settings_.Value(Setting::outlinePrecision) / tenths);
+        Setting::outlinePrecision.Least / tenthsOfOne, Setting::outlinePrecision.Most / tenthsOfOne);
+    ui_->spnPrecision->setValue(settings_.Value(Setting::outlinePrecision) / tenthsOfOne);
     ui_->chkHoles->setChecked(settings_.Value(Setting::outlineHoles));
     ui_->cmbIslands->setCurrentIndex(settings_.Value(Setting::outlineIslands));
     Tell({});
