@@ -11,7 +11,7 @@ QString RoleNote(RegionRole role)
 {
     switch (role) {
     case RegionRole::Ground:
-        return QStringLiteral("background: has a colour of the edge");
+        return QStringLiteral("background");
     case RegionRole::Line:
         return QStringLiteral("line or letter");
     case RegionRole::Area:
