@@ -1,6 +1,7 @@
 #include "outline/ReadingOrder.h"
 
 #include <algorithm>
+#include <numeric>
 #include <optional>
 #include <utility>
 
@@ -45,6 +46,16 @@ void SortLineByLine(const PictureRegions& regions, std::vector<std::size_t>& ord
 /** Which region lies next around each of `regions`; none for those that no other encloses. */
 std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions)
 {
+    const auto roomOf = [&regions](std::size_t i) {
+        const QRect& box = regions[i].region.box;
+        return qint64(box.width()) * box.height();
+    };
+    // What encloses another one has a larger box: pictures with many regions have few of those.
+    std::vector<std::size_t> largestFirst(regions.size());
+    std::iota(largestFirst.begin(), largestFirst.end(), std::size_t(0));
+    std::sort(largestFirst.begin(), largestFirst.end(), [&roomOf](std::size_t one, std::size_t other) {
+        return roomOf(one) > roomOf(other);
+    });
     std::vector<qint64> areas;
     for (const PictureRegion& region : regions) {
         areas.push_back(TwiceAreaOf(region.contour));
@@ -52,10 +63,14 @@ std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions
     std::vector<std::optional<std::size_t>> around(regions.size());
     for (std::size_t i = 0; i < regions.size(); ++i) {
         const Region& inner = regions[i].region;
-        for (std::size_t j = 0; j < regions.size(); ++j) {
-            const QRect& box = regions[j].region.box;
+        const qint64 room = roomOf(i);
+        for (const std::size_t j : largestFirst) {
+            if (roomOf(j) <= room) {
+                break;
+            }
             const bool isNearer = !around[i] || areas[j] < areas[*around[i]];
-            if (i != j && box.contains(inner.box) && isNearer && IsAround(regions[j].contour, inner.first)) {
+            if (isNearer && regions[j].region.box.contains(inner.box) &&
+                IsAround(regions[j].contour, inner.first)) {
                 around[i] = j;
             }
         }
