@@ -18,7 +18,7 @@ constexpr QStringView noTransparencyText = u"No part of the picture is transpare
 /** The picture in the file `path` with what is transparent in it, as large as it is shown. */
 PictureReading SeeThroughPicture(const QString& path, QSize shown)
 {
-    const PictureReading reading = ReadSeeThroughPicture(path);
+    PictureReading reading = ReadSeeThroughPicture(path);
     if (reading.Picture.isNull()) {
         return reading;
     }

@@ -39,7 +39,7 @@ RegionOutline OutlineOf(RegionChoice& choice, const OutlinePlan& plan)
     for (qsizetype i = std::max(left, qsizetype(0)); i < count; ++i) {
         const RegionPiece& island = islands[std::size_t(i)];
         for (const Contour& hole : island.holes) {
-            if (TwiceAreaOf(hole) >= 2 * leastHolePixels) {
+            if (TwiceAreaOf(hole) >= qint64(2) * leastHolePixels) {
                 AddShape(outline, hole, plan.Precision, true);
             }
         }
