@@ -11,8 +11,8 @@ namespace {
 constexpr QStringView selectHint = u"Click picks an area, drag moves it";
 constexpr QStringView severalHint = u"Drag moves them all, Del takes them away";
 constexpr QStringView nowhereHint = u"A click here leads nowhere";
-constexpr QStringView outlineHint = u"A click takes a region, dragging sideways more or less";
-constexpr QStringView outlinedHint = u"Enter makes the area, Shift + click joins a region";
+constexpr QStringView outlineHint = u"Click takes a region, drag widens it";
+constexpr QStringView outlinedHint = u"Enter makes the area, Shift adds more";
 constexpr QStringView tryHint = u"A click on an area tells where it leads";
 
 } // namespace

@@ -114,7 +114,7 @@ void tst_outlinetool::aClickOutlinesTheRegion()
     QVERIFY(test_->Pixels().pixel(200, 115) != bare.pixel(200, 115));
     QCOMPARE(test_->RowCount(), 0);
     QVERIFY(!test_->map.HasContent());
-    QCOMPARE(test_->Text("StatusBar1_Panel3"), "Enter makes the area, Shift + click joins a region");
+    QCOMPARE(test_->Text("StatusBar1_Panel3"), "Enter makes the area, Shift adds more");
 }
 
 void tst_outlinetool::aDoubleClickMakesAnAreaWithItsLink()
