@@ -7,6 +7,7 @@
 
 #include <QSet>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -235,7 +236,12 @@ std::optional<MapUpdate> PageMapUpdater::Run(const TodayPage& context)
     if (!ChangePicture(*changes, context)) {
         return std::nullopt;
     }
-    return MapUpdate{ .changes = *changes, .after = After(*changes) };
+    ReturnedMap after = After(*changes);
+    // What stood around an area that is taken out may make a tag together.
+    if (after.source.Areas.size() != now_.Areas.size()) {
+        return std::nullopt;
+    }
+    return MapUpdate{ .changes = *changes, .after = std::move(after) };
 }
 
 } // namespace

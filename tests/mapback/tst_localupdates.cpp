@@ -38,6 +38,7 @@ private Q_SLOTS:
     void updateOfAMapOfThisProgramIsTheSame();
     void whatThePageDecidesTakesTheWholePage();
     void aPageThatEndsBeforeIsNotTaken();
+    void whatWouldMakeATagOfTextIsRefused();
 };
 
 void tst_localupdates::updateAsksForTheMapAndItsPictureAlone()
@@ -107,6 +108,22 @@ void tst_localupdates::aPageThatEndsBeforeIsNotTaken()
     const ReturnedMap map = MapOf(page, 199);
     const QString shorter = page.chopped(20);
     QVERIFY(!UpdateMapAlone(PlacesIn(shorter), map, map.mode, map.source, SomePage()));
+}
+
+/** Without the area between them, the bracket and the letter would begin a tag that swallows the next area.
+ */
+void tst_localupdates::whatWouldMakeATagOfTextIsRefused()
+{
+    const QString page = QStringLiteral("<map name=m><<area href=a>b<area href=c></map>");
+    const ReturnedMap map = OnlyMap(page).value();
+    QCOMPARE(map.source.Areas.size(), 2);
+    MapSource now = map.source;
+    now.Areas.removeFirst();
+    QVERIFY(!UpdateMap(page, map, map.mode, now, SomePage()));
+    QVERIFY(!UpdateMapAlone(PlacesIn(page), map, map.mode, now, SomePage()));
+    now = map.source;
+    now.Areas.removeLast();
+    QVERIFY(UpdateMap(page, map, map.mode, now, SomePage()));
 }
 
 QTEST_GUILESS_MAIN(tst_localupdates)
