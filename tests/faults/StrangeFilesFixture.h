@@ -2,9 +2,13 @@
 
 #include "tests/app/MainWindowFixture.h"
 
+#include <QElapsedTimer>
 #include <cstring>
 #include <memory>
 #include <sys/stat.h>
+
+/** A window that has not answered for this long, in milliseconds, hangs. */
+inline constexpr qint64 hanging = 5000;
 
 inline QString SystemText(int number)
 {
@@ -67,10 +71,12 @@ inline void StrangeFilesFixture::OpenPage(const QByteArray& bytes)
     test_->Type("x");
 }
 
-/** A program that waited for what never comes would not come back from here. */
 inline void StrangeFilesFixture::Save()
 {
+    QElapsedTimer clock;
+    clock.start();
     test_->Press(Qt::Key_S, Qt::ControlModifier);
+    QVERIFY2(clock.elapsed() < hanging, qPrintable(QString::number(clock.elapsed())));
 }
 
 /** Saves; the user must be told `text`, or anything at all when it is empty, and lose nothing. */

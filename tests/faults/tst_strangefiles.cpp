@@ -119,6 +119,8 @@ void tst_strangefiles::openingItTellsAndKeepsTheText()
     QVERIFY(WriteBytes(Path("other.htm"), "xold"));
     test_->Open(Path("other.htm"));
     QVERIFY(make(InPages("page.htm")));
+    QElapsedTimer clock;
+    clock.start();
     if (QFileInfo(InPages("page.htm")).isDir()) {
         // The dialog enters a folder; that it holds no file of this name is told.
         test_->robot.Cancel();
@@ -130,6 +132,7 @@ void tst_strangefiles::openingItTellsAndKeepsTheText()
         QCOMPARE(test_->robot.Boxes().size(), 1);
         QCOMPARE(test_->robot.Boxes().constFirst().text, QString(u"Can't open file: " + InPages("page.htm")));
     }
+    QVERIFY(clock.elapsed() < hanging);
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("xold"));
     QCOMPARE(test_->DocumentName(), Path("other.htm"));
 }
@@ -193,7 +196,10 @@ void tst_strangefiles::pipeWithoutAReaderTakesNoPreview()
     QVERIFY(MakePipe(Path("Temp/Temp001.html")));
     test_->Type("x");
     test_->robot.AnswerBox(QMessageBox::Ok);
+    QElapsedTimer clock;
+    clock.start();
     test_->Press(Qt::Key_D, Qt::ControlModifier);
+    QVERIFY(clock.elapsed() < hanging);
     QCOMPARE(test_->robot.Boxes().constFirst().text, SystemText(ENXIO));
     QCOMPARE(test_->Editor()->Text(), QStringLiteral("x"));
 }
@@ -231,11 +237,14 @@ void tst_strangefiles::linksFileThatIsAPipeIsNotWaitedFor()
 {
     QVERIFY(QFile::remove(Path("Data/Links.dra")));
     QVERIFY(MakePipe(Path("Data/Links.dra")));
+    QElapsedTimer clock;
+    clock.start();
     QTest::mouseClick(test_->Find<QWidget>("btnSave"), Qt::LeftButton);
     RecordingDesktop desktop;
     frmIMmain other(test_->folder.imgMap, test_->folder.map, desktop);
     test_->robot.AnswerBox(QMessageBox::Ok);
     other.Form_Load();
+    QVERIFY(clock.elapsed() < hanging);
     QCOMPARE(
         test_->robot.Boxes().constFirst().text,
         QStringLiteral("File Links.dra is either damaged or missing !"));

@@ -128,7 +128,6 @@ void tst_openelements::missingAndStrayTagsAreTold()
 void tst_openelements::deepNestingComesToAnEnd()
 {
     constexpr int many = 20'000;
-    // What grew with the square of the depth would not come to an end here.
     QCOMPARE(Read(QStringLiteral("<b>").repeated(many)).open.size(), many);
     (void)Read(QStringLiteral("<b>").repeated(many) + QStringLiteral("</i><p>").repeated(many));
 }

@@ -213,7 +213,7 @@ void tst_pagecheck::placesLieInThePage()
 
 void tst_pagecheck::largePageIsGoneOverOnce()
 {
-    // What grew with the square of its length would not come to an end here.
+    // How its cost grows with its length is a row of the benchmark.
     const QString page =
         QStringLiteral("<div class=\"a\"><p id=x>Some text <a href=\"b.html\">b</a>\r\n<br></div>\r\n")
             .repeated(15'000);
