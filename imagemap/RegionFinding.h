@@ -29,6 +29,8 @@ struct RegionWish
 
     /** Whether the regions are the same, only shaped otherwise. */
     [[nodiscard]] bool HasRegionsOf(const RegionWish& other) const;
+
+    bool operator==(const RegionWish&) const = default;
 };
 
 /** Where regions are looked for. */

@@ -118,13 +118,19 @@ RegionWish frmRegions::Wish() const
 
 void frmRegions::Search()
 {
+    // Return makes a field tell its value again.
+    const RegionWish wish = Wish();
+    if (searched_ == wish) {
+        return;
+    }
+    searched_ = wish;
     isSearching_ = true;
     ui_->cmdOK->setEnabled(false);
     ui_->prgSearch->setValue(0);
     if (!ui_->pnlProgress->isVisible()) {
         patience_.start();
     }
-    finding_->Find(Wish());
+    finding_->Find(wish);
 }
 
 void frmRegions::ShowSearching()
@@ -152,6 +158,7 @@ void frmRegions::Finding_Found(const AreaCandidates& candidates, bool areSame)
 void frmRegions::cmdStop_Click()
 {
     finding_->GiveUp();
+    searched_.reset();
     isSearching_ = false;
     ShowSearching();
     model_->Replace({}, false);

@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QTimer>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class frmRegions;
@@ -63,6 +64,7 @@ private:
     RegionFinding* finding_ = nullptr; ///< where areas are looked for
     QRect selected_;                   ///< see RegionGround
     bool isSearching_ = false;
-    QTimer patience_; ///< runs while a search is so short that nothing needs to tell of it
+    std::optional<RegionWish> searched_; ///< what was looked for last, unless the search was stopped
+    QTimer patience_;                    ///< runs while a search is so short that nothing needs to tell of it
     std::unique_ptr<Ui::frmRegions> ui_;
 };

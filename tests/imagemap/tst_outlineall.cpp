@@ -54,6 +54,7 @@ private Q_SLOTS:
     void noRegionIsTold();
     void noMoreThanTheLargestAreListed();
     void whatWasAskedForIsOfferedAgain();
+    void returnInAFieldMakesTheAreas();
     void anEditorThatGoesTakesTheWindowAlong();
 
 private:
@@ -270,6 +271,15 @@ void tst_outlineall::whatWasAskedForIsOfferedAgain()
     }
     QCOMPARE(::Find<QDoubleSpinBox>(dialog, "spnPrecision")->value(), 2.0);
     Close(dialog, "cmdCancel");
+}
+
+void tst_outlineall::returnInAFieldMakesTheAreas()
+{
+    const QPointer<QDialog> dialog = OpenMade();
+    const qsizetype ticked = TickedRows(dialog).size();
+    QTest::keyClick(::Find<QSpinBox>(dialog, "spnLeastPixels"), Qt::Key_Return);
+    QTRY_VERIFY(dialog == nullptr);
+    QCOMPARE(test_->RowCount(), ticked);
 }
 
 void tst_outlineall::anEditorThatGoesTakesTheWindowAlong()
