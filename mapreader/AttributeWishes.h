@@ -21,7 +21,3 @@ struct AttributeWish
 
 /** What has to be wished of a tag so that it has these attributes and no others. */
 [[nodiscard]] QList<AttributeWish> DifferencesOf(const PageTag& tag, const QList<AttributeWish>& attributes);
-
-/** The same for an area, where another way to write the same shape and numbers is no difference. */
-[[nodiscard]] QList<AttributeWish>
-DifferencesOfArea(const PageTag& tag, const QList<AttributeWish>& attributes);

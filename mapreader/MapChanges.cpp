@@ -177,7 +177,7 @@ void MapChanger::FillSlots(const QList<AreaWish>& areas)
 std::optional<QList<TextReplacement>> MapChanger::ChangesOf(const AreaWish& area) const
 {
     const PageTag tag = TagOf(area.source);
-    return ChangeTag(tag, DifferencesOfArea(tag, area.attributes));
+    return ChangeTag(tag, DifferencesOf(tag, area.attributes));
 }
 
 void MapChanger::FillSlot(qsizetype slot, const AreaWish& area)

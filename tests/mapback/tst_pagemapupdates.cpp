@@ -104,6 +104,8 @@ private Q_SLOTS:
     void updatesFollowEachOther();
     void codeIsNeitherChangedNorLost();
     void attributesAreSeenAndSet();
+    void attributesAreWrittenAsTheyWereTyped();
+    void copyOfAnEmptyAttributeIsWrittenOnce();
     void modeThatNeedsAScriptIsRefused();
 };
 
@@ -381,6 +383,32 @@ void tst_pagemapupdates::attributesAreSeenAndSet()
         Changed(page, [&area](MapSource& now) { now.Areas[0] = area; }),
         QStringLiteral("<map name=m><area href='{{ a }}' coords=5,6,7 shape=circle title=Tip "
                        "rel=\"\"></map>"));
+}
+
+void tst_pagemapupdates::attributesAreWrittenAsTheyWereTyped()
+{
+    const QString page = QStringLiteral("<map name=m><area coords='1,2,3,4'></map>");
+    const ReturnedMap map = Opened(page);
+    MapArea area = map.source.Areas[0];
+    QVERIFY(SetAttribute(area, QStringLiteral("coords"), QStringLiteral("1, 2, 3, 4"), map));
+    QVERIFY(SetAttribute(area, QStringLiteral("shape"), QStringLiteral("rect"), map));
+    QCOMPARE(
+        Changed(page, [&area](MapSource& now) { now.Areas[0] = area; }),
+        QStringLiteral("<map name=m><area coords='1, 2, 3, 4' shape='rect'></map>"));
+}
+
+void tst_pagemapupdates::copyOfAnEmptyAttributeIsWrittenOnce()
+{
+    QString page = QStringLiteral("<map name=m>\n<area shape>\n<area a>\n<area></map>");
+    const ReturnedMap map = Opened(page);
+    MapSource now = map.source;
+    now.Areas = { now.Areas[0], now.Areas[0], now.Areas[2], now.Areas[2] };
+    const auto update = UpdateMap(page, map, map.mode, now, SomePage());
+    QVERIFY(update);
+    page = Replaced(page, update->changes);
+    QCOMPARE(page.count(QStringLiteral("shape")), 2);
+    const auto same = UpdateMap(page, update->after, map.mode, now, SomePage());
+    QVERIFY(same && same->changes.isEmpty());
 }
 
 void tst_pagemapupdates::modeThatNeedsAScriptIsRefused()

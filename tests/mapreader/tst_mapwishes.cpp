@@ -48,15 +48,8 @@ struct Edit
     bool changesOnePlace;
 };
 
-const std::array<Edit, 8> edits = { {
+const std::array<Edit, 7> edits = { {
     { "nothing", [](MapWish&, qsizetype) {}, false },
-    { "same numbers",
-      [](MapWish& wish, qsizetype area) {
-          if (QString& coords = Value(wish.areas[area], "coords"); !coords.isNull()) {
-              coords = u' ' + coords + u' ';
-          }
-      },
-      false },
     { "geometry", [](MapWish& wish, qsizetype area) { Value(wish.areas[area], "coords") = "11,12,13,14"; },
       true },
     { "link", [](MapWish& wish, qsizetype area) { Value(wish.areas[area], "href") = "a new \"place\"?x&y"; },
