@@ -55,7 +55,7 @@ void MapOpening::EditMap(const QString& page, const PageMaps& maps, const MapPla
             QStringLiteral("The map was changed by hand, so that it cannot be read any more !"));
         return;
     }
-    const MapOrigin there(parts_.page.Anchor({ place.whole.offset, place.whole.length }), {});
+    const MapOrigin there(parts_.page.Anchor({ place.whole.offset, place.whole.length }), {}, {});
     if (parts_.update.IsOpen(page, place.whole) || !parts_.discard()) {
         return;
     }

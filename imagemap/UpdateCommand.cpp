@@ -124,7 +124,8 @@ ShownMap UpdateCommand::Shown(const ReturnedMap* read) const
 
 void UpdateCommand::TakeInserted(std::unique_ptr<AnchoredRange> range)
 {
-    origins_.Set(std::make_unique<MapOrigin>(std::move(range), Shown(nullptr)));
+    const TextSpan place = range->Place();
+    origins_.Set(std::make_unique<MapOrigin>(std::move(range), parts_.page.TextIn(place), Shown(nullptr)));
 }
 
 void UpdateCommand::TakeRead(ReturnedMap read)
@@ -150,24 +151,53 @@ KeptOrigin UpdateCommand::Kept(const KeptOrigin& last) const
 void UpdateCommand::Resume(const KeptOrigin& kept)
 {
     const QString page = parts_.page.Text();
+    const bool isDone = kept.Of == KeptOrigin::Inserted ? ResumeInserted(page, kept) : ResumeRead(page, kept);
+    if (!isDone) {
+        parts_.panels.ShowHint(notFoundNote);
+    }
+}
+
+bool UpdateCommand::ResumeRead(const QString& page, const KeptOrigin& kept)
+{
     std::optional<ReturnedMap> read = FindKept(page, kept);
     if (!read) {
-        parts_.panels.ShowHint(notFoundNote);
-        return;
+        return false;
     }
-    const PictureSurface& surface = parts_.pane.Surface();
-    (void)FitToPicture(*read, { surface.PictureWidth(), surface.PictureHeight() });
-    // Page and map agreed on what would be shown of the page, not on what is shown.
-    const QMap<QString, QString> texts = parts_.fields.Texts();
-    parts_.fields.ShowTyped(read->source);
-    ShownMap agreed = Shown(&*read);
-    parts_.fields.SetTexts(texts);
-    agreed.map.mode = read->mode;
-    agreed.map.source.ModeDefault = read->source.ModeDefault;
-    agreed.map.source.Areas = read->source.Areas;
+    ShownMap agreed = AgreedOn(*read);
     std::unique_ptr<AnchoredRange> range = parts_.page.Anchor({ read->Held().offset, read->Held().length });
     const QString text = TextOf(page, *read);
     origins_.Set(std::make_unique<MapOrigin>(*std::move(read), std::move(range), text, std::move(agreed)));
+    return true;
+}
+
+bool UpdateCommand::ResumeInserted(const QString& page, const KeptOrigin& kept)
+{
+    const std::optional<TextSpan> place = FindInserted(page, kept);
+    if (!place) {
+        return false;
+    }
+    std::optional<ReturnedMap> read = MapOrigin(parts_.page.Anchor(*place), kept.Text, {}).ReadAgain(page);
+    if (!read) {
+        return false;
+    }
+    ShownMap agreed = AgreedOn(*read);
+    origins_.Set(std::make_unique<MapOrigin>(parts_.page.Anchor(*place), kept.Text, std::move(agreed)));
+    return true;
+}
+
+/** What page and map agreed on: what would be shown of `read`, not what is shown. */
+ShownMap UpdateCommand::AgreedOn(ReturnedMap& read)
+{
+    const PictureSurface& surface = parts_.pane.Surface();
+    (void)FitToPicture(read, { surface.PictureWidth(), surface.PictureHeight() });
+    const QMap<QString, QString> texts = parts_.fields.Texts();
+    parts_.fields.ShowTyped(read.source);
+    ShownMap agreed = Shown(&read);
+    parts_.fields.SetTexts(texts);
+    agreed.map.mode = read.mode;
+    agreed.map.source.ModeDefault = read.source.ModeDefault;
+    agreed.map.source.Areas = read.source.Areas;
+    return agreed;
 }
 
 bool UpdateCommand::IsOfPage() const

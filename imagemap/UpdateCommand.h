@@ -95,6 +95,9 @@ private:
     [[nodiscard]] bool WriteAll(MapOrigin& origin);
     bool Write(const QString& page, const ReturnedMap& was, EditedMap now);
     void Make(const MapUpdate& update, const EditedMap& now);
+    [[nodiscard]] bool ResumeRead(const QString& page, const KeptOrigin& kept);
+    [[nodiscard]] bool ResumeInserted(const QString& page, const KeptOrigin& kept);
+    [[nodiscard]] ShownMap AgreedOn(ReturnedMap& read);
     [[nodiscard]] MapPicture Picture() const;
     [[nodiscard]] QString TextAt(const HtmlSpan& place) const;
     bool PrepareNew(const QString& page, const ReturnedMap& picture, EditedMap& map);

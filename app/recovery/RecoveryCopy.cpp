@@ -13,7 +13,7 @@
 namespace {
 
 constexpr QByteArrayView fileMark = "CartRecv";
-constexpr quint32 formVersion = 3;
+constexpr quint32 formVersion = 4;
 constexpr auto checksumKind = QCryptographicHash::Sha256;
 constexpr qsizetype checksumLength = 32;
 /** Longer ones than this are none of ours: the longest text that can be edited takes less. */
@@ -59,12 +59,19 @@ static QDataStream& operator>>(QDataStream& stream, AreaAttribute& attribute)
 
 static QDataStream& operator<<(QDataStream& stream, const KeptOrigin& origin)
 {
-    return stream << origin.Text << origin.Start << origin.Sources << origin.IsPicture;
+    return stream << origin.Text << origin.Start << origin.Sources << qint32(origin.Of);
 }
 
 static QDataStream& operator>>(QDataStream& stream, KeptOrigin& origin)
 {
-    return stream >> origin.Text >> origin.Start >> origin.Sources >> origin.IsPicture;
+    qint32 kind = 0;
+    stream >> origin.Text >> origin.Start >> origin.Sources >> kind;
+    if (kind < 0 || kind >= KeptOrigin::Kinds) {
+        stream.setStatus(QDataStream::ReadCorruptData);
+        return stream;
+    }
+    origin.Of = static_cast<KeptOrigin::Kind>(kind);
+    return stream;
 }
 
 static QDataStream& operator<<(QDataStream& stream, const MapArea& area)

@@ -59,7 +59,7 @@ std::vector<ReturnedMap> CandidatesFor(QStringView page, const KeptOrigin& kept)
     const PageMaps maps = ReadPageMaps(page);
     const auto isLikeKept = [&](const HtmlSpan& place) { return kept.Text.startsWith(place.In(page)); };
     std::vector<ReturnedMap> found;
-    if (kept.IsPicture) {
+    if (kept.Of == KeptOrigin::Picture) {
         for (const HtmlSpan& picture : PicturesWithoutMap(maps)) {
             if (isLikeKept(picture)) {
                 found.push_back(ReadPicture(page, picture));
@@ -78,6 +78,14 @@ std::vector<ReturnedMap> CandidatesFor(QStringView page, const KeptOrigin& kept)
     return found;
 }
 
+KeptOrigin::Kind KindOf(const std::optional<ReturnedMap>& read)
+{
+    if (!read) {
+        return KeptOrigin::Inserted;
+    }
+    return read->IsInPage() ? KeptOrigin::Map : KeptOrigin::Picture;
+}
+
 TextAtPlace PlacesOf(QStringView page)
 {
     return [page](const HtmlSpan& place) { return page.mid(place.offset, place.length).toString(); };
@@ -90,8 +98,9 @@ MapOrigin::MapOrigin(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QSt
     Agree(std::move(read), std::move(range), std::move(text), std::move(shown));
 }
 
-MapOrigin::MapOrigin(std::unique_ptr<AnchoredRange> range, ShownMap shown)
+MapOrigin::MapOrigin(std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown)
     : range_(std::move(range))
+    , text_(std::move(text))
     , shown_(std::move(shown))
 {
 }
@@ -138,15 +147,15 @@ std::optional<ReturnedMap> MapOrigin::ReadAgain(QStringView page) const
 KeptOrigin MapOrigin::Kept(const KeptOrigin& last) const
 {
     KeptOrigin kept;
-    if (read_ && IsThere()) {
+    if (IsThere()) {
         const TextSpan place = range_->Place();
         // Others of the same text are at least its length away, so less than half of that leads to none of
         // them.
         const bool isNear = 2 * std::abs(qint64(place.Start) - last.Start) < place.Length;
         kept.Text = text_;
         kept.Start = isNear && last.Text == text_ ? last.Start : place.Start;
-        kept.IsPicture = !read_->IsInPage();
-        for (const MapArea& area : read_->source.Areas) {
+        kept.Of = KindOf(read_);
+        for (const MapArea& area : read_ ? read_->source.Areas : MapAreas()) {
             kept.Sources << area.Source;
         }
     }
@@ -170,6 +179,19 @@ std::optional<ReturnedMap> FindKept(QStringView page, const KeptOrigin& kept)
         }
     }
     return best;
+}
+
+std::optional<TextSpan> FindInserted(QStringView page, const KeptOrigin& kept)
+{
+    const qsizetype length = kept.Text.size();
+    const qsizetype start = std::clamp<qsizetype>(kept.Start, 0, page.size());
+    const qsizetype before = length > 0 ? page.lastIndexOf(kept.Text, start) : -1;
+    const qsizetype behind = length > 0 ? page.indexOf(kept.Text, start) : -1;
+    if (before < 0 && behind < 0) {
+        return std::nullopt;
+    }
+    const bool isBefore = behind < 0 || (before >= 0 && start - before <= behind - start);
+    return TextSpan{ isBefore ? before : behind, length };
 }
 
 QString TextOf(QStringView page, const ReturnedMap& map)

@@ -25,8 +25,8 @@ public:
     /** A map that was read from a page, at `range`, or a picture that has none yet. */
     MapOrigin(ReturnedMap read, std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);
 
-    /** A map that was put into a page, at `range`; what stands there is read when it is needed. */
-    MapOrigin(std::unique_ptr<AnchoredRange> range, ShownMap shown);
+    /** A map that was put into a page as `text`, at `range`; it is read when it is needed. */
+    MapOrigin(std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);
 
     /** Whether its page is still the document. */
     [[nodiscard]] bool IsThere() const { return range_ != nullptr && range_->IsThere(); }
@@ -50,9 +50,8 @@ public:
      * more, or cannot be read, or has got to a picture that had none. */
     [[nodiscard]] std::optional<ReturnedMap> ReadAgain(QStringView page) const;
 
-    /** What has to be kept to find the map in its page again; nothing of one that was only put into it. It is
-     * `last`, what was kept before, as long as FindKept() finds the map by that too: so it does not change
-     * with every key that is typed before the map. */
+    /** What has to be kept to find the map in its page again. It is `last`, what was kept before, as long as
+     * that leads to the map too: so it does not change with every key that is typed before the map. */
     [[nodiscard]] KeptOrigin Kept(const KeptOrigin& last) const;
 
     /** Map and page agree: `read` is what the page has at `range`, which holds `text`. */
@@ -61,7 +60,7 @@ public:
 private:
     std::unique_ptr<AnchoredRange> range_;
     std::unique_ptr<AnchoredRange> picture_; ///< the picture that had no map until an update
-    QString text_;                           ///< of the range and of the picture's tag when they were read
+    QString text_; ///< of the range, and of the picture's tag, when they were read or put in
     std::optional<ReturnedMap> read_;
     ShownMap shown_;
 };
@@ -69,6 +68,9 @@ private:
 /** The map or picture that was kept, where a page has it unchanged; of several, the one that is next to its
  * old place. */
 [[nodiscard]] std::optional<ReturnedMap> FindKept(QStringView page, const KeptOrigin& kept);
+
+/** Where a page has the text of a map that was put into it; of several places, the one next to the old. */
+[[nodiscard]] std::optional<TextSpan> FindInserted(QStringView page, const KeptOrigin& kept);
 
 /** What a page has at the places of `map`; while it stays the same, so do they. */
 [[nodiscard]] QString TextOf(QStringView page, const ReturnedMap& map);

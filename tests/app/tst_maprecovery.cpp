@@ -19,6 +19,8 @@ private Q_SLOTS:
     void restoredMapWithoutChangesClosesWithoutAQuestion();
     void pictureWithoutAMapGetsItAfterwards();
     void mapThatThePageHasNoMoreIsTold();
+    void insertedMapIsUpdatedWhereItIs_data();
+    void insertedMapIsUpdatedWhereItIs();
     void typingBeforeAMapDoesNotKeepItAnew();
 
 private:
@@ -117,6 +119,38 @@ void tst_maprecovery::mapThatThePageHasNoMoreIsTold()
                 ->text()
                 .startsWith(u"The page that is open does not have the map as it was"));
     QCOMPARE(Rows().size(), 2);
+    test_->folder.map.Clear();
+}
+
+void tst_maprecovery::insertedMapIsUpdatedWhereItIs_data()
+{
+    QTest::addColumn<int>("form");
+    QTest::newRow("as ever") << int(MarkupForm::Html4);
+    QTest::newRow("for today's browsers") << int(MarkupForm::Today);
+    QTest::newRow("as a map element for them") << int(MarkupForm::TodayMapElement);
+}
+
+void tst_maprecovery::insertedMapIsUpdatedWhereItIs()
+{
+    QFETCH(const int, form);
+    Load(PageOf("<p>One</p>\r\n\r\n<p>Two</p>\r\n"));
+    test_->Editor()->Select(12, 0);
+    test_->Press(Qt::Key_I, Qt::ControlModifier);
+    MapAreas areas = { PlainArea({ 1, 2, 30, 40 }, "a.htm"), PlainArea({ 100, 100, 20 }, "b.htm") };
+    areas[0].Text = QStringLiteral("The quay"); // else it is made of the link
+    FillANewMap(areas);
+    TypeIn(Map(), "txtName", "m");
+    ::Find<QComboBox>(Map(), "cmbMarkup")->setCurrentIndex(form);
+    ::Find<QAction>(Map(), "mnuInsert")->trigger();
+    const QString inserted = Text();
+    ShowArea(0);
+    TypeIn(Map(), "cmbAreaLink", "c.htm");
+    const QString now = u"<p>Written after it was put in</p>\r\n" + inserted;
+    EndSuddenly(now);
+    QVERIFY(::Find<QAction>(Map(), "mnuAUpdatePage")->isEnabled());
+    Update();
+    QCOMPARE(Text(), Replaced(now, "a.htm", "c.htm"));
+    // The question of a map that was drawn here is asked as ever.
     test_->folder.map.Clear();
 }
 

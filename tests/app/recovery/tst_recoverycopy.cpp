@@ -105,7 +105,7 @@ void tst_recoverycopy::mapOfAPageKeepsItsOriginAndAttributes()
     copy.Origin = { .Text = QStringLiteral("<map name=\u00e9></map>"),
                     .Start = qint64(1) << 33,
                     .Sources = { 7, -1 },
-                    .IsPicture = true };
+                    .Of = KeptOrigin::Inserted };
     QVERIFY(WriteCopy(Path(), copy));
     QVERIFY(ReadMapCopy(Path()) == copy);
 }

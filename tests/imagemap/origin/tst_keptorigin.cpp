@@ -9,7 +9,7 @@ constexpr QLatin1String
 
 KeptOrigin KeptMapAt(qint64 start)
 {
-    return { .Text = QString(someMap).trimmed(), .Start = start, .Sources = { 4, 2 }, .IsPicture = false };
+    return { .Text = QString(someMap).trimmed(), .Start = start, .Sources = { 4, 2 }, .Of = KeptOrigin::Map };
 }
 
 /** Where the page of a test says that a map is. */
@@ -49,6 +49,7 @@ private Q_SLOTS:
     void otherTextIsNotTaken();
     void pictureIsFoundByItsTag();
     void areasKeepTheirSources();
+    void whatWasPutInIsFoundByItsText();
 };
 
 void tst_keptorigin::nearestOfSeveralIsTaken()
@@ -93,7 +94,7 @@ void tst_keptorigin::pictureIsFoundByItsTag()
 {
     const QString page = QStringLiteral("<p><img src=a><img src=b></p>");
     const KeptOrigin kept{
-        .Text = QStringLiteral("<img src=b>"), .Start = 0, .Sources = {}, .IsPicture = true
+        .Text = QStringLiteral("<img src=b>"), .Start = 0, .Sources = {}, .Of = KeptOrigin::Picture
     };
     const auto found = FindKept(page, kept);
     QVERIFY(found);
@@ -108,6 +109,25 @@ void tst_keptorigin::areasKeepTheirSources()
     QVERIFY(found);
     QCOMPARE(found->source.Areas.at(0).Source, 4);
     QCOMPARE(found->source.Areas.at(1).Source, 2);
+}
+
+void tst_keptorigin::whatWasPutInIsFoundByItsText()
+{
+    const QString page = QStringLiteral("abc<map></map>abc<map></map>abc");
+    KeptOrigin kept{
+        .Text = QStringLiteral("<map></map>"), .Start = 0, .Sources = {}, .Of = KeptOrigin::Inserted
+    };
+    const auto found = [&] { return FindInserted(page, kept).value_or(TextSpan()).Start; };
+    QCOMPARE(found(), 3);
+    kept.Start = 10;
+    QCOMPARE(found(), 3);
+    kept.Start = 11;
+    QCOMPARE(found(), 17);
+    kept.Start = qint64(1) << 40;
+    QCOMPARE(found(), 17);
+    QVERIFY(!FindInserted(QStringLiteral("<map></ma>"), kept));
+    kept.Text.clear();
+    QVERIFY(!FindInserted(page, kept));
 }
 
 QTEST_APPLESS_MAIN(tst_keptorigin)
