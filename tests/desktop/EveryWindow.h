@@ -32,6 +32,7 @@
 #include <QTest>
 #include <QTreeView>
 #include <QTreeWidget>
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -39,15 +40,19 @@
 class EveryWindow
 {
 public:
+    static constexpr std::array names = { "splash",         "main",        "links",         "editor",
+                                          "attributes",     "area",        "link-0",        "link-1",
+                                          "link-2",         "link-3",      "link-4",        "outline",
+                                          "script-options", "preferences", "help-contents", "help-index",
+                                          "help-search",    "font",        "question",      "page-maps",
+                                          "map-change",     "grid",        "table",         "regions",
+                                          "regions-found" };
+
     /** A row for each window, with its name. */
     static void Rows()
     {
         QTest::addColumn<QByteArray>("window");
-        for (const char* const name :
-             { "splash",      "main",          "links",      "editor",      "attributes", "area",
-               "link-0",      "link-1",        "link-2",     "link-3",      "link-4",     "script-options",
-               "preferences", "help-contents", "help-index", "help-search", "font",       "question",
-               "page-maps",   "map-change",    "grid",       "table",       "regions",    "regions-found" }) {
+        for (const char* const name : names) {
             QTest::newRow(name) << QByteArray(name);
         }
     }
@@ -97,6 +102,11 @@ private:
         if (name == "area") {
             frmImageMap* const editor = Editor();
             Find<QTabWidget>(editor, "SSTab1")->setCurrentIndex(2);
+            return editor;
+        }
+        if (name == "outline") {
+            frmImageMap* const editor = Editor();
+            Find<QAction>(editor, "mnuAOutline")->trigger();
             return editor;
         }
         if (name.startsWith("link-")) {
