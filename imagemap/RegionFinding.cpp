@@ -1,14 +1,11 @@
 #include "imagemap/RegionFinding.h"
 
 #include "outline/RegionCandidates.h"
-
-#include <QPromise>
-#include <QThreadPool>
+#include "outline/WorkBeside.h"
 
 namespace {
 
-constexpr int wholeSearch = 100;
-/** Of which shaping the regions takes the rest. */
+/** Of the whole work; shaping the regions takes the rest. */
 constexpr int findingShare = 90;
 
 /** One search, in a thread of its own. */
@@ -22,41 +19,42 @@ struct RegionWork
     void Run(QPromise<RegionsFound>& promise) const;
 
 private:
-    [[nodiscard]] PictureRegions Look(QPromise<RegionsFound>& promise) const;
+    [[nodiscard]] PictureRegions Look(QPromise<RegionsFound>& promise, const StopSign& stop) const;
 };
 
-PictureRegions RegionWork::Look(QPromise<RegionsFound>& promise) const
+PictureRegions RegionWork::Look(QPromise<RegionsFound>& promise, const StopSign& stop) const
 {
     RegionSearch search{ .within = wish.within,
                          .tolerance = wish.tolerance,
-                         .leastPixels = wish.leastPixels };
+                         .leastPixels = wish.leastPixels,
+                         .stop = stop };
     const QRect box = wish.within.isNull() ? picture.rect() : wish.within;
     const qint64 rows = qint64(box.height()) * way.passes;
     qint64 done = 0;
-    search.isGivenUp = [&promise, &done, rows] {
+    search.passRow = [&promise, &done, rows] {
         promise.setProgressValue(static_cast<int>(findingShare * done++ / rows));
-        return promise.isCanceled();
     };
     return way.find(picture, search);
 }
 
 void RegionWork::Run(QPromise<RegionsFound>& promise) const
 {
+    const StopSign stop = StopSignOf(promise);
     RegionsFound found{ regions, {} };
     int done = 0;
     if (found.regions == nullptr) {
-        found.regions = std::make_shared<const PictureRegions>(Look(promise));
+        found.regions = std::make_shared<const PictureRegions>(Look(promise, stop));
         done = findingShare;
     }
     const auto count = static_cast<qsizetype>(found.regions->size());
     found.candidates.reserve(count);
     for (const PictureRegion& region : *found.regions) {
-        if (promise.isCanceled()) {
+        if (stop.IsUpNow()) {
             return;
         }
         const qsizetype number = found.candidates.size() + 1;
-        found.candidates << CandidateOf(region, number, wish.precision);
-        promise.setProgressValue(done + static_cast<int>((wholeSearch - done) * number / count));
+        found.candidates << CandidateOf(region, number, wish.precision, stop);
+        promise.setProgressValue(done + static_cast<int>((wholeWork - done) * number / count));
     }
     promise.addResult(std::move(found));
 }
@@ -87,16 +85,8 @@ void RegionFinding::Find(const RegionWish& wish)
     GiveUp();
     wish_ = wish;
     const bool areKnown = regions_ != nullptr && wish.HasRegionsOf(wishBefore_);
-    // Nobody waits for a search that was given up: it owns all that it needs.
-    const auto promise = std::make_shared<QPromise<RegionsFound>>();
-    promise->setProgressRange(0, wholeSearch);
-    promise->start();
-    watcher_.setFuture(promise->future());
-    QThreadPool::globalInstance()->start(
-        [promise, work = RegionWork{ picture_, way_, wish, areKnown ? regions_ : nullptr }] {
-            work.Run(*promise);
-            promise->finish();
-        });
+    const RegionWork work{ picture_, way_, wish, areKnown ? regions_ : nullptr };
+    BeginBeside(watcher_, [work](QPromise<RegionsFound>& promise) { work.Run(promise); });
 }
 
 void RegionFinding::GiveUp()

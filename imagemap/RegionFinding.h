@@ -12,7 +12,7 @@
 struct RegionWay
 {
     PictureRegions (*find)(const QImage& picture, const RegionSearch& search);
-    int passes;        ///< how often it asks for each row whether it is given up
+    int passes;        ///< how often it passes each row
     bool hasTolerance; ///< or else it takes no notice of colours
 };
 

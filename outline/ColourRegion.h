@@ -28,9 +28,9 @@ public:
 
     /**
      * Makes the region what it is with this tolerance. A larger one than before goes on from the edge of what
-     * there is, a smaller one begins anew.
+     * there is, a smaller one begins anew. Where `stop` has broken it off, the next call goes on likewise.
      */
-    void SetTolerance(double tolerance);
+    void SetTolerance(double tolerance, const StopSign& stop = {});
 
     [[nodiscard]] const Region& Found() const { return region_; }
 
@@ -38,12 +38,13 @@ public:
     void Clear();
 
 private:
-    void GoOn();
+    void GoOn(const StopSign& stop);
     [[nodiscard]] QRect MarkedBox() const { return region_.box.adjusted(-1, -1, 1, 1); }
 
     PixelMask& mask_;
     QPoint seed_;
     LikeColours colours_;
     double tolerance_ = -1;
+    bool isWhole_ = false; ///< it has not been stopped
     Region region_;
 };

@@ -68,12 +68,12 @@ bool DoSidesMeet(const ContourSide& one, const ContourSide& other, std::size_t c
 
 } // namespace
 
-Contour ContourOf(const PixelMask& mask, QPoint first, PixelMark mark)
+Contour ContourOf(const PixelMask& mask, QPoint first, PixelMark mark, const StopSign& stop)
 {
     Contour contour{ first };
     std::size_t way = 0;
     QPoint corner = first + edgeWays[way].step;
-    while (corner != first) {
+    while (corner != first && !stop.IsUpFor(1)) {
         const EdgeWay& ahead = edgeWays[way];
         std::size_t turn = 0;
         if (mask.Has(corner + ahead.leftAhead, mark)) {

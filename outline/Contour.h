@@ -1,6 +1,7 @@
 #pragma once
 
 #include "outline/PixelMask.h"
+#include "outline/StopSign.h"
 
 #include <QPoint>
 #include <vector>
@@ -16,7 +17,8 @@ using Contour = std::vector<QPoint>;
  * clockwise, with a corner wherever it turns. What they enclose is inside of it, also where only the corners
  * of two pixels close the ring; so it never touches itself. No other pixel that has the mark touches theirs.
  */
-[[nodiscard]] Contour ContourOf(const PixelMask& mask, QPoint first, PixelMark mark);
+[[nodiscard]] Contour
+ContourOf(const PixelMask& mask, QPoint first, PixelMark mark, const StopSign& stop = {});
 
 /** What the line encloses, in pixels; twice as much, since corners are whole numbers but halves come out. */
 [[nodiscard]] qint64 TwiceAreaOf(const Contour& contour);

@@ -52,7 +52,7 @@ QRect BoxOf(const Contour& contour)
 class CornerGrid
 {
 public:
-    explicit CornerGrid(const Contour& contour)
+    CornerGrid(const Contour& contour, const StopSign& stop)
         : contour_(contour)
         , box_(BoxOf(contour))
         , next_(contour.size(), none)
@@ -61,7 +61,7 @@ public:
         cell_ = std::max(static_cast<int>(std::ceil(std::sqrt(room))), 1);
         columns_ = box_.width() / cell_ + 1;
         first_.assign(std::size_t(columns_) * std::size_t(box_.height() / cell_ + 1), none);
-        for (int i = 0; i < static_cast<int>(contour.size()); ++i) {
+        for (int i = 0; i < static_cast<int>(contour.size()) && !stop.IsUpFor(1); ++i) {
             int& first = first_[CellOf(contour[std::size_t(i)])];
             next_[std::size_t(i)] = std::exchange(first, i);
         }
@@ -132,9 +132,10 @@ private:
 class Thinning
 {
 public:
-    explicit Thinning(const Contour& contour)
+    Thinning(const Contour& contour, const StopSign& stop)
         : contour_(contour)
-        , grid_(contour)
+        , stop_(stop)
+        , grid_(contour, stop)
         , count_(static_cast<int>(contour.size()))
         , left_(count_)
         , before_(contour.size())
@@ -160,7 +161,7 @@ public:
         while (hasProgress && left_ > most) {
             const int before = left_;
             AskAll();
-            while (!waiting_.empty() && left_ > most) {
+            while (!waiting_.empty() && left_ > most && !stop_.IsUpFor(1)) {
                 const Candidate candidate = waiting_.top();
                 waiting_.pop();
                 if (IsCurrent(candidate) &&
@@ -169,7 +170,7 @@ public:
                 }
             }
             waiting_ = {};
-            hasProgress = left_ < before;
+            hasProgress = left_ < before && !stop_.IsUp();
         }
     }
 
@@ -246,7 +247,8 @@ private:
     [[nodiscard]] double Deviation(int from, int to, double limit = never) const
     {
         double square = 0;
-        for (int i = (from + 1) % count_; i != to && square <= limit; i = (i + 1) % count_) {
+        for (int i = (from + 1) % count_; i != to && square <= limit && !stop_.IsUpFor(1);
+             i = (i + 1) % count_) {
             square = std::max(square, SquareDistance(At(i), At(from), At(to)));
         }
         return square;
@@ -254,7 +256,7 @@ private:
 
     void AskAll()
     {
-        for (int i = 0; i < count_; ++i) {
+        for (int i = 0; i < count_ && !stop_.IsUpFor(1); ++i) {
             if (!isGone_[std::size_t(i)]) {
                 Ask(i);
             }
@@ -292,6 +294,7 @@ private:
     }
 
     const Contour& contour_;
+    const StopSign& stop_;
     CornerGrid grid_;
     int count_;
     int left_;
@@ -312,7 +315,7 @@ std::vector<bool> Either(std::vector<bool> one, const std::vector<bool>& other)
 
 } // namespace
 
-ThinContour Thinned(const Contour& contour, double precision, int most)
+ThinContour Thinned(const Contour& contour, double precision, int most, const StopSign& stop)
 {
     if (contour.size() <= fewestCorners) {
         return { contour, 0 };
@@ -321,20 +324,20 @@ ThinContour Thinned(const Contour& contour, double precision, int most)
     // other.
     constexpr int tries = 3;
     const std::vector<bool> none(contour.size(), false);
-    std::vector<bool> isSpared = BestCorners(contour, precision);
+    std::vector<bool> isSpared = BestCorners(contour, precision, stop);
     std::vector<bool> isTight(contour.size(), false);
     std::optional<Thinning> thinning;
     bool isFar = true;
-    for (int i = 0; i < tries && isFar; ++i) {
-        thinning.emplace(contour);
+    for (int i = 0; i < tries && isFar && !stop.IsUp(); ++i) {
+        thinning.emplace(contour, stop);
         thinning->Run(never, fewestCorners, Either(isSpared, isTight));
         thinning->Run(precision, fewestCorners, isSpared);
         isFar = thinning->FindFarSides(precision, isTight);
     }
     if (isFar) {
-        thinning.emplace(contour);
+        thinning.emplace(contour, stop);
         thinning->Run(precision, fewestCorners, none);
     }
     thinning->Run(never, std::max(most, fewestCorners), none);
-    return thinning->Result();
+    return stop.IsUp() ? ThinContour() : thinning->Result();
 }

@@ -19,4 +19,5 @@ struct ThinContour
  * The contour with as few corners as keep it within `precision` of what it was, or, where these are still
  * more than `most`, as keep it as near as so many can. Like the contour, it never crosses nor touches itself.
  */
-[[nodiscard]] ThinContour Thinned(const Contour& contour, double precision, int most = mostCorners);
+[[nodiscard]] ThinContour
+Thinned(const Contour& contour, double precision, int most = mostCorners, const StopSign& stop = {});

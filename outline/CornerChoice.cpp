@@ -11,6 +11,8 @@ namespace {
 constexpr double costOfSide = 0.5;
 /** So many corners may one side pass by; more would take too long to try. */
 constexpr std::size_t mostPassed = 400;
+/** As many pixels could be looked at while sides from one corner are tried. */
+constexpr int stepsOfCorner = 64;
 
 struct Way
 {
@@ -144,13 +146,13 @@ struct BestWay
 
 } // namespace
 
-std::vector<bool> BestCorners(const Contour& contour, double precision)
+std::vector<bool> BestCorners(const Contour& contour, double precision, const StopSign& stop)
 {
     const std::size_t count = contour.size();
     const SideCosts costs(contour);
     std::vector<BestWay> best(count + 1);
     best[0].cost = 0;
-    for (std::size_t from = 0; from < count; ++from) {
+    for (std::size_t from = 0; from < count && !stop.IsUpFor(stepsOfCorner); ++from) {
         WaysPast ways(precision);
         // A side that comes back to where it began is none.
         const std::size_t last = std::min(from + mostPassed, from == 0 ? count - 1 : count);

@@ -7,4 +7,5 @@
  * corners that they pass by. Whether sides cross each other is not looked at, and a side that passes by a
  * place where the contour turns back may be further off.
  */
-[[nodiscard]] std::vector<bool> BestCorners(const Contour& contour, double precision);
+[[nodiscard]] std::vector<bool>
+BestCorners(const Contour& contour, double precision, const StopSign& stop = {});

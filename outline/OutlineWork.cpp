@@ -1,37 +1,43 @@
 #include "outline/OutlineWork.h"
 
-namespace {
+#include "outline/WorkBeside.h"
 
-constexpr std::chrono::milliseconds patience(200);
-
-} // namespace
-
-OutlineWork::OutlineWork()
+RegionOutline OutlineWished(RegionChoice& choice, const OutlineWish& wish, const StopSign& stop)
 {
-    thread_.setMaxThreadCount(1);
+    for (const RegionStep& step : wish.steps) {
+        choice.Take(step.seed, step.how, step.tolerance, stop);
+    }
+    choice.SetTolerance(wish.tolerance, stop);
+    return stop.IsUp() ? RegionOutline() : OutlineOf(choice, wish.plan, stop);
+}
+
+OutlineWork::OutlineWork(Way way, std::chrono::milliseconds patience)
+    : way_(way)
+{
     patience_.setSingleShot(true);
     patience_.setInterval(patience);
-    connect(&patience_, &QTimer::timeout, this, &OutlineWork::TakesLong);
+    connect(&patience_, &QTimer::timeout, this, &OutlineWork::Patience_Timeout);
+    connect(&watcher_, &QFutureWatcher<RegionOutline>::finished, this, &OutlineWork::Watcher_Finished);
 }
 
 OutlineWork::~OutlineWork()
 {
-    thread_.waitForDone();
+    watcher_.cancel();
 }
 
 void OutlineWork::Begin(const QImage& picture)
 {
     Clear();
     picture_ = picture;
-    choice_.reset();
 }
 
 void OutlineWork::Take(QPoint seed, RegionTaking how)
 {
     if (how == RegionTaking::Alone) {
         steps_.clear();
+        watcher_.cancel();
     }
-    steps_ << Step{ seed, how, tolerance_ };
+    steps_ << RegionStep{ seed, how, tolerance_ };
     isAnythingTaken_ = true;
     Want();
 }
@@ -45,9 +51,7 @@ void OutlineWork::SetTolerance(double tolerance)
     if (!isAnythingTaken_) {
         return;
     }
-    if (steps_.isEmpty()) {
-        steps_ << Step{ {}, {}, tolerance };
-    } else {
+    if (!steps_.isEmpty()) {
         steps_.last().tolerance = tolerance;
     }
     Want();
@@ -65,7 +69,7 @@ void OutlineWork::SetPlan(const OutlinePlan& plan)
 
 void OutlineWork::Clear()
 {
-    ++run_;
+    watcher_.cancel();
     patience_.stop();
     steps_.clear();
     isWanted_ = false;
@@ -79,6 +83,8 @@ void OutlineWork::Want()
     isWanted_ = true;
     if (!isRunning_) {
         Start();
+    } else if (isLong_) {
+        StopWhatIsOutdated();
     }
 }
 
@@ -89,34 +95,41 @@ void OutlineWork::Start()
     }
     isWanted_ = false;
     isRunning_ = true;
+    isLong_ = false;
+    canBeGoneOn_ = steps_.size() <= 1;
     patience_.start();
-    thread_.start([this, run = run_, choice = choice_, steps = std::exchange(steps_, {}), plan = plan_] {
-        for (const Step& step : steps) {
-            if (step.seed) {
-                choice->Take(*step.seed, step.how, step.tolerance);
-            } else {
-                choice->SetTolerance(step.tolerance);
-            }
-        }
-        const RegionOutline outline = OutlineOf(*choice, plan);
-        QMetaObject::invokeMethod(
-            this, [this, run, outline] { Finish(run, outline); }, Qt::QueuedConnection);
+    const OutlineWish wish{ std::exchange(steps_, {}), tolerance_, plan_ };
+    BeginBeside(watcher_, [way = way_, choice = choice_, wish](QPromise<RegionOutline>& promise) {
+        promise.addResult(way(*choice, wish, StopSignOf(promise)));
     });
 }
 
-void OutlineWork::Finish(int run, const RegionOutline& outline)
+void OutlineWork::StopWhatIsOutdated()
+{
+    // What joins a region, or takes it off, needs the one before as a whole.
+    if (isWanted_ && canBeGoneOn_ && steps_.isEmpty()) {
+        watcher_.cancel();
+    }
+}
+
+void OutlineWork::Patience_Timeout()
+{
+    isLong_ = true;
+    Q_EMIT TakesLong();
+    StopWhatIsOutdated();
+}
+
+void OutlineWork::Watcher_Finished()
 {
     isRunning_ = false;
     patience_.stop();
-    if (run != run_) {
-        if (isWanted_) {
-            Start();
-        }
-        return;
-    }
+    const bool isTold = !watcher_.isCanceled();
+    const RegionOutline outline = isTold ? watcher_.result() : RegionOutline();
     // What is asked for at once meanwhile has the choice to itself again.
     if (isWanted_) {
         Start();
     }
-    Q_EMIT Found(outline);
+    if (isTold) {
+        Q_EMIT Found(outline);
+    }
 }

@@ -107,9 +107,16 @@ void KeepLargest(PictureRegions& regions)
     }
 }
 
-bool IsGivenUp(const RegionSearch& search)
+/** Tells that a pass comes to another row; true when it shall end there. */
+bool EndsAtRow(const RegionSearch& search)
 {
-    return search.isGivenUp && search.isGivenUp();
+    if (search.stop.IsUpNow()) {
+        return true;
+    }
+    if (search.passRow) {
+        search.passRow();
+    }
+    return false;
 }
 
 /** Keeps `found`; no more than twice as many as are wanted, or noise would take all memory. */
@@ -133,17 +140,16 @@ public:
         , colours_(picture, search.tolerance)
         , like_(colours_)
         , taken_([](quint8 marks) { return (marks & MarkPiece) != 0; }, 0, MarkPiece | MarkNew)
-        , fill_(mask_, box_, like_)
-        , settle_(mask_, box_, taken_)
+        , fill_(mask_, box_, like_, search.stop)
+        , settle_(mask_, box_, taken_, search.stop)
     {
     }
 
-    /** Takes regions from everywhere, or from where four pixels have one colour alone; false when given up.
-     */
+    /** Takes regions from everywhere, or from where four pixels have one colour alone; false when stopped. */
     bool Find(bool areFourAlike)
     {
         for (int y = box_.top(); y <= box_.bottom(); ++y) {
-            if (IsGivenUp(search_)) {
+            if (EndsAtRow(search_)) {
                 return false;
             }
             const quint8* const marks = mask_.Row(y);
@@ -153,7 +159,7 @@ public:
                 }
             }
         }
-        return true;
+        return !search_.stop.IsUp();
     }
 
     [[nodiscard]] PictureRegions Found()
@@ -189,7 +195,7 @@ private:
         colours_.SetFrom(found.colour);
         fill_.AddTo(found.region, seed);
         if (found.region.pixels >= search_.leastPixels) {
-            found.contour = ContourOf(mask_, found.region.first, MarkPiece);
+            found.contour = ContourOf(mask_, found.region.first, MarkPiece, search_.stop);
             found.role = RoleByThickness(found.region);
             Keep(found_, std::move(found));
         }
@@ -203,7 +209,7 @@ private:
         constexpr qint64 ofPixels = 5;
         CountedPixels counted(mask_);
         Region again;
-        RegionFill(mask_, region.box, counted).AddTo(again, region.first);
+        RegionFill(mask_, region.box, counted, search_.stop).AddTo(again, region.first);
         return counted.Inner() * ofPixels < region.pixels * leastInner ? RegionRole::Line : RegionRole::Area;
     }
 
@@ -236,7 +242,7 @@ PictureRegions RegionsOf(const QImage& picture, const RegionSearch& search)
     }
     PictureRegions found = finder.Found();
     KeepLargest(found);
-    return InReadingOrder(std::move(found));
+    return InReadingOrder(std::move(found), search.stop);
 }
 
 bool HasTransparency(const QImage& picture)
@@ -259,7 +265,7 @@ PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search
     const QImage whole = WithWholePixels(picture);
     const QRect box = search.within.isNull() ? whole.rect() : search.within & whole.rect();
     PixelMask mask(whole.size());
-    for (int y = box.top(); y <= box.bottom(); ++y) {
+    for (int y = box.top(); y <= box.bottom() && !search.stop.IsUpFor(box.width()); ++y) {
         const auto* const pixels = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
         quint8* const marks = mask.Row(y);
         for (int x = box.left(); x <= box.right(); ++x) {
@@ -268,11 +274,11 @@ PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search
     }
     MarkedPixels opaque([](quint8 marks) { return (marks & MarkChosen) != 0; }, MarkPiece, MarkChosen);
     MarkedPixels taken([](quint8 marks) { return (marks & MarkPiece) != 0; }, 0, MarkPiece);
-    RegionFill fill(mask, box, opaque);
-    RegionFill settle(mask, box, taken);
+    RegionFill fill(mask, box, opaque, search.stop);
+    RegionFill settle(mask, box, taken, search.stop);
     PictureRegions islands;
     for (int y = box.top(); y <= box.bottom(); ++y) {
-        if (IsGivenUp(search)) {
+        if (EndsAtRow(search)) {
             return {};
         }
         const quint8* const marks = mask.Row(y);
@@ -284,7 +290,7 @@ PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search
             fill.AddTo(island.region, { x, y });
             if (island.region.pixels >= search.leastPixels) {
                 island.colour = whole.pixel(island.region.first);
-                island.contour = ContourOf(mask, island.region.first, MarkPiece);
+                island.contour = ContourOf(mask, island.region.first, MarkPiece, search.stop);
                 Keep(islands, std::move(island));
             }
             Region settled;
@@ -292,5 +298,5 @@ PictureRegions OpaqueIslandsOf(const QImage& picture, const RegionSearch& search
         }
     }
     KeepLargest(islands);
-    return InReadingOrder(std::move(islands));
+    return InReadingOrder(std::move(islands), search.stop);
 }

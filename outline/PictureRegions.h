@@ -31,8 +31,8 @@ struct RegionSearch
     QRect within;             ///< a part of the picture; null for all of it
     double tolerance = 8;     ///< how far colours of one region may be from that of its first pixel, of 100
     qint64 leastPixels = 200; ///< smaller ones are left out
-    std::function<bool()>
-        isGivenUp = {}; ///< asked now and then; the search ends with nothing when it says so
+    StopSign stop = {};       ///< ends the search with nothing
+    std::function<void()> passRow = {}; ///< called for each row, once by each pass over the picture
 };
 
 /** No more regions are given than so many; the smallest are left out then. */

@@ -44,7 +44,7 @@ void SortLineByLine(const PictureRegions& regions, std::vector<std::size_t>& ord
 }
 
 /** Which region lies next around each of `regions`; none for those that no other encloses. */
-std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions)
+std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions, const StopSign& stop)
 {
     const auto roomOf = [&regions](std::size_t i) {
         const QRect& box = regions[i].region.box;
@@ -61,7 +61,7 @@ std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions
         areas.push_back(TwiceAreaOf(region.contour));
     }
     std::vector<std::optional<std::size_t>> around(regions.size());
-    for (std::size_t i = 0; i < regions.size(); ++i) {
+    for (std::size_t i = 0; i < regions.size() && !stop.IsUp(); ++i) {
         const Region& inner = regions[i].region;
         const qint64 room = roomOf(i);
         for (const std::size_t j : largestFirst) {
@@ -70,6 +70,7 @@ std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions
             }
             const bool isNearer = !around[i] || areas[j] < areas[*around[i]];
             if (isNearer && regions[j].region.box.contains(inner.box) &&
+                !stop.IsUpFor(qint64(regions[j].contour.size())) &&
                 IsAround(regions[j].contour, inner.first)) {
                 around[i] = j;
             }
@@ -80,9 +81,12 @@ std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions
 
 } // namespace
 
-PictureRegions InReadingOrder(PictureRegions regions)
+PictureRegions InReadingOrder(PictureRegions regions, const StopSign& stop)
 {
-    const auto around = AroundEach(regions);
+    const auto around = AroundEach(regions, stop);
+    if (stop.IsUp()) {
+        return {};
+    }
     std::vector<std::vector<std::size_t>> inside(regions.size());
     std::vector<std::size_t> waiting;
     for (std::size_t i = 0; i < regions.size(); ++i) {

@@ -7,4 +7,4 @@
  * bottom, from left to right. What lies inside of another has such an order of its own and stands in front of
  * that other one, since the first area of a map gets the click.
  */
-[[nodiscard]] PictureRegions InReadingOrder(PictureRegions regions);
+[[nodiscard]] PictureRegions InReadingOrder(PictureRegions regions, const StopSign& stop = {});

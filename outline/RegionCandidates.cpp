@@ -22,9 +22,10 @@ QString RoleNote(RegionRole role)
 
 } // namespace
 
-AreaCandidate CandidateOf(const PictureRegion& region, qsizetype number, double precision)
+AreaCandidate CandidateOf(
+    const PictureRegion& region, qsizetype number, double precision, const StopSign& stop)
 {
-    const RegionShape shape = ShapeOf(region.contour, precision);
+    const RegionShape shape = ShapeOf(region.contour, precision, stop);
     QStringList notes(RoleNote(region.role));
     if (shape.HasGivenWay(precision)) {
         notes << QStringLiteral("up to %1 pixels off").arg(shape.deviation, 0, 'f', 1);

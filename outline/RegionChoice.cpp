@@ -6,7 +6,7 @@ RegionChoice::RegionChoice(const QImage& picture)
 {
 }
 
-void RegionChoice::Take(QPoint seed, RegionTaking how, double tolerance)
+void RegionChoice::Take(QPoint seed, RegionTaking how, double tolerance, const StopSign& stop)
 {
     if (how == RegionTaking::Alone) {
         Clear();
@@ -15,13 +15,13 @@ void RegionChoice::Take(QPoint seed, RegionTaking how, double tolerance)
     }
     how_ = how;
     last_.emplace(picture_, mask_, seed);
-    last_->SetTolerance(tolerance);
+    last_->SetTolerance(tolerance, stop);
 }
 
-void RegionChoice::SetTolerance(double tolerance)
+void RegionChoice::SetTolerance(double tolerance, const StopSign& stop)
 {
     if (last_) {
-        last_->SetTolerance(tolerance);
+        last_->SetTolerance(tolerance, stop);
     }
 }
 
@@ -46,7 +46,7 @@ QRect RegionChoice::Box() const
     return isAdded ? chosenBox_ | last_->Found().box : chosenBox_;
 }
 
-std::vector<RegionPiece> RegionChoice::Pieces(PieceHoles holes)
+std::vector<RegionPiece> RegionChoice::Pieces(PieceHoles holes, const StopSign& stop)
 {
     // One region alone is the usual case, and is one piece already.
     if (last_ && chosenBox_.isNull() && how_ != RegionTaking::TakenOff && holes == PieceHoles::Ignored) {
@@ -54,10 +54,10 @@ std::vector<RegionPiece> RegionChoice::Pieces(PieceHoles holes)
         if (found.IsEmpty()) {
             return {};
         }
-        return { { found, ContourOf(mask_, found.first, MarkNew), {} } };
+        return { { found, ContourOf(mask_, found.first, MarkNew, stop), {} } };
     }
     return PiecesOf(
-        mask_, Box(), [this](quint8 marks) { return IsChosen(marks); }, holes);
+        mask_, Box(), [this](quint8 marks) { return IsChosen(marks); }, holes, stop);
 }
 
 bool RegionChoice::IsChosen(quint8 marks) const

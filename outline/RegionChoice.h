@@ -19,10 +19,10 @@ public:
     explicit RegionChoice(const QImage& picture);
 
     /** Takes the region around `seed`; one outside of the picture is empty. */
-    void Take(QPoint seed, RegionTaking how, double tolerance);
+    void Take(QPoint seed, RegionTaking how, double tolerance, const StopSign& stop = {});
 
-    /** Gives the region taken last another tolerance. */
-    void SetTolerance(double tolerance);
+    /** Gives the region taken last another tolerance; what was stopped meanwhile goes on. */
+    void SetTolerance(double tolerance, const StopSign& stop = {});
 
     /** Nothing is chosen any longer. */
     void Clear();
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] QRect Box() const;
 
     /** The connected parts of what is chosen, from the top down. */
-    [[nodiscard]] std::vector<RegionPiece> Pieces(PieceHoles holes);
+    [[nodiscard]] std::vector<RegionPiece> Pieces(PieceHoles holes, const StopSign& stop = {});
 
 private:
     [[nodiscard]] bool IsChosen(quint8 marks) const;

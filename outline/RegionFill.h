@@ -1,6 +1,7 @@
 #pragma once
 
 #include "outline/PixelMask.h"
+#include "outline/StopSign.h"
 
 #include <QRect>
 #include <algorithm>
@@ -20,15 +21,18 @@ struct Region
 /**
  * Marks pixels that hang together, line by line. `Belongs` is asked for rows by `SetRow(mask row, y)`, and
  * tells by `operator()(x)` whether a pixel of that row belongs to the region and is not marked yet; `Mark(x,
- * end)` marks a run of it. Time and memory are linear in the region.
+ * end)` marks a run of it. Time and memory are linear in the region. What is stopped has left out the runs
+ * that ForLeft() names, and what is behind them.
  */
 template<class Belongs> class RegionFill
 {
 public:
-    RegionFill(PixelMask& mask, const QRect& within, Belongs& belongs)
+    /** All of it outlives this. */
+    RegionFill(PixelMask& mask, const QRect& within, Belongs& belongs, const StopSign& stop)
         : mask_(mask)
         , within_(within & mask.Box())
         , belongs_(belongs)
+        , stop_(stop)
     {
     }
 
@@ -45,14 +49,24 @@ public:
         const Run run = TakeRun(region, seed.x(), seed.y());
         Push({ seed.y() + 1, run.from, run.to, 1 });
         Push({ seed.y() - 1, run.from, run.to, -1 });
-        while (!waiting_.empty()) {
+        while (!waiting_.empty() && !stop_.IsUpFor(stepsOfRun + waiting_.back().to - waiting_.back().from)) {
             const Waiting next = waiting_.back();
             waiting_.pop_back();
             TakeRow(region, next);
         }
     }
 
+    /** Calls `use(y, from, to)` for runs that a stopped fill has not looked at. */
+    template<class Use> void ForLeft(Use use) const
+    {
+        for (const Waiting& run : waiting_) {
+            use(run.y, run.from, run.to);
+        }
+    }
+
 private:
+    static constexpr int stepsOfRun = 8;
+
     struct Run
     {
         int from; ///< its first pixel
@@ -122,6 +136,7 @@ private:
     PixelMask& mask_;
     QRect within_;
     Belongs& belongs_;
+    const StopSign& stop_;
     std::vector<Waiting> waiting_;
 };
 

@@ -7,9 +7,9 @@
 namespace {
 
 /** Adds the shape of `contour` to the outline. */
-void AddShape(RegionOutline& outline, const Contour& contour, double precision, bool isHole)
+void AddShape(RegionOutline& outline, const Contour& contour, double precision, bool isHole, const StopSign& stop)
 {
-    const RegionShape shape = ShapeOf(contour, precision);
+    const RegionShape shape = ShapeOf(contour, precision, stop);
     outline.Areas << OutlinedArea{ shape.area, isHole };
     outline.Deviation = std::max(outline.Deviation, shape.deviation);
 }
@@ -25,10 +25,10 @@ MapAreas RegionOutline::Plain() const
     return areas;
 }
 
-RegionOutline OutlineOf(RegionChoice& choice, const OutlinePlan& plan)
+RegionOutline OutlineOf(RegionChoice& choice, const OutlinePlan& plan, const StopSign& stop)
 {
     std::vector<RegionPiece> islands =
-        choice.Pieces(plan.AreHolesLeftOut ? PieceHoles::Found : PieceHoles::Ignored);
+        choice.Pieces(plan.AreHolesLeftOut ? PieceHoles::Found : PieceHoles::Ignored, stop);
     // An island in the lake of another one is smaller, and has to lie in front of it.
     std::stable_sort(islands.begin(), islands.end(), [](const RegionPiece& a, const RegionPiece& b) {
         return a.region.pixels < b.region.pixels;
@@ -36,14 +36,14 @@ RegionOutline OutlineOf(RegionChoice& choice, const OutlinePlan& plan)
     const auto count = static_cast<qsizetype>(islands.size());
     const qsizetype left = plan.IsLargestAlone ? count - 1 : count - mostIslands;
     RegionOutline outline;
-    for (qsizetype i = std::max(left, qsizetype(0)); i < count; ++i) {
+    for (qsizetype i = std::max(left, qsizetype(0)); i < count && !stop.IsUp(); ++i) {
         const RegionPiece& island = islands[std::size_t(i)];
         for (const Contour& hole : island.holes) {
             if (TwiceAreaOf(hole) >= qint64(2) * leastHolePixels) {
-                AddShape(outline, hole, plan.Precision, true);
+                AddShape(outline, hole, plan.Precision, true, stop);
             }
         }
-        AddShape(outline, island.contour, plan.Precision, false);
+        AddShape(outline, island.contour, plan.Precision, false, stop);
     }
     return outline;
 }

@@ -40,4 +40,5 @@ inline constexpr int leastHolePixels = 16;
 inline constexpr qsizetype mostIslands = 200;
 
 /** The areas of what is chosen; none where nothing is. */
-[[nodiscard]] RegionOutline OutlineOf(RegionChoice& choice, const OutlinePlan& plan);
+[[nodiscard]] RegionOutline
+OutlineOf(RegionChoice& choice, const OutlinePlan& plan, const StopSign& stop = {});

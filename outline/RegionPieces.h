@@ -21,5 +21,6 @@ enum class PieceHoles { Ignored, Found };
  * topmost row first. For this time the mask has other marks too, which `belongs` does not look at. Time is
  * linear in the box, and for holes in the boxes of the pieces.
  */
-[[nodiscard]] std::vector<RegionPiece>
-PiecesOf(PixelMask& mask, const QRect& box, const std::function<bool(quint8)>& belongs, PieceHoles holes);
+[[nodiscard]] std::vector<RegionPiece> PiecesOf(
+    PixelMask& mask, const QRect& box, const std::function<bool(quint8)>& belongs, PieceHoles holes,
+    const StopSign& stop = {});

@@ -2,6 +2,7 @@
 
 #include "imagemap/model/AreaGeometry.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -186,8 +187,21 @@ double DeviationOf(const Contour& contour, const EdgeCircle& circle)
     return deviation;
 }
 
+/** Whether the contour keeps so close to the sides of the smallest box around it that it may be one. */
+bool KeepsToItsBox(const Contour& contour, double precision)
+{
+    // A side of BestBox() may be twice the precision within, and the contour the precision within that.
+    const EdgeBox box = EdgesOf(contour);
+    return std::all_of(contour.begin(), contour.end(), [&box, precision](QPoint corner) {
+        return DistanceToBox(box, corner) <= 3 * precision;
+    });
+}
+
 RegionShape RectangleOf(const Contour& contour, double precision)
 {
+    if (!KeepsToItsBox(contour, precision)) {
+        return { {}, tooFar };
+    }
     const EdgeBox box = BestBox(contour, precision);
     MapArea area;
     area.Shape = AreaShape::Rectangle;
@@ -201,7 +215,7 @@ std::array<int, 2> Beside(double number)
     return { static_cast<int>(std::floor(number)), static_cast<int>(std::ceil(number)) };
 }
 
-RegionShape CircleOf(const Contour& contour, double precision)
+RegionShape CircleOf(const Contour& contour, double precision, const StopSign& stop)
 {
     const EdgeBox box = EdgesOf(contour);
     const double x = (box.left + box.right) / 2.0;
@@ -217,6 +231,9 @@ RegionShape CircleOf(const Contour& contour, double precision)
     for (const int atX : Beside(x)) {
         for (const int atY : Beside(y)) {
             for (const int reach : Beside(radius)) {
+                if (stop.IsUpFor(qint64(contour.size()))) {
+                    return best;
+                }
                 const double deviation = DeviationOf(contour, EdgeCircle{ atX, atY, reach });
                 if (deviation < best.deviation) {
                     best.area.Coordinates = { atX, atY, reach };
@@ -231,15 +248,15 @@ RegionShape CircleOf(const Contour& contour, double precision)
 
 } // namespace
 
-RegionShape ShapeOf(const Contour& contour, double precision)
+RegionShape ShapeOf(const Contour& contour, double precision, const StopSign& stop)
 {
     const RegionShape rectangle = RectangleOf(contour, precision);
-    const RegionShape circle = CircleOf(contour, precision);
+    const RegionShape circle = CircleOf(contour, precision, stop);
     const RegionShape& plain = circle.deviation < rectangle.deviation ? circle : rectangle;
     if (plain.deviation <= precision) {
         return plain;
     }
-    const ThinContour thin = Thinned(contour, precision);
+    const ThinContour thin = Thinned(contour, precision, mostCorners, stop);
     MapArea area;
     area.Shape = AreaShape::Polygon;
     area.Coordinates = CoordinatesOf(QList<QPoint>(thin.corners.begin(), thin.corners.end()));

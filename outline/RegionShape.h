@@ -17,4 +17,5 @@ struct RegionShape
  * The shape of a region with this contour: a rectangle or a circle where one keeps within `precision` pixels
  * of it, or else a polygon, clockwise. Coordinates are those of the pixels' edges.
  */
-[[nodiscard]] RegionShape ShapeOf(const Contour& contour, double precision = usualPrecision);
+[[nodiscard]] RegionShape
+ShapeOf(const Contour& contour, double precision = usualPrecision, const StopSign& stop = {});

@@ -31,7 +31,7 @@ PictureRegions EndlessForSmallOnes(const QImage& picture, const RegionSearch& se
 {
     ++searchesBegun;
     const bool isEndless = search.leastPixels < 100;
-    while (isEndless && !search.isGivenUp()) {
+    while (isEndless && !search.stop.IsUpNow()) {
         QThread::usleep(100);
     }
     searchesGivenUp += isEndless ? 1 : 0;
@@ -44,7 +44,7 @@ std::atomic_bool mayGoOn = true;
 PictureRegions WaitingAtHalf(const QImage& picture, const RegionSearch& search)
 {
     for (int row = 0; row <= picture.height() / 2; ++row) {
-        (void)search.isGivenUp();
+        search.passRow();
         QThread::usleep(2000);
     }
     while (!mayGoOn) {

@@ -155,7 +155,7 @@ void tst_pictureregions::searchCanBeGivenUp()
 {
     const QImage picture = Painted({ 100, 60 }, { { QRect(10, 10, 60, 30), Qt::red } });
     int asked = 0;
-    const RegionSearch search{ .within = {}, .isGivenUp = [&asked] { return ++asked > 5; } };
+    const RegionSearch search{ .within = {}, .stop = StopSign([&asked] { return ++asked > 5; }) };
     QVERIFY(RegionsOf(picture, search).empty());
     QCOMPARE(asked, 6);
 }
@@ -210,7 +210,7 @@ void tst_pictureregions::searchOfIslandsCanBeGivenUp()
 {
     const QImage picture = Painted({ 100, 60 }, {});
     int asked = 0;
-    const RegionSearch search{ .within = {}, .isGivenUp = [&asked] { return ++asked > 5; } };
+    const RegionSearch search{ .within = {}, .stop = StopSign([&asked] { return ++asked > 5; }) };
     QVERIFY(OpaqueIslandsOf(picture, search).empty());
     QCOMPARE(asked, 6);
 }
