@@ -313,6 +313,26 @@ std::vector<bool> Either(std::vector<bool> one, const std::vector<bool>& other)
     return one;
 }
 
+bool AreAtMostHalf(const std::vector<bool>& chosen)
+{
+    return 2 * std::size_t(std::count(chosen.begin(), chosen.end(), true)) <= chosen.size();
+}
+
+/** The corners of a good polygon. */
+std::vector<bool> ChosenCorners(const Contour& contour, double precision, const StopSign& stop)
+{
+    constexpr double usualCost = 0.5;
+    constexpr double costForFewest = 1000;
+    const std::vector<bool> chosen = BestCorners(contour, precision, usualCost, stop);
+    if (AreAtMostHalf(chosen)) {
+        return chosen;
+    }
+    // Steps nearly as large as the precision are followed too closely. But a form like an L, of so few
+    // corners that most are needed, is better met than spared one.
+    const std::vector<bool> fewest = BestCorners(contour, precision, costForFewest, stop);
+    return AreAtMostHalf(fewest) ? fewest : chosen;
+}
+
 } // namespace
 
 ThinContour Thinned(const Contour& contour, double precision, int most, const StopSign& stop)
@@ -324,7 +344,7 @@ ThinContour Thinned(const Contour& contour, double precision, int most, const St
     // other.
     constexpr int tries = 3;
     const std::vector<bool> none(contour.size(), false);
-    std::vector<bool> isSpared = BestCorners(contour, precision, stop);
+    std::vector<bool> isSpared = ChosenCorners(contour, precision, stop);
     std::vector<bool> isTight(contour.size(), false);
     std::optional<Thinning> thinning;
     bool isFar = true;
@@ -339,5 +359,6 @@ ThinContour Thinned(const Contour& contour, double precision, int most, const St
         thinning->Run(precision, fewestCorners, none);
     }
     thinning->Run(never, std::max(most, fewestCorners), none);
-    return stop.IsUp() ? ThinContour() : thinning->Result();
+    const ThinContour thin = thinning->Result();
+    return stop.IsUp() ? ThinContour() : thin;
 }

@@ -6,9 +6,6 @@
 
 namespace {
 
-/** What one more side costs, in squares of distances in pixels: so much worse may the others be for want of
- * it. */
-constexpr double costOfSide = 0.5;
 /** So many corners may one side pass by; more would take too long to try. */
 constexpr std::size_t mostPassed = 400;
 /** As many pixels could be looked at while sides from one corner are tried. */
@@ -146,7 +143,8 @@ struct BestWay
 
 } // namespace
 
-std::vector<bool> BestCorners(const Contour& contour, double precision, const StopSign& stop)
+std::vector<bool>
+BestCorners(const Contour& contour, double precision, double costOfSide, const StopSign& stop)
 {
     const std::size_t count = contour.size();
     const SideCosts costs(contour);

@@ -87,6 +87,48 @@ inline double FurthestFrom(const Contour& line, const Contour& other)
     return furthest;
 }
 
+/** Whether the line may go from one corner to another, `length` further on, within `precision` of those
+ * between them. */
+inline bool PassesWithin(const Contour& contour, std::size_t from, std::size_t length, double precision)
+{
+    const auto at = [&contour, from](std::size_t i) { return contour[(from + i) % contour.size()]; };
+    for (std::size_t i = 1; i < length; ++i) {
+        if (DistanceToLine(at(i).x(), at(i).y(), at(0), at(length)) > precision + 1e-9) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/** The fewest corners of the contour with which a closed line keeps within `precision` of all; it may cross
+ * itself. */
+inline std::size_t FewestCorners(const Contour& contour, double precision)
+{
+    const std::size_t count = contour.size();
+    std::vector<std::vector<std::size_t>> lengths(count);
+    for (std::size_t from = 0; from < count; ++from) {
+        for (std::size_t length = 1; length < count; ++length) {
+            if (PassesWithin(contour, from, length, precision)) {
+                lengths[from].push_back(length);
+            }
+        }
+    }
+    std::size_t fewest = count;
+    for (std::size_t start = 0; start < count; ++start) {
+        std::vector<std::size_t> sides(count + 1, count);
+        sides[0] = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            for (const std::size_t length : lengths[(start + i) % count]) {
+                if (i + length <= count) {
+                    sides[i + length] = std::min(sides[i + length], sides[i] + 1);
+                }
+            }
+        }
+        fewest = std::min(fewest, sides[count]);
+    }
+    return fewest;
+}
+
 /** Sets `bit` of all pixels whose centre is inside; `box` is what `pixels` holds, line by line. */
 inline void Paint(const Contour& corners, const QRect& box, int bit, std::vector<int>& pixels)
 {

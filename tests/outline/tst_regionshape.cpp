@@ -68,6 +68,8 @@ private Q_SLOTS:
     void ringThatIsNotClosedIsNoCircle();
     void slantedSideIsOneSide();
     void stepsOfSmoothingAreNoCorners();
+    void formOfFewCornersKeepsThem();
+    void moreThanHalfOfTheCornersAreSpared();
     void polygonKeepsToTheRegion_data();
     void polygonKeepsToTheRegion();
     void precisionGivesWayToTheMostCorners();
@@ -197,6 +199,25 @@ void tst_regionshape::stepsOfSmoothingAreNoCorners()
         constexpr qsizetype drawn = 4;
         QVERIFY(CornersOf(ShapeOf(pieces[0].contour).area).size() <= 3 * drawn);
     }
+}
+
+void tst_regionshape::formOfFewCornersKeepsThem()
+{
+    // A slanted side would do with five, but nobody would draw it.
+    const Contour corner = { { 0, 0 }, { 10, 0 }, { 10, 24 }, { 1, 24 }, { 1, 28 }, { 0, 28 } };
+    QVERIFY(FewestCorners(corner, usualPrecision) < corner.size());
+    QCOMPARE(CornersOfShape(ShapeOf(corner)), corner);
+}
+
+void tst_regionshape::moreThanHalfOfTheCornersAreSpared()
+{
+    // Of steps nearly as large as the precision, and of half as many good corners.
+    const Contour steps = { { 1, 0 }, { 2, 0 },  { 2, 1 },   { 3, 1 },   { 3, 3 },  { 2, 3 }, { 2, 8 },
+                            { 3, 8 }, { 3, 21 }, { 34, 21 }, { 34, 34 }, { 0, 34 }, { 0, 2 }, { 1, 2 } };
+    const Contour corners = CornersOfShape(ShapeOf(steps));
+    QVERIFY(2 * corners.size() <= steps.size());
+    QVERIFY(IsSimple(corners));
+    QVERIFY(FurthestFrom(steps, corners) <= usualPrecision);
 }
 
 void tst_regionshape::polygonKeepsToTheRegion_data()
