@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -121,6 +122,22 @@ const SvgShapeKind* KindNamed(QStringView name)
     return kind != shapeKinds.end() ? kind : nullptr;
 }
 
+/** The elements of a path from one number on, which begins it, to another. */
+QPainterPath PartOf(const QPainterPath& path, int from, int end)
+{
+    QPainterPath part{ QPointF(path.elementAt(from)) };
+    for (int i = from + 1; i < end; ++i) {
+        const QPainterPath::Element place = path.elementAt(i);
+        if (place.isLineTo()) {
+            part.lineTo(place);
+        } else if (place.isCurveTo() && i + 2 < end) {
+            part.cubicTo(place, path.elementAt(i + 1), path.elementAt(i + 2));
+            i += 2;
+        }
+    }
+    return part;
+}
+
 } // namespace
 
 bool IsSvgShape(const QString& name)
@@ -138,4 +155,24 @@ double LengthOf(
     const SvgElement& element, QLatin1String attribute, SvgDirection direction, QSizeF viewport, double other)
 {
     return SvgLength(element.Value(attribute), direction, viewport).value_or(other);
+}
+
+QPainterPath PartsOf(const QPainterPath& path, PathEnds ends)
+{
+    /** Ends that meet are no further apart, in pixels. */
+    constexpr double mostApart = 0.5;
+    QPainterPath parts;
+    parts.setFillRule(path.fillRule());
+    int from = 0;
+    for (int i = 1; i <= path.elementCount(); ++i) {
+        if (i < path.elementCount() && !path.elementAt(i).isMoveTo()) {
+            continue;
+        }
+        const QPointF gap = QPointF(path.elementAt(i - 1)) - QPointF(path.elementAt(from));
+        if ((std::hypot(gap.x(), gap.y()) <= mostApart) == (ends == PathEnds::Meet)) {
+            parts.addPath(PartOf(path, from, i));
+        }
+        from = i;
+    }
+    return parts;
 }

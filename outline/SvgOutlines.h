@@ -17,3 +17,9 @@
 [[nodiscard]] double LengthOf(
     const SvgElement& element, QLatin1String attribute, SvgDirection direction, QSizeF viewport,
     double other = 0);
+
+/** Whether a part of a path ends where it began. */
+enum class PathEnds { Meet, Apart };
+
+/** The parts of a path, in pixels, that have such ends. */
+[[nodiscard]] QPainterPath PartsOf(const QPainterPath& path, PathEnds ends);

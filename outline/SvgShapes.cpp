@@ -26,8 +26,6 @@ constexpr double furthestPlace = 1e9;
 constexpr int deepestUse = 32;
 /** A ground is what takes that much of the picture. */
 constexpr double shareOfGround = 0.9;
-/** The ends of a closed line are no further apart, in pixels. */
-constexpr double closedGap = 0.5;
 /** What fills a hole reaches no further over its box, in whole pixels. */
 constexpr double aroundHole = 1.5;
 
@@ -64,23 +62,6 @@ bool RunsScript(const QString& link)
     QString plain = link;
     plain.removeIf([](QChar character) { return character.unicode() <= u' '; });
     return plain.startsWith(u"javascript:", Qt::CaseInsensitive);
-}
-
-bool IsClosed(const QPainterPath& path)
-{
-    QPointF start;
-    for (int i = 0; i < path.elementCount(); ++i) {
-        const bool isStart = path.elementAt(i).isMoveTo();
-        const bool isEnd = i + 1 == path.elementCount() || path.elementAt(i + 1).isMoveTo();
-        start = isStart ? QPointF(path.elementAt(i)) : start;
-        if (isEnd && !isStart) {
-            const QPointF gap = QPointF(path.elementAt(i)) - start;
-            if (std::hypot(gap.x(), gap.y()) > closedGap) {
-                return false;
-            }
-        }
-    }
-    return true;
 }
 
 /** Whether a place is no further away than any can be; what is no number is not. */
@@ -302,7 +283,17 @@ private:
             reading_.Problem = hugeText.toString();
             return;
         }
-        const bool isLine = !context.isFilled && !IsClosed(path);
+        if (context.isFilled) {
+            AddOutlines(path, context, false);
+        } else {
+            // Whatever line closes has an inside, such as a border that is drawn alone.
+            AddOutlines(PartsOf(path, PathEnds::Meet), context, false);
+            AddOutlines(PartsOf(path, PathEnds::Apart), context, true);
+        }
+    }
+
+    void AddOutlines(const QPainterPath& path, const SvgContext& context, bool isLine)
+    {
         const ShapeOutlines outlines = OutlinesOf(path, context.clip);
         AreaCandidates shapes;
         for (const QPolygonF& outline : outlines.Outer) {

@@ -9,8 +9,12 @@ namespace {
 constexpr QStringView svgNamespaceName = u"http://www.w3.org/2000/svg";
 constexpr QStringView damagedSvgText = u"The drawing is damaged in its line ";
 constexpr QStringView noSvgText = u"This is no SVG drawing !";
+constexpr QStringView compressedText = u"The drawing is compressed (SVGZ): save it as plain SVG first !";
 constexpr QStringView tooDeepText = u"The elements of the drawing stand too deep in one another !";
 constexpr QStringView tooManyText = u"The drawing has more elements than can be believed !";
+
+/** What gzip begins with. */
+constexpr QByteArrayView gzipMark("\x1F\x8B");
 
 /** The attributes that are kept. */
 constexpr std::array<QStringView, 25> keptAttributes = {
@@ -145,8 +149,12 @@ private:
 
 SvgTree ReadSvgTree(const QByteArray& bytes)
 {
+    SvgTree tree;
+    if (bytes.startsWith(gzipMark)) {
+        tree.Problem = compressedText.toString();
+        return tree;
+    }
     if (bytes.size() > SvgTree::mostBytes) {
-        SvgTree tree;
         tree.Problem = tooManyText.toString();
         return tree;
     }

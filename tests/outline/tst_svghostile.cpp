@@ -30,6 +30,8 @@ void tst_svghostile::endInAMessage_data()
     const QByteArray begin = "<svg xmlns='http://www.w3.org/2000/svg' width='200' height='100'>";
     row("nothing", "", "This is no SVG drawing !");
     row("a page", "<html><body></body></html>", "This is no SVG drawing !");
+    row("compressed", QByteArray("\x1F\x8B\x08\0\0\0\0\0", 8),
+        "The drawing is compressed (SVGZ): save it as plain SVG first !");
     row("a picture", "\x89PNG\r\n\x1A\n", "This is no SVG drawing !");
     row("cut off", begin + "\n<g>\n<rect", "The drawing is damaged in its line 3 !");
     row("wrongly nested", begin + "<g></svg>", "The drawing is damaged in its line 1 !");

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void textsAreTakenAlong_data();
     void textsAreTakenAlong();
     void groundsAndLinesAreNotTicked();
+    void closedPartsOfALineAreTicked();
     void theOrderIsThatOfThePainting();
     void whatFillsAHoleIsInFrontOfIt();
 };
@@ -235,6 +236,21 @@ void tst_svgshapes::groundsAndLinesAreNotTicked()
         QCOMPARE(shape.Note.isEmpty(), shape.IsTicked);
     }
     QCOMPARE(ticked, (QList<bool>{ false, true, false, true, false, true, true, false, true }));
+}
+
+void tst_svgshapes::closedPartsOfALineAreTicked()
+{
+    // As maps are drawn: borders without a filling, some of which close.
+    const SvgShapesReading reading = ReadInner(
+        "<path fill='none' stroke='black' d='M10 10h30v30h-30z M50 10h30v30 M90 10h30v30h-30v-30'/>");
+    QCOMPARE(
+        PlacesOf(reading), (QStringList{ "Rectangle 10, 10, 40, 40", "Rectangle 90, 10, 120, 40",
+                                         "Polygon 50, 10, 80, 10, 80, 40" }));
+    QCOMPARE(TickedAreas(reading.Shapes).size(), 2);
+    QVERIFY(!reading.Shapes.constLast().IsTicked);
+    QCOMPARE(reading.Shapes.constLast().Note, "a line without an inside");
+    // What is filled is one, however it is drawn.
+    QVERIFY(ReadInner("<path d='M10 10h30v30h-30z M50 10h30v30'/>").Shapes.constLast().IsTicked);
 }
 
 void tst_svgshapes::theOrderIsThatOfThePainting()
