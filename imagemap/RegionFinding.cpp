@@ -24,10 +24,9 @@ private:
 
 PictureRegions RegionWork::Look(QPromise<RegionsFound>& promise, const StopSign& stop) const
 {
-    RegionSearch search{ .within = wish.within,
-                         .tolerance = wish.tolerance,
-                         .leastPixels = wish.leastPixels,
-                         .stop = stop };
+    RegionSearch search{
+        .within = wish.within, .tolerance = wish.tolerance, .leastPixels = wish.leastPixels, .stop = stop
+    };
     const QRect box = wish.within.isNull() ? picture.rect() : wish.within;
     const qint64 rows = qint64(box.height()) * way.passes;
     qint64 done = 0;

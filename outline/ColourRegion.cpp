@@ -77,7 +77,8 @@ int NextEdge(const quint8* row, int x, int end)
 
 /** Goes on with a region from all edges in the box. */
 void AddBeyondEdges(
-    Region& region, RegionFill<LikePixels>& fill, const PixelMask& mask, const QRect& box, const StopSign& stop)
+    Region& region, RegionFill<LikePixels>& fill, const PixelMask& mask, const QRect& box,
+    const StopSign& stop)
 {
     const int end = box.right() + 1;
     for (int y = box.top(); y <= box.bottom() && !stop.IsUpFor(box.width() / 8); ++y) {

@@ -24,8 +24,10 @@ struct OutlineWish
     OutlinePlan plan;
 };
 
-/** The outline of what is wished. Where it was stopped in the only step, a wish without it goes on with that. */
-[[nodiscard]] RegionOutline OutlineWished(RegionChoice& choice, const OutlineWish& wish, const StopSign& stop);
+/** The outline of what is wished. Where it was stopped in the only step, a wish without it goes on with that.
+ */
+[[nodiscard]] RegionOutline
+OutlineWished(RegionChoice& choice, const OutlineWish& wish, const StopSign& stop);
 
 /**
  * Chooses regions of a picture and outlines them in another thread. While that is at work, what is asked for
@@ -85,8 +87,8 @@ private:
     bool isAnythingTaken_ = false;
     bool isWanted_ = false;
     bool isRunning_ = false;
-    bool isLong_ = false;       ///< what is running has used up the patience
-    bool canBeGoneOn_ = false;  ///< nothing is lost of what is running when it is stopped
+    bool isLong_ = false;      ///< what is running has used up the patience
+    bool canBeGoneOn_ = false; ///< nothing is lost of what is running when it is stopped
     QTimer patience_;
     QFutureWatcher<RegionOutline> watcher_;
 };

@@ -22,8 +22,8 @@ QString RoleNote(RegionRole role)
 
 } // namespace
 
-AreaCandidate CandidateOf(
-    const PictureRegion& region, qsizetype number, double precision, const StopSign& stop)
+AreaCandidate
+CandidateOf(const PictureRegion& region, qsizetype number, double precision, const StopSign& stop)
 {
     const RegionShape shape = ShapeOf(region.contour, precision, stop);
     QStringList notes(RoleNote(region.role));

@@ -7,7 +7,8 @@
 namespace {
 
 /** Adds the shape of `contour` to the outline. */
-void AddShape(RegionOutline& outline, const Contour& contour, double precision, bool isHole, const StopSign& stop)
+void AddShape(
+    RegionOutline& outline, const Contour& contour, double precision, bool isHole, const StopSign& stop)
 {
     const RegionShape shape = ShapeOf(contour, precision, stop);
     outline.Areas << OutlinedArea{ shape.area, isHole };
