@@ -65,7 +65,7 @@ std::vector<std::optional<std::size_t>> AroundEach(const PictureRegions& regions
         const Region& inner = regions[i].region;
         const qint64 room = roomOf(i);
         for (const std::size_t j : largestFirst) {
-            if (roomOf(j) <= room) {
+            if (roomOf(j) <= room || stop.IsUpFor(1)) {
                 break;
             }
             const bool isNearer = !around[i] || areas[j] < areas[*around[i]];

@@ -40,7 +40,7 @@ RegionOutline OutlineOf(RegionChoice& choice, const OutlinePlan& plan, const Sto
     for (qsizetype i = std::max(left, qsizetype(0)); i < count && !stop.IsUp(); ++i) {
         const RegionPiece& island = islands[std::size_t(i)];
         for (const Contour& hole : island.holes) {
-            if (TwiceAreaOf(hole) >= qint64(2) * leastHolePixels) {
+            if (!stop.IsUpFor(qint64(hole.size())) && TwiceAreaOf(hole) >= qint64(2) * leastHolePixels) {
                 AddShape(outline, hole, plan.Precision, true, stop);
             }
         }

@@ -39,7 +39,7 @@ public:
     /** Whether it has stopped what asked it. */
     [[nodiscard]] bool IsUp() const { return isUp_; }
 
-    /** About a quarter of a millisecond. */
+    /** Some tenths of a millisecond. */
     static constexpr qint64 stepsBetween = 1 << 16;
 
 private:
