@@ -28,7 +28,7 @@ CandidateOf(const PictureRegion& region, qsizetype number, double precision, con
     const RegionShape shape = ShapeOf(region.contour, precision, stop);
     QStringList notes(RoleNote(region.role));
     if (shape.HasGivenWay(precision)) {
-        notes << QStringLiteral("up to %1 pixels off").arg(shape.deviation, 0, 'f', 1);
+        notes << QStringLiteral("up to %1 px off").arg(shape.deviation, 0, 'f', 1);
     }
     notes.removeAll(QString());
     return { .Area = shape.area,

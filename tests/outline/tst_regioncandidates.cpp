@@ -83,7 +83,7 @@ void tst_regioncandidates::whatCannotBeFollowedIsTold()
     const double deviation = ShapeOf(region.contour, 0.5).deviation;
     QVERIFY(deviation > 0.5);
     QVERIFY(candidate.IsTicked);
-    QCOMPARE(candidate.Note, QStringLiteral("up to %1 pixels off").arg(deviation, 0, 'f', 1));
+    QCOMPARE(candidate.Note, QStringLiteral("up to %1 px off").arg(deviation, 0, 'f', 1));
     region.role = RegionRole::Ground;
     QVERIFY(CandidateOf(region, 1, 0.5).Note.startsWith("background; up to "));
 }

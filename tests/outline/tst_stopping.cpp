@@ -193,8 +193,9 @@ void tst_stopping::stoppedOutlineLeavesNoMark_data()
 void tst_stopping::stoppedOutlineLeavesNoMark()
 {
     QFETCH(const PieceHoles, holes);
-    RegionChoice choice(Noise());
-    choice.Take(middle, RegionTaking::Alone, mostOfNoise);
+    const QSize part = size / 2;
+    RegionChoice choice(Noise().copy(QRect(middle - QPoint(part.width(), part.height()) / 2, part)));
+    choice.Take(QRect(QPoint(), part).center(), RegionTaking::Alone, mostOfNoise);
     choice.Take({ 0, 0 }, RegionTaking::Joined, mostOfNoise);
     const auto pieces = choice.Pieces(holes);
     const int asks = AsksOf([&](const StopSign& stop) { (void)choice.Pieces(holes, stop); });
