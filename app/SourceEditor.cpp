@@ -6,6 +6,7 @@
 #include "app/TagDrops.h"
 #include "app/source/LineFitter.h"
 #include "app/source/LongLines.h"
+#include "app/source/ShapedLines.h"
 #include "app/source/SourceRange.h"
 #include "app/source/TextSnapshot.h"
 #include "app/source/WidestLine.h"
@@ -38,6 +39,7 @@ SourceEditor::SourceEditor(QWidget* parent)
     : QPlainTextEdit(parent)
     , longLines_(new LongLines(*document()))
     , watch_(new EditWatch(document()))
+    , shapedLines_(new ShapedLines(*document()))
     , margins_(new EditorMargins(*this, [this](const QMargins& margins) { setViewportMargins(margins); }))
     , keys_(std::make_unique<LongLineKeys>(*this))
 {
@@ -259,6 +261,10 @@ void SourceEditor::contextMenuEvent(QContextMenuEvent* event)
 
 bool SourceEditor::viewportEvent(QEvent* event)
 {
+    if (event->type() == QEvent::Paint) {
+        const int mostSeen = viewport()->height() / fontMetrics().lineSpacing() + 2;
+        shapedLines_->Keep(firstVisibleBlock(), mostSeen);
+    }
     const bool isDone = QPlainTextEdit::viewportEvent(event);
     if (keys_ != nullptr) {
         keys_->SettleAfterMouse(*event);

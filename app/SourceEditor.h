@@ -13,6 +13,7 @@ class EditWatch;
 class EditorMargins;
 class LongLineKeys;
 class LongLines;
+class ShapedLines;
 class TextSnapshot;
 
 /**
@@ -122,6 +123,7 @@ private:
 
     LongLines* longLines_; ///< hears of edits before anything else does
     EditWatch* watch_;
+    ShapedLines* shapedLines_;
     EditorMargins* margins_;
     std::unique_ptr<LongLineKeys> keys_;
     LineEnds lineEnds_;
