@@ -24,6 +24,16 @@ constexpr double sideRoom = 0.75;
 constexpr double numberShare = 0.65;
 constexpr double numberGroundShare = 0.05;
 
+/** The width of a number. Asking for that of a text would shape it. */
+int WidthOf(const QString& number, const QFontMetrics& metrics)
+{
+    int width = 0;
+    for (const QChar digit : number) {
+        width += metrics.horizontalAdvance(digit);
+    }
+    return width;
+}
+
 } // namespace
 
 LineNumbers::LineNumbers(SourceEditor& editor)
@@ -36,7 +46,7 @@ LineNumbers::LineNumbers(SourceEditor& editor)
     setAttribute(Qt::WA_OpaquePaintEvent);
     hide();
     connect(&editor_, &SourceEditor::updateRequest, this, &LineNumbers::Follow);
-    connect(&editor_, &SourceEditor::LineCountChanged, this, &LineNumbers::TakeWidth);
+    connect(&editor_, &SourceEditor::LineCountChanged, this, &LineNumbers::TakeCount);
 }
 
 QSize LineNumbers::sizeHint() const
@@ -45,6 +55,12 @@ QSize LineNumbers::sizeHint() const
         std::max(static_cast<int>(QString::number(LineCount(*editor_.document())).size()), leastDigits);
     const double digit = QFontMetricsF(font()).horizontalAdvance(u'0');
     return { static_cast<int>(std::ceil((digits + 2 * sideRoom) * digit)), 0 };
+}
+
+void LineNumbers::TakeCount()
+{
+    update();
+    TakeWidth();
 }
 
 void LineNumbers::TakeWidth()
@@ -57,10 +73,14 @@ void LineNumbers::TakeWidth()
     }
 }
 
-/** Keeps up with what of the editor's view is painted anew or was scrolled. */
+/** Keeps up with what of the editor's view was scrolled, or is painted anew because lines have moved: then it
+ * is all of it. An edit within a line leaves the numbers as they are.
+ */
 void LineNumbers::Follow(const QRect& changed, int scrolled)
 {
-    update(scrolled != 0 ? rect() : QRect(0, changed.y(), width(), changed.height()));
+    if (scrolled != 0 || changed.height() >= editor_.viewport()->height()) {
+        update();
+    }
 }
 
 void LineNumbers::paintEvent(QPaintEvent* event)
@@ -70,7 +90,8 @@ void LineNumbers::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     painter.fillRect(event->rect(), ground);
     painter.setPen(ReadableOn(ground, Mixed(ground, text, numberShare), text));
-    const double right = width() - sideRoom * painter.fontMetrics().horizontalAdvance(u'0');
+    const QFontMetrics metrics = painter.fontMetrics();
+    const double right = width() - sideRoom * metrics.horizontalAdvance(u'0');
     QTextBlock block = editor_.firstVisibleBlock();
     double top = editor_.blockBoundingGeometry(block).translated(editor_.contentOffset()).top();
     const QAbstractTextDocumentLayout& layout = *editor_.document()->documentLayout();
@@ -82,7 +103,7 @@ void LineNumbers::paintEvent(QPaintEvent* event)
             const QTextLine line = block.layout()->lineAt(0);
             const double base = top + line.y() + line.ascent();
             const QString label = QString::number(number);
-            painter.drawText(QPointF(right - painter.fontMetrics().horizontalAdvance(label), base), label);
+            painter.drawText(QPointF(right - WidthOf(label, metrics), base), label);
         }
         top += height;
         block = block.next();

@@ -22,6 +22,7 @@ protected:
 
 private:
     void Follow(const QRect& changed, int scrolled);
+    void TakeCount();
     void TakeWidth();
 
     SourceEditor& editor_;

@@ -10,6 +10,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QWheelEvent>
+#include <utility>
 
 class tst_linenumbers : public DocumentsFixture
 {
@@ -26,6 +27,8 @@ private Q_SLOTS:
     void everyNumberStandsOnItsLine();
     void areAlignedRight();
     void followTheEdits();
+    void arePaintedWheneverLinesMove();
+    void areNotPaintedAtEveryKey();
     void areWiderForMoreLines();
     void growWithTheText();
     void wheelOverThemScrolls();
@@ -64,6 +67,21 @@ private:
         }
         return labels;
     }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        paints_ += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+    /** Whether the numbers have been painted since they were asked last. */
+    bool AreTheyPainted()
+    {
+        QCoreApplication::processEvents();
+        return std::exchange(paints_, 0) > 0;
+    }
+
+    int paints_ = 0;
 
     /** How many columns at the right edge of row `y` to `y + height` are ground alone. */
     int EmptyAtRight(int y, int height)
@@ -177,6 +195,42 @@ void tst_linenumbers::followTheEdits()
     QTRY_COMPARE(Labels().size(), 2);
     Editor()->LoadText(QStringLiteral("1\n2\n3\n4"));
     QTRY_COMPARE(Labels().size(), 4);
+}
+
+void tst_linenumbers::arePaintedWheneverLinesMove()
+{
+    Show(QStringLiteral("a\n").repeated(5));
+    Bar()->installEventFilter(this);
+    (void)AreTheyPainted();
+    test_->Press(Qt::Key_Return);
+    QVERIFY(AreTheyPainted());
+    test_->Press(Qt::Key_Backspace);
+    QVERIFY(AreTheyPainted());
+    test_->Press(Qt::Key_End, Qt::ControlModifier);
+    (void)AreTheyPainted();
+    test_->Press(Qt::Key_Return);
+    QVERIFY(AreTheyPainted());
+    Editor()->Select(0, 0);
+    (void)AreTheyPainted();
+    Editor()->ReplaceSelection(QStringLiteral("so ").repeated(200)); // takes several rows
+    QVERIFY(AreTheyPainted());
+    Editor()->LoadText(QStringLiteral("a\n").repeated(300));
+    QVERIFY(AreTheyPainted());
+    Editor()->verticalScrollBar()->setValue(10);
+    QVERIFY(AreTheyPainted());
+    test_->Press(Qt::Key_Plus, Qt::ControlModifier);
+    QVERIFY(AreTheyPainted());
+}
+
+void tst_linenumbers::areNotPaintedAtEveryKey()
+{
+    Show(QStringLiteral("a\n").repeated(5));
+    Bar()->installEventFilter(this);
+    (void)AreTheyPainted();
+    test_->Type("xyz");
+    QVERIFY(!AreTheyPainted());
+    test_->Press(Qt::Key_Backspace);
+    QVERIFY(!AreTheyPainted());
 }
 
 void tst_linenumbers::areWiderForMoreLines()
