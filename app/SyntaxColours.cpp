@@ -180,8 +180,11 @@ void SyntaxColours::ColourSeen(const QRect& painted)
     const QTextBlock first = editor_.firstVisibleBlock();
     const double top = editor_.blockBoundingGeometry(first).translated(editor_.contentOffset()).top();
     const int height = editor_.viewport()->height();
+    const QTextBlock edited = editor_.document()->findBlock(editStart_);
+    double editedTop = top;
     QTextBlock end = first;
     for (double y = top; end.isValid() && y < height; end = end.next()) {
+        editedTop = end == edited ? y : editedTop;
         y += layout.blockBoundingRect(end).height();
     }
     const int endPosition = end.isValid() ? end.position() : editor_.document()->characterCount();
@@ -189,40 +192,35 @@ void SyntaxColours::ColourSeen(const QRect& painted)
         return;
     }
     // Whoever scrolls while typing sees other lines, too.
-    isTyping_ = pause_.isActive() && first.position() == firstSeen_;
+    const bool isTyping = pause_.isActive() && first.position() == firstSeen_;
     isStale_ = false;
     firstSeen_ = first.position();
     endSeen_ = endPosition;
-    ColourFrom(first, end, top, painted);
+    if (isTyping && edited.position() >= first.position()) {
+        ColourFrom(edited, std::min(endPosition, editEnd_ + 1), editedTop, painted);
+    } else {
+        ColourFrom(first, isTyping ? std::min(endPosition, editEnd_ + 1) : endPosition, top, painted);
+    }
 }
 
-/** Whether a line is one of those that are coloured while the user types. */
-bool SyntaxColours::IsEdited(const QTextBlock& block) const
-{
-    return block.position() <= editEnd_ && block.position() + block.length() > editStart_;
-}
-
-/** Colours the lines before `end`, the first of which is at `top`. */
-void SyntaxColours::ColourFrom(
-    const QTextBlock& first, const QTextBlock& end, double top, const QRect& painted)
+/** Colours the lines that begin before `end`, the first of which is at `top`. */
+void SyntaxColours::ColourFrom(const QTextBlock& first, int end, double top, const QRect& painted)
 {
     const QAbstractTextDocumentLayout& layout = *editor_.document()->documentLayout();
     std::optional<HtmlState> state;
     int changedFrom = -1;
     bool isPainted = true;
-    for (QTextBlock block = first; block != end; block = block.next()) {
+    for (QTextBlock block = first; block.isValid() && block.position() < end; block = block.next()) {
         const double bottom = top + layout.blockBoundingRect(block).height();
-        if (!isTyping_ || IsEdited(block)) {
-            state = state ? state : states_.At(block, mostAtOnce);
-            if (!state) {
-                isStale_ = true;
-                later_.start();
-                break;
-            }
-            if (ColourLine(block, *state)) {
-                changedFrom = changedFrom < 0 ? block.position() : changedFrom;
-                isPainted = isPainted && top >= painted.top() && bottom <= painted.bottom() + 1;
-            }
+        state = state ? state : states_.At(block, mostAtOnce);
+        if (!state) {
+            isStale_ = true;
+            later_.start();
+            break;
+        }
+        if (ColourLine(block, *state)) {
+            changedFrom = changedFrom < 0 ? block.position() : changedFrom;
+            isPainted = isPainted && top >= painted.top() && bottom <= painted.bottom() + 1;
         }
         top = bottom;
     }

@@ -37,8 +37,7 @@ private:
     void TakeColours();
     void ReadOn();
     void ColourSeen(const QRect& painted);
-    void ColourFrom(const QTextBlock& first, const QTextBlock& end, double top, const QRect& painted);
-    [[nodiscard]] bool IsEdited(const QTextBlock& block) const;
+    void ColourFrom(const QTextBlock& first, int end, double top, const QRect& painted);
     [[nodiscard]] bool ColourLine(const QTextBlock& block, HtmlState& state);
     [[nodiscard]] Formats FormatsOf(const QTextBlock& block, HtmlState& state) const;
 
@@ -46,10 +45,9 @@ private:
     LineStates states_;
     std::array<QTextCharFormat, std::size_t(SyntaxKind::Style) + 1> looks_; ///< of each kind
     QTimer later_;                                                          ///< goes on reading
-    QTimer pause_;          ///< runs while the user may go on typing
-    bool isStale_ = true;   ///< whether what is seen may have to be coloured anew
-    bool isTyping_ = false; ///< whether only the lines that were edited are, for now
-    int editStart_ = 0;     ///< where these begin and end
+    QTimer pause_;        ///< runs while the user types: then only the lines that were edited are coloured
+    bool isStale_ = true; ///< whether what is seen may have to be coloured anew
+    int editStart_ = 0;   ///< where these lines begin and end
     int editEnd_ = 0;
     int firstSeen_ = -1; ///< where the lines begin and end that were coloured last
     int endSeen_ = -1;

@@ -56,6 +56,9 @@ void LineStates::NoteChange(int position, int removed, int added)
     }
     scanned_ = scanned_ > position + removed ? scanned_ + added - removed : std::min(scanned_, start);
     known_ = std::min({ known_, start, scanned_ });
+    if (position < last_.start) {
+        last_ = {};
+    }
     // Two lines that become one leave it what either was remembered by.
     if (block.isValid() && KeptOf(block)) {
         KnownOf(block)->start.reset();
@@ -73,38 +76,51 @@ QTextBlock LineStates::KeptBefore(int position) const
     return block;
 }
 
+/** The line from which `block` is to be read, and how far `reading` is there. */
+QTextBlock LineStates::BeginReading(const QTextBlock& block, Reading& reading) const
+{
+    const int distance = block.position() - last_.start;
+    if (last_.start >= 0 && distance >= 0 && distance <= charactersApart) {
+        reading = last_;
+        return document_.findBlock(last_.start);
+    }
+    const QTextBlock line = KeptBefore(std::min(known_, block.position()));
+    reading = { .state = KeptOf(line).value_or(HtmlState()) };
+    return line;
+}
+
 std::optional<HtmlState> LineStates::At(const QTextBlock& block, qsizetype most)
 {
-    QTextBlock line = KeptBefore(std::min(known_, block.position()));
-    HtmlState state = KeptOf(line).value_or(HtmlState());
-    qsizetype characters = 0;
-    int lines = 0;
+    Reading reading;
+    QTextBlock line = BeginReading(block, reading);
     qsizetype read = 0;
     while (line != block) {
         if (read > most) {
             return std::nullopt;
         }
-        PassLine(line.text(), state);
+        PassLine(line.text(), reading.state);
         read += line.length();
-        characters += line.length();
-        ++lines;
+        reading.characters += line.length();
+        ++reading.lines;
         line = line.next();
         const bool wasKept = KeptOf(line).has_value();
-        if (wasKept && Settle(line, state)) {
+        if (wasKept && Settle(line, reading.state)) {
             // From here on all that is kept is right again.
             line = KeptBefore(std::min(known_, block.position()));
-            state = KeptOf(line).value_or(HtmlState());
-        } else if (!wasKept && (characters >= charactersApart || lines >= linesApart)) {
-            MemoryOf(line).start = state;
+            reading.state = KeptOf(line).value_or(HtmlState());
+        } else if (!wasKept && (reading.characters >= charactersApart || reading.lines >= linesApart)) {
+            MemoryOf(line).start = reading.state;
         }
         if (KeptOf(line)) {
-            characters = 0;
-            lines = 0;
+            reading.characters = 0;
+            reading.lines = 0;
         }
         known_ = std::max(known_, line.position());
         scanned_ = std::max(scanned_, known_);
     }
-    return state;
+    last_ = reading;
+    last_.start = block.position();
+    return reading.state;
 }
 
 /** Puts right what is kept of `block`; true when it ends the doubt, since it was right. */

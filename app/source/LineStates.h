@@ -37,11 +37,22 @@ public:
     [[nodiscard]] std::optional<HtmlState> At(const QTextBlock& block, qsizetype most);
 
 private:
+    /** A line on the way from one that is kept to the next. */
+    struct Reading
+    {
+        int start = -1; ///< less than nought while there is none
+        HtmlState state;
+        qsizetype characters = 0; ///< since the kept one
+        int lines = 0;
+    };
+
     [[nodiscard]] QTextBlock KeptBefore(int position) const;
+    [[nodiscard]] QTextBlock BeginReading(const QTextBlock& block, Reading& reading) const;
     bool Settle(const QTextBlock& block, const HtmlState& state);
 
     const QTextDocument& document_;
     int known_ = 0;   ///< what is kept of the lines that start up to here is right
     int edited_ = 0;  ///< while some is in doubt: where the edits end
+    Reading last_;    ///< the line that was asked for last, while what is before it is as it was
     int scanned_ = 0; ///< what is kept of the lines between edited_ and here fits together
 };
