@@ -15,7 +15,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QStringListModel>
-#include <QTextBlock>
+#include <algorithm>
 
 namespace {
 
@@ -25,6 +25,12 @@ constexpr int rowsOfList = 10;
 /** Behind the name of an attribute that wants a value: as it is offered, and as it is put in. */
 constexpr QLatin1String markedValue("=\"|\"");
 constexpr QLatin1String emptyValue("=\"\"");
+
+/** Whether a line that begins so goes on with a tag. */
+bool IsWithinTag(HtmlMode mode)
+{
+    return mode >= HtmlMode::TagName && mode <= HtmlMode::SelfClosed;
+}
 
 } // namespace
 
@@ -39,6 +45,8 @@ TagCompletion::TagCompletion(
     entry_.setCheckable(true);
     entry_.setChecked(IsOn());
     editor_.installEventFilter(this);
+    connect(
+        editor_.document(), &QTextDocument::contentsChange, this, &TagCompletion::Document_ContentsChange);
 }
 
 bool TagCompletion::IsOn() const
@@ -95,27 +103,65 @@ bool TagCompletion::List_KeyPress(const QKeyEvent& key)
     return PutInEndTag();
 }
 
-/** The lines around the caret; what is before them is read, or, where that takes too long, taken for text. */
-TagCompletion::Part TagCompletion::PartAround(From from) const
+/** The lines from `line`, which is read with `state`, up to that of `caret`. */
+TagCompletion::Part TagCompletion::PartFrom(QTextBlock line, const HtmlState& state, int caret)
 {
-    const QTextCursor caret = editor_.textCursor();
-    Part part;
-    QTextBlock block = editor_.document()->begin();
-    if (from == From::SomeLinesBefore && caret.position() > mostAtKey) {
-        block = editor_.document()->findBlock(caret.position() - mostAtKey).next();
-        block = block.position() > caret.position() ? caret.block() : block;
-    }
-    while (from == From::BeginningOfPage && caret.position() - block.position() > mostAtKey &&
-           block.position() + block.length() <= caret.position()) {
-        PassLine(block.text(), part.State);
-        block = block.next();
-    }
-    part.Start = block.position();
-    part.Caret = caret.position() - part.Start;
-    for (; block.isValid() && block.position() <= caret.position(); block = block.next()) {
-        part.Text += block.text() + u'\n';
+    Part part{ line.position(), {}, state, caret - line.position() };
+    for (; line.isValid() && line.position() <= caret; line = line.next()) {
+        part.Text += line.text() + u'\n';
     }
     return part;
+}
+
+/** The lines up to the caret's; what is far before them is read alone. */
+TagCompletion::Part TagCompletion::PageUpToCaret() const
+{
+    const QTextCursor caret = editor_.textCursor();
+    QTextBlock block = editor_.document()->begin();
+    HtmlState state;
+    while (caret.position() - block.position() > mostAtKey &&
+           block.position() + block.length() <= caret.position()) {
+        PassLine(block.text(), state);
+        block = block.next();
+    }
+    return PartFrom(block, state, caret.position());
+}
+
+/** The line that the tag at the caret begins in, and those behind it up to the caret's. */
+TagCompletion::Part TagCompletion::TagUpToCaret()
+{
+    FindKnownLine();
+    const QTextBlock caretLine = editor_.textCursor().block();
+    QTextBlock block = editor_.document()->findBlock(known_.Start);
+    HtmlState state = known_.State;
+    while (block != caretLine) {
+        PassLine(block.text(), state);
+        block = block.next();
+        if (!IsWithinTag(state.mode)) {
+            known_ = { block.position(), state };
+        }
+    }
+    return PartFrom(
+        editor_.document()->findBlock(known_.Start), known_.State, editor_.textCursor().position());
+}
+
+/** Takes care that a line is known at the caret's or not far before it; a far one is taken for text. */
+void TagCompletion::FindKnownLine()
+{
+    const QTextCursor caret = editor_.textCursor();
+    const int line = caret.block().position();
+    if (known_.Start >= 0 && known_.Start <= line && caret.position() - known_.Start <= mostAtKey) {
+        return;
+    }
+    const QTextBlock some = editor_.document()->findBlock(std::max(caret.position() - mostAtKey, 0));
+    known_ = { some.position() == 0 ? 0 : std::min(some.position() + some.length(), line), {} };
+}
+
+void TagCompletion::Document_ContentsChange(int position)
+{
+    if (position < known_.Start) {
+        known_ = {};
+    }
 }
 
 bool TagCompletion::PutInEndTag()
@@ -123,7 +169,7 @@ bool TagCompletion::PutInEndTag()
     if (editor_.textCursor().hasSelection()) {
         return false;
     }
-    const Part part = PartAround(From::SomeLinesBefore);
+    const Part part = TagUpToCaret();
     const QString endTag = EndTagBehind(part.Text, part.State, part.Caret);
     if (endTag.isEmpty()) {
         return false;
@@ -164,7 +210,7 @@ void TagCompletion::ShowList()
         CreateList();
     }
     const bool isAskedFor = !completer_->popup()->isVisible();
-    const Part part = PartAround(From::BeginningOfPage);
+    const Part part = PageUpToCaret();
     const Completions offered = CompletionsAt(
         part.Text, part.State, part.Caret,
         { [this] { return Maps(); }, [this](const QString& folder) { return Files(folder); } });

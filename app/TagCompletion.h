@@ -3,6 +3,7 @@
 #include "app/rules/Completions.h"
 
 #include <QObject>
+#include <QTextBlock>
 
 class DocumentFile;
 class QAction;
@@ -30,7 +31,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /** A part of the page before the caret and behind it, whole lines. */
+    /** A part of the page up to the caret, whole lines. */
     struct Part
     {
         int Start = 0; ///< in the document
@@ -38,13 +39,22 @@ private:
         HtmlState State;
         qsizetype Caret = 0; ///< in the text
     };
-    enum class From { BeginningOfPage, SomeLinesBefore };
+    /** A line that no tag goes over into, and how it is to be read. */
+    struct KnownLine
+    {
+        int Start = -1; ///< in the document; less than nought while there is none
+        HtmlState State;
+    };
 
     [[nodiscard]] bool IsOn() const;
     [[nodiscard]] bool Editor_KeyPress(const QKeyEvent& key);
     [[nodiscard]] bool List_KeyPress(const QKeyEvent& key);
     [[nodiscard]] bool PutInEndTag();
-    [[nodiscard]] Part PartAround(From from) const;
+    [[nodiscard]] static Part PartFrom(QTextBlock line, const HtmlState& state, int caret);
+    [[nodiscard]] Part PageUpToCaret() const;
+    [[nodiscard]] Part TagUpToCaret();
+    void FindKnownLine();
+    void Document_ContentsChange(int position);
     [[nodiscard]] QStringList Maps() const;
     [[nodiscard]] QStringList Files(const QString& folder) const;
 
@@ -59,5 +69,6 @@ private:
     QCompleter* completer_ = nullptr; ///< once it was wanted
     QStringListModel* model_ = nullptr;
     QStringList offered_;
-    int begun_ = 0; ///< where in the document that begins which what is offered replaces
+    KnownLine known_; ///< from which what is typed is read
+    int begun_ = 0;   ///< where in the document that begins which what is offered replaces
 };

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void mapsOfThePageAreOffered();
     void endTagComesWithTheStartTag();
     void endTagComesWhileTheListIsThere();
+    void endTagComesBehindATagOfManyLines();
+    void endTagsFollowWhatIsEditedAbove();
     void noEndTagWhileItIsOff();
     void putInIsOneStepOfUndo();
     void placesFarDownAreRead();
@@ -235,6 +237,41 @@ void tst_tagcompletion::endTagComesWhileTheListIsThere()
     QTest::keyClick(List(), Qt::Key_Greater);
     QVERIFY(List() == nullptr);
     QCOMPARE(Shown(), QStringLiteral("<b>|</b>"));
+}
+
+void tst_tagcompletion::endTagComesBehindATagOfManyLines()
+{
+    TurnOn();
+    Fill("<p>a</p>\r\n|");
+    test_->Type("<div\rid='a>b'\r\rclass=c");
+    test_->Type(">");
+    QCOMPARE(Shown(), QStringLiteral("<p>a</p>\r\n<div\r\nid='a>b'\r\n\r\nclass=c>|</div>"));
+    test_->Type("\r<b>");
+    QVERIFY(Shown().endsWith(u"class=c>\r\n<b>|</b></div>"));
+}
+
+void tst_tagcompletion::endTagsFollowWhatIsEditedAbove()
+{
+    TurnOn();
+    Fill("\r\n\r\n\r\n|\r\n\r\n<!-- a -->");
+    test_->Type("<b>");
+    QCOMPARE(Shown(), QStringLiteral("\r\n\r\n\r\n<b>|</b>\r\n\r\n<!-- a -->"));
+    Editor()->Select(0, 0);
+    test_->Type("<!--");
+    Editor()->Select(4 + 3 * 2, 0);
+    test_->Type("<i>");
+    QCOMPARE(Shown(), QStringLiteral("<!--\r\n\r\n\r\n<i>|<b></b>\r\n\r\n<!-- a -->"));
+    Editor()->Select(0, 4);
+    test_->Press(Qt::Key_Delete);
+    Editor()->Select(3 * 2, 0);
+    test_->Type("<u>");
+    QCOMPARE(Shown(), QStringLiteral("\r\n\r\n\r\n<u>|</u><i><b></b>\r\n\r\n<!-- a -->"));
+    Editor()->Select(2, 0);
+    test_->Type("<s>");
+    QCOMPARE(Shown(), QStringLiteral("\r\n<s>|</s>\r\n\r\n<u></u><i><b></b>\r\n\r\n<!-- a -->"));
+    Fill("<style>\r\na\r\n|");
+    test_->Type("<q>");
+    QCOMPARE(Shown(), QStringLiteral("<style>\r\na\r\n<q>|"));
 }
 
 void tst_tagcompletion::noEndTagWhileItIsOff()
