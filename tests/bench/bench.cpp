@@ -1,6 +1,6 @@
 // Prints how the program's costs compare with their baselines, measured in the same run. Not a test: the
-// machine's mood must not fail a build. With "count" it prints what callgrind's counts belong to instead;
-// see tools/checks/instructions.
+// machine's mood must not fail a build. The name of a group of rows prints these alone. With "count" it
+// prints what callgrind's counts belong to instead; see tools/checks/instructions.
 
 #include "tests/bench/Bench.h"
 
@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QTest>
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -46,6 +47,20 @@ void PassOn(QtMsgType type, const QMessageLogContext&, const QString& message)
         std::abort();
     }
 }
+
+struct Group
+{
+    QLatin1String Name;
+    void (*Print)();
+};
+
+constexpr std::array groups = {
+    Group{ QLatin1String("startup"), BenchStartUp },     Group{ QLatin1String("documents"), BenchDocuments },
+    Group{ QLatin1String("views"), BenchViews },         Group{ QLatin1String("finding"), BenchFinding },
+    Group{ QLatin1String("checking"), BenchChecking },   Group{ QLatin1String("maps"), BenchMaps },
+    Group{ QLatin1String("longlines"), BenchLongLines }, Group{ QLatin1String("pictures"), BenchPictures },
+    Group{ QLatin1String("areas"), BenchAreas },         Group{ QLatin1String("outlines"), BenchOutlines }
+};
 
 void PrintCounts(const QString& what, const Cost& cost, const Cost& baseline, double target)
 {
@@ -172,21 +187,10 @@ int main(int argc, char* argv[])
     qInstallMessageHandler(PassOn);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const QString task = QString::fromLocal8Bit(argc > 1 ? argv[1] : "");
-    if (task == QLatin1String("areas")) {
-        BenchAreas();
-        return 0;
-    }
-    if (task == QLatin1String("longlines")) {
-        BenchLongLines();
-        return 0;
-    }
-    if (task == QLatin1String("outlines")) {
-        BenchOutlines();
-        return 0;
-    }
-    isCounting = task == QLatin1String("count");
-    if (!isCounting && !task.isEmpty()) {
+    QStringList tasks = QApplication::arguments().sliced(1);
+    isCounting = tasks.removeOne(QLatin1String("count"));
+    const QString task = tasks.value(0);
+    if (task == QLatin1String("main") || task == QLatin1String("empty")) {
         RunStartUp(task);
         return 0;
     }
@@ -195,15 +199,10 @@ int main(int argc, char* argv[])
             "%-68s %10s %10s %7s  %-12s %6s\n", "what; baseline", "CPU ms", "baseline", "ratio", "target",
             "MB");
     }
-    BenchStartUp();
-    BenchDocuments();
-    BenchViews();
-    BenchFinding();
-    BenchChecking();
-    BenchMaps();
-    BenchLongLines();
-    BenchPictures();
-    BenchAreas();
-    BenchOutlines();
+    for (const Group& group : groups) {
+        if (task.isEmpty() || task == group.Name) {
+            group.Print();
+        }
+    }
     return 0;
 }
