@@ -25,13 +25,13 @@ constexpr double numberShare = 0.65;
 constexpr double numberGroundShare = 0.05;
 
 /** The width of a number. Asking for that of a text would shape it. */
-int WidthOf(const QString& number, const QFontMetrics& metrics)
+int WidthOf(const QString& number, const QFontMetricsF& metrics)
 {
-    int width = 0;
+    double width = 0;
     for (const QChar digit : number) {
         width += metrics.horizontalAdvance(digit);
     }
-    return width;
+    return static_cast<int>(std::lround(width));
 }
 
 } // namespace
@@ -90,8 +90,8 @@ void LineNumbers::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     painter.fillRect(event->rect(), ground);
     painter.setPen(ReadableOn(ground, Mixed(ground, text, numberShare), text));
-    const QFontMetrics metrics = painter.fontMetrics();
-    const double right = width() - sideRoom * metrics.horizontalAdvance(u'0');
+    const double right = width() - sideRoom * painter.fontMetrics().horizontalAdvance(u'0');
+    const QFontMetricsF metrics(painter.font(), this);
     QTextBlock block = editor_.firstVisibleBlock();
     double top = editor_.blockBoundingGeometry(block).translated(editor_.contentOffset()).top();
     const QAbstractTextDocumentLayout& layout = *editor_.document()->documentLayout();
