@@ -6,7 +6,7 @@
 namespace {
 
 /** Pieces are about so long at first, so that what is typed finds room. */
-constexpr qsizetype usualPiece = 256;
+constexpr qsizetype usualPiece = 160;
 /** The characters that tell what one character to a reader is made of. */
 constexpr qsizetype seenOfReader = 32;
 /** All below stand for themselves. */
