@@ -124,8 +124,8 @@ ShownMap UpdateCommand::Shown(const ReturnedMap* read) const
 
 void UpdateCommand::TakeInserted(std::unique_ptr<AnchoredRange> range)
 {
-    const TextSpan place = range->Place();
-    origins_.Set(std::make_unique<MapOrigin>(std::move(range), parts_.page.TextIn(place), Shown(nullptr)));
+    const QString text = range != nullptr ? parts_.page.TextIn(range->Place()) : QString();
+    origins_.Set(std::make_unique<MapOrigin>(std::move(range), text, Shown(nullptr)));
 }
 
 void UpdateCommand::TakeRead(ReturnedMap read)
