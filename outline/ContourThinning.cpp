@@ -323,7 +323,7 @@ std::vector<bool> ChosenCorners(const Contour& contour, double precision, const 
 {
     constexpr double usualCost = 0.5;
     constexpr double costForFewest = 1000;
-    const std::vector<bool> chosen = BestCorners(contour, precision, usualCost, stop);
+    std::vector<bool> chosen = BestCorners(contour, precision, usualCost, stop);
     if (AreAtMostHalf(chosen)) {
         return chosen;
     }
