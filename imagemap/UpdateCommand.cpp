@@ -124,7 +124,7 @@ ShownMap UpdateCommand::Shown(const ReturnedMap* read) const
 
 void UpdateCommand::TakeInserted(std::unique_ptr<AnchoredRange> range)
 {
-    const QString text = range != nullptr ? parts_.page.TextIn(range->Place()) : QString();
+    const QString text = parts_.page.TextIn(range->Place());
     origins_.Set(std::make_unique<MapOrigin>(std::move(range), text, Shown(nullptr)));
 }
 

@@ -146,16 +146,18 @@ std::optional<ReturnedMap> MapOrigin::ReadAgain(QStringView page) const
 
 KeptOrigin MapOrigin::Kept(const KeptOrigin& last) const
 {
+    if (!IsThere()) {
+        return {};
+    }
+    const TextSpan place = range_->Place();
+    // Others of the same text are at least its length away, so less than half of that leads to none of them.
+    const bool isNear = 2 * std::abs(qint64(place.Start) - last.Start) < place.Length;
     KeptOrigin kept;
-    if (IsThere()) {
-        const TextSpan place = range_->Place();
-        // Others of the same text are at least its length away, so less than half of that leads to none of
-        // them.
-        const bool isNear = 2 * std::abs(qint64(place.Start) - last.Start) < place.Length;
-        kept.Text = text_;
-        kept.Start = isNear && last.Text == text_ ? last.Start : place.Start;
-        kept.Of = KindOf(read_);
-        for (const MapArea& area : read_ ? read_->source.Areas : MapAreas()) {
+    kept.Text = text_;
+    kept.Start = isNear && last.Text == text_ ? last.Start : place.Start;
+    kept.Of = KindOf(read_);
+    if (read_) {
+        for (const MapArea& area : read_->source.Areas) {
             kept.Sources << area.Source;
         }
     }

@@ -29,7 +29,7 @@ public:
     MapOrigin(std::unique_ptr<AnchoredRange> range, QString text, ShownMap shown);
 
     /** Whether its page is still the document. */
-    [[nodiscard]] bool IsThere() const { return range_ != nullptr && range_->IsThere(); }
+    [[nodiscard]] bool IsThere() const { return range_->IsThere(); }
 
     /** Whether the page has had the map from the beginning, or was given it by an update: what agrees with it
      * can go without a question. */

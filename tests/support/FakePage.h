@@ -2,6 +2,14 @@
 
 #include "shared/PageDocument.h"
 
+/** A part of a document that is gone. */
+class GoneRange : public AnchoredRange
+{
+public:
+    [[nodiscard]] bool IsThere() const override { return false; }
+    [[nodiscard]] TextSpan Place() const override { return {}; }
+};
+
 /** A document that is no more than its text, for tests of windows that change one. */
 class FakePage : public PageDocument
 {
@@ -16,7 +24,10 @@ public:
     [[nodiscard]] QString Text() const override { return text_; }
     [[nodiscard]] TextSpan Selection() const override { return selection; }
     void Select(const TextSpan& place) override { selection = place; }
-    [[nodiscard]] std::unique_ptr<AnchoredRange> Anchor(const TextSpan&) override { return nullptr; }
+    [[nodiscard]] std::unique_ptr<AnchoredRange> Anchor(const TextSpan&) override
+    {
+        return std::make_unique<GoneRange>();
+    }
     void Replace(const QList<TextReplacement>& replacements) override
     {
         for (auto change = replacements.rbegin(); change != replacements.rend(); ++change) {
