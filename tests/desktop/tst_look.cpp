@@ -227,8 +227,10 @@ QString CutOff(const QWidget* part)
     } else if (const auto* const group = qobject_cast<const QGroupBox*>(part)) {
         needed = group->minimumSizeHint();
     } else if (const auto* const edit = qobject_cast<const QLineEdit*>(part)) {
-        // In another field, which has the frame, the line of text has to fit.
-        needed = { 0, edit->hasFrame() ? edit->minimumSizeHint().height() : edit->fontMetrics().height() };
+        // Within another field, that one has the frame, and has to have its room too.
+        const QWidget* const field = edit->hasFrame() ? edit : edit->parentWidget();
+        const int lacking = field->minimumSizeHint().height() - field->height();
+        needed = { 0, std::max(edit->fontMetrics().height(), edit->height() + lacking) };
     } else if (const auto* const bar = qobject_cast<const QTabBar*>(part)) {
         needed = bar->sizeHint();
     } else {
